@@ -1,0 +1,46 @@
+// Profiles: readable text from which a TV is made.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+struct ProfileLine {
+  /// "file:line", for what is wrong with it.
+  std::string where;
+  std::string text;
+};
+
+struct ProfileSection {
+  std::string name;
+  std::vector<ProfileLine> lines;
+};
+
+/// A profile that cannot be read: "file:line: what".
+class ProfileError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+  ProfileError(const ProfileLine& line, const std::string& what) : std::runtime_error(line.where + ": " + what) {}
+};
+
+/// Names of the profiles there are, sorted, with what each says of itself in its first line.
+std::vector<std::pair<std::string, std::string>> Profiles();
+/// The sections of a profile, those of the files that it includes first.
+std::vector<ProfileSection> ReadProfile(const std::string& name);
+
+struct TvOptions {
+  std::string profile;
+  /// Services to make; -1 as many as the profile says.
+  long services = -1;
+};
+
+/// Makes a TV in `path`, as a whole or not at all. Throws ProfileError or StoreError; a file that is already
+/// there is an error unless `replace` is set.
+void MakeTv(const std::string& path, const TvOptions& options, bool replace);
+
+/// The next word of a line, taken off its front; empty at its end.
+std::string TakeWord(std::string& text);
+
+}  // namespace desktop

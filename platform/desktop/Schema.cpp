@@ -1,0 +1,123 @@
+#include "Schema.h"
+
+#include "Store.h"
+
+namespace desktop {
+
+const char* const kSchemaSql = R"sql(
+CREATE TABLE meta (key TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID;
+
+-- settings, feature and system-information keys; type is int, bool, string or ints
+CREATE TABLE setting (key TEXT PRIMARY KEY, type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID;
+-- what "memory/..." keys hold when the set comes up
+CREATE TABLE power_on (key TEXT PRIMARY KEY, type TEXT NOT NULL, value NOT NULL) WITHOUT ROWID;
+
+-- the settings tree; name and choice names are string IDs; kind is window, item or group
+CREATE TABLE item (
+  id TEXT PRIMARY KEY, parent TEXT NOT NULL, place INTEGER NOT NULL, kind TEXT NOT NULL, name TEXT NOT NULL,
+  value TEXT NOT NULL DEFAULT '', enabled INTEGER NOT NULL DEFAULT 1, visible INTEGER NOT NULL DEFAULT 1
+) WITHOUT ROWID;
+CREATE INDEX item_parent ON item (parent, place);
+CREATE TABLE choice (
+  item TEXT NOT NULL, place INTEGER NOT NULL, value TEXT NOT NULL, name TEXT NOT NULL,
+  enabled INTEGER NOT NULL DEFAULT 1, visible INTEGER NOT NULL DEFAULT 1, PRIMARY KEY (item, place)
+) WITHOUT ROWID;
+
+CREATE TABLE chip (
+  contrast INTEGER NOT NULL, name TEXT NOT NULL, r INTEGER NOT NULL, g INTEGER NOT NULL, b INTEGER NOT NULL,
+  a INTEGER NOT NULL, PRIMARY KEY (contrast, name)
+) WITHOUT ROWID;
+
+-- applications of the set, what was launched, and who is listening
+CREATE TABLE application (id TEXT PRIMARY KEY, running INTEGER NOT NULL) WITHOUT ROWID;
+CREATE TABLE launch (seq INTEGER PRIMARY KEY, pid INTEGER NOT NULL, application TEXT NOT NULL, extra TEXT NOT NULL);
+CREATE TABLE program (pid INTEGER PRIMARY KEY, socket TEXT NOT NULL);
+
+CREATE TABLE usage (
+  seq INTEGER PRIMARY KEY, log TEXT NOT NULL, category TEXT NOT NULL, event TEXT NOT NULL, description TEXT NOT NULL
+);
+
+CREATE TABLE journal (
+  seq INTEGER PRIMARY KEY AUTOINCREMENT, at INTEGER NOT NULL, pid INTEGER NOT NULL, operation TEXT NOT NULL,
+  arguments TEXT NOT NULL, result TEXT NOT NULL, outputs TEXT NOT NULL
+);
+-- times is null for a fault that stays until it is healed
+CREATE TABLE fault (operation TEXT PRIMARY KEY, result TEXT NOT NULL, times INTEGER) WITHOUT ROWID;
+
+-- TV service: what the set receives. Frequencies in kHz, symbol rates in kBd; null is not known.
+CREATE TABLE satellite (
+  id INTEGER PRIMARY KEY, name TEXT NOT NULL, position INTEGER NOT NULL, user_defined INTEGER NOT NULL DEFAULT 0,
+  selected INTEGER NOT NULL DEFAULT 0, lnb_power INTEGER NOT NULL DEFAULT 1, slot INTEGER NOT NULL DEFAULT 1,
+  diseqc INTEGER NOT NULL DEFAULT 0, low INTEGER NOT NULL DEFAULT 9750000, high INTEGER NOT NULL DEFAULT 10600000,
+  switch INTEGER NOT NULL DEFAULT 11300000, voltage INTEGER NOT NULL DEFAULT 18, tone INTEGER NOT NULL DEFAULT 2,
+  user_band INTEGER NOT NULL DEFAULT 0
+);
+-- satellite is null for a physical channel of air or cable; figures: percent, percent, errors per 10^7 bits, dB/100
+CREATE TABLE transponder (
+  id INTEGER PRIMARY KEY, satellite INTEGER, antenna INTEGER NOT NULL, number INTEGER, label TEXT,
+  frequency INTEGER NOT NULL, symbol_rate INTEGER, polarisation INTEGER, fec INTEGER, modulation INTEGER,
+  bandwidth INTEGER, standard INTEGER, package INTEGER, package_order INTEGER, user_defined INTEGER NOT NULL DEFAULT 0,
+  strength INTEGER NOT NULL DEFAULT 0, quality INTEGER NOT NULL DEFAULT 0, ber INTEGER NOT NULL DEFAULT 0,
+  snr INTEGER NOT NULL DEFAULT 0
+);
+CREATE INDEX transponder_satellite ON transponder (satellite, frequency);
+CREATE INDEX transponder_frequency ON transponder (antenna, frequency);
+CREATE INDEX transponder_package ON transponder (package, package_order) WHERE package IS NOT NULL;
+CREATE TABLE service (
+  id INTEGER PRIMARY KEY, antenna INTEGER NOT NULL, service_mode INTEGER NOT NULL, type INTEGER, number INTEGER,
+  profile INTEGER, frequency INTEGER, bandwidth INTEGER, modulation INTEGER, symbol_rate INTEGER,
+  major INTEGER NOT NULL DEFAULT 65535, minor INTEGER NOT NULL DEFAULT 65535, program INTEGER, code_rate INTEGER,
+  stream INTEGER, locked_mode INTEGER, is_default INTEGER, network INTEGER, original_network INTEGER,
+  satellite INTEGER, standard INTEGER, transponder INTEGER, favourites INTEGER, name TEXT
+);
+-- the pictures on screen; service is what was chosen last, transponder what the tuner is on
+CREATE TABLE picture (
+  profile INTEGER PRIMARY KEY, antenna INTEGER NOT NULL, service_mode INTEGER NOT NULL, service INTEGER,
+  source INTEGER NOT NULL DEFAULT 0, active INTEGER NOT NULL DEFAULT 1, transponder INTEGER,
+  tuned_at INTEGER NOT NULL DEFAULT 0, lock_time INTEGER NOT NULL DEFAULT 0, fine_tune INTEGER
+);
+CREATE TABLE shown (
+  profile INTEGER NOT NULL, antenna INTEGER NOT NULL, service_mode INTEGER NOT NULL, service INTEGER NOT NULL,
+  PRIMARY KEY (profile, antenna, service_mode)
+) WITHOUT ROWID;
+CREATE TABLE fine_tune (service INTEGER PRIMARY KEY, offset INTEGER NOT NULL);
+CREATE TABLE weak_signal (seq INTEGER PRIMARY KEY, entry TEXT NOT NULL);
+CREATE TABLE recorder (service INTEGER PRIMARY KEY, recording INTEGER NOT NULL, timeshifting INTEGER NOT NULL);
+CREATE TABLE so_spec (number INTEGER PRIMARY KEY, value INTEGER NOT NULL);
+-- country -1 is every country
+CREATE TABLE broadcaster (
+  country INTEGER NOT NULL, number INTEGER NOT NULL, PRIMARY KEY (country, number)
+) WITHOUT ROWID;
+CREATE TABLE operator_profile (
+  slot INTEGER PRIMARY KEY, name TEXT NOT NULL, antenna INTEGER NOT NULL, service_mode INTEGER NOT NULL
+);
+CREATE TABLE satcr (
+  tuner INTEGER PRIMARY KEY, slot INTEGER NOT NULL, frequency INTEGER NOT NULL, line_slot INTEGER NOT NULL,
+  line_frequency INTEGER NOT NULL, command INTEGER NOT NULL DEFAULT 2, began INTEGER NOT NULL DEFAULT 0
+);
+-- single numbers of the service: broadcaster, category, category_parameter, country_letters, clock_mode, ...
+CREATE TABLE tv_state (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
+)sql";
+
+const char* const kServiceIndexSql = R"sql(
+CREATE INDEX IF NOT EXISTS service_order ON service (antenna, service_mode, major, minor, id);
+CREATE INDEX IF NOT EXISTS service_frequency ON service (frequency, bandwidth);
+CREATE INDEX IF NOT EXISTS service_satellite ON service (satellite);
+)sql";
+
+void PowerOn(Store& store, const std::string& bootId) {
+  store.Write([&] {
+    store.Execute("DELETE FROM setting WHERE key GLOB 'memory/*'");
+    store.Execute("INSERT INTO setting SELECT * FROM power_on");
+    store.Execute("UPDATE application SET running = 0");
+    store.Execute("DELETE FROM program");
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(store.Handle(), "REPLACE INTO meta VALUES ('boot', ?)", -1, &statement, nullptr);
+    sqlite3_bind_text(statement, 1, bootId.data(), static_cast<int>(bootId.size()), SQLITE_STATIC);
+    const int code = sqlite3_step(statement);
+    sqlite3_finalize(statement);
+    if (code != SQLITE_DONE) store.Fail(code);
+  });
+}
+
+}  // namespace desktop

@@ -1,0 +1,137 @@
+#include <libintl.h>
+
+#include <charconv>
+
+#include "Gate.h"
+#include "settings_api.h"
+
+namespace desktop {
+
+namespace {
+
+using Choices = std::vector<std::pair<std::string, std::string>>;
+
+/// Names in the tree are string IDs of the program's catalogue.
+std::string Translated(const std::string& id) { return id.empty() ? id : dgettext("quirelle", id.c_str()); }
+
+Choices ReadChoices(const std::string& id) {
+  Choices choices;
+  Query q("SELECT value, name FROM choice WHERE item = ? ORDER BY place", id);
+  while (q.Row()) choices.emplace_back(q.Text(0), Translated(q.Text(1)));
+  return choices;
+}
+
+bool ReadItem(const std::string& id, std::string& value, std::string& name) {
+  Query q("SELECT value, name FROM item WHERE id = ?", id);
+  if (!q.Row()) return false;
+  value = q.Text(0);
+  name = q.Text(1);
+  return true;
+}
+
+/// The value one step on; the last choice is followed by the first.
+std::string Stepped(const std::string& id, const std::string& value, int step) {
+  const Choices choices = ReadChoices(id);
+  const auto count = static_cast<int>(choices.size());
+  for (int i = 0; i < count; ++i) {
+    if (choices[static_cast<size_t>(i)].first == value) {
+      return choices[static_cast<size_t>((i + step + count) % count)].first;
+    }
+  }
+  int number = 0;
+  std::from_chars(value.data(), value.data() + value.size(), number);
+  return std::to_string(number + step);
+}
+
+class Tree : public SettingsAPI {
+ public:
+  bool GetItemValue(const std::string& id, std::string& name, std::string& value) override {
+    return Gate::Pass<bool>(op::SettingsAPI_GetItemValue, Entry(id), [&](Entry& entry) {
+      std::string text, title;
+      if (!ReadItem(id, text, title)) return false;
+      value = name = text;
+      for (const auto& [choice, displayed] : ReadChoices(id)) {
+        if (choice == text) name = displayed;
+      }
+      entry.Out(value);
+      return true;
+    });
+  }
+
+  bool GetItemDisplayName(const std::string& id, std::string& name) override {
+    return Gate::Pass<bool>(op::SettingsAPI_GetItemDisplayName, Entry(id), [&](Entry& entry) {
+      std::string value, title;
+      if (!ReadItem(id, value, title)) return false;
+      name = Translated(title);
+      entry.Out(name);
+      return true;
+    });
+  }
+
+  bool GetItemDataList(const std::string& id, Choices& list) override {
+    return Gate::Pass<bool>(op::SettingsAPI_GetItemDataList, Entry(id), [&](Entry&) {
+      std::string value, title;
+      if (!ReadItem(id, value, title)) return false;
+      list = ReadChoices(id);
+      return true;
+    });
+  }
+
+  bool GetItemChildList(const std::string& id, std::vector<std::string>& children) override {
+    return Gate::Pass<bool>(op::SettingsAPI_GetItemChildList, Entry(id), [&](Entry&) {
+      std::string value, title;
+      if (!ReadItem(id, value, title)) return false;
+      children.clear();
+      Query q("SELECT id FROM item WHERE parent = ? ORDER BY place", id);
+      while (q.Row()) children.push_back(q.Text(0));
+      return true;
+    });
+  }
+
+  bool GetItemEnable(const std::string& id, bool& enabled, int index) override {
+    return GetFlag(op::SettingsAPI_GetItemEnable, id, enabled, index, "SELECT enabled FROM item WHERE id = ?",
+                   "SELECT enabled FROM choice WHERE item = ? AND place = ?");
+  }
+
+  bool GetItemVisible(const std::string& id, bool& visible, int index) override {
+    return GetFlag(op::SettingsAPI_GetItemVisible, id, visible, index, "SELECT visible FROM item WHERE id = ?",
+                   "SELECT visible FROM choice WHERE item = ? AND place = ?");
+  }
+
+  int SetItemValue(const std::string& id, const std::string& value, bool silent) override {
+    return Gate::Pass<int>(op::SettingsAPI_SetItemValue, Entry(id, value, silent), [&](Entry& entry) {
+      int changed = 0;
+      Store::Get().Write([&] {
+        std::string stored = value, old, title;
+        if ((value == "Up" || value == "Down") && ReadItem(id, old, title)) {
+          stored = Stepped(id, old, value == "Up" ? 1 : -1);
+        }
+        changed = Query("UPDATE item SET value = ? WHERE id = ?", stored, id).Run();
+        entry.Out(stored);
+      });
+      return changed > 0 ? 0 : -1;
+    });
+  }
+
+ private:
+  static bool GetFlag(const Operation& operation, const std::string& id, bool& flag, int index, const char* ofItem,
+                      const char* ofChoice) {
+    return Gate::Pass<bool>(operation, Entry(id, index), [&](Entry& entry) {
+      Query q(index < 0 ? ofItem : ofChoice, id);
+      if (index >= 0) q.Bind(index);
+      if (!q.Row()) return false;
+      flag = q.Int(0) != 0;
+      entry.Out(flag);
+      return true;
+    });
+  }
+};
+
+}  // namespace
+
+}  // namespace desktop
+
+SettingsAPI* SettingsAPI::Get() {
+  static desktop::Tree tree;
+  return &tree;
+}

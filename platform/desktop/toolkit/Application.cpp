@@ -1,0 +1,263 @@
+#include "Application.h"
+
+#include <Efreet.h>
+#include <Elementary.h>
+#include <filesystem>
+#include <sstream>
+
+#include "Applications.h"
+#include "Deployment.h"
+#include "Dump.h"
+#include "Gate.h"
+#include "Language.h"
+#include "Notices.h"
+#include "Picture.h"
+#include "Profile.h"
+#include "Screen.h"
+#include "Speech.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr const char* kDefaultProfile = "america";
+constexpr const char* kSpeechModule = "quirelle_speech>access/api";
+/// Frames without an event before the program counts as at rest: motion that is switched off still ends with
+/// the next frame.
+constexpr int kQuietFrames = 3;
+constexpr double kWindowSeconds = 3.0;
+/// The voice guide speaks this long after a window has come up.
+constexpr double kVoiceSeconds = 0.3;
+constexpr double kFlushSeconds = 0.05;
+/// A notice is answered when the loop has turned so many times after it.
+constexpr int kReplyTurns = 8;
+
+Application* g_current = nullptr;
+Application::Driver g_driver;
+Application::Clock g_clock;
+
+void SetDefault(const char* variable, const std::string& value) { setenv(variable, value.c_str(), 0); }
+
+}  // namespace
+
+Application::Application(Options options, const ui_app_lifecycle_callback_s& callbacks, void* data)
+    : m_options(std::move(options)), m_callbacks(callbacks), m_data(data) {
+  g_current = this;
+}
+
+Application::~Application() { g_current = nullptr; }
+
+Application* Application::Current() { return g_current; }
+
+void Application::SetDriver(Driver driver) { g_driver = std::move(driver); }
+
+void Application::SetClock(Clock clock) { g_clock = std::move(clock); }
+
+void Application::OpenTv() const {
+  if (!m_options.tv.empty()) return Store::Open(m_options.tv);
+  const std::string path = Store::DefaultPath();
+  if (!std::filesystem::exists(path)) {
+    try {
+      MakeTv(path, {kDefaultProfile}, false);
+    } catch (const StoreError&) {
+      // Another program may have made it meanwhile.
+      if (!std::filesystem::exists(path)) throw;
+    }
+  }
+  Store::Open(path);
+}
+
+void Application::StartToolkit() {
+  SetDefault("HOME", "/tmp");
+  ChooseDisplay();
+  // Naming one of its directories makes the toolkit ask for the others too.
+  SetDefault("ELM_LIB_DIR", Deployed().modules);
+  SetDefault("ELM_DATA_DIR", TOOLKIT_DATA_DIRECTORY);
+  SetDefault("ELM_MODULES", kSpeechModule);
+  ecore_app_no_system_modules();
+  efreet_cache_disable();
+  char name[] = "quirelle";
+  char* arguments[] = {name, nullptr};
+  elm_init(1, arguments);
+  m_toolkit = true;
+  elm_policy_set(ELM_POLICY_QUIT, ELM_POLICY_QUIT_NONE);
+  if (m_options.IsScripted()) elm_config_transition_duration_factor_set(0.0);
+  FollowVoiceGuide();
+  StartSpeech(m_options.speak);
+  TranslateKeyboard();
+}
+
+bool Application::Start() {
+  OpenTv();
+  if (m_options.log) LogToStandardError(*m_options.log);
+  UseLanguage();
+  StartToolkit();
+  m_filter = ecore_event_filter_add(nullptr, EventCB, nullptr, this);
+  m_idle = ecore_idle_enterer_add(IdleCB, this);
+  Listen();
+  if (!m_callbacks.create(m_data)) return false;
+  Launch(m_options.menuID, m_options.extra);
+  if (!Window()) std::fprintf(stderr, "quirelle: '%s' opens no window on this TV\n", m_options.menuID.c_str());
+  GiveFocus();
+  return true;
+}
+
+void Application::Launch(const std::string& menuID, const std::map<std::string, std::string>& extra) {
+  app_control_s request{"com.vantrel.tv.quirelle", extra};
+  if (!menuID.empty()) request.extra["ID"] = menuID;
+  m_callbacks.app_control(&request, m_data);
+}
+
+void Application::Loop() {
+  if (g_driver) return g_driver(*this);
+  if (m_options.IsScripted()) return RunSteps();
+  if (!m_exited) ecore_main_loop_begin();
+}
+
+void Application::Exit() {
+  m_exited = true;
+  ecore_main_loop_quit();
+}
+
+void Application::Finish() {
+  if (m_toolkit) {
+    m_callbacks.terminate(m_data);
+    for (const auto& [reply, turns] : m_replies) AnswerNotice(reply);
+    m_replies.clear();
+    if (m_listener) ecore_main_fd_handler_del(m_listener);
+    if (m_idle) ecore_idle_enterer_del(m_idle);
+    if (m_flush) ecore_timer_del(m_flush);
+    if (m_filter) ecore_event_filter_del(m_filter);
+    StopSpeech();
+    elm_shutdown();
+  }
+  if (Store::IsOpen()) CloseNoticeSocket(m_socket);
+  Store::Close();
+}
+
+// --- scripts -------------------------------------------------------------------------------------
+
+void Application::Settle() {
+  int frames = 0;
+  Ecore_Animator* animator = ecore_animator_add(
+      [](void* data) -> Eina_Bool {
+        ++*static_cast<int*>(data);
+        return ECORE_CALLBACK_RENEW;
+      },
+      &frames);
+  m_active = false;
+  while (frames < kQuietFrames) {
+    if (g_clock) g_clock(ecore_animator_frametime_get());
+    ecore_main_loop_iterate_may_block(g_clock ? 0 : 1);
+    if (m_active) frames = 0;
+    m_active = false;
+  }
+  ecore_animator_del(animator);
+}
+
+void Application::Wait(double seconds) {
+  if (g_clock) {
+    g_clock(seconds);
+    return Settle();
+  }
+  bool passed = false;
+  ecore_timer_add(
+      seconds,
+      [](void* data) -> Eina_Bool {
+        *static_cast<bool*>(data) = true;
+        return ECORE_CALLBACK_CANCEL;
+      },
+      &passed);
+  while (!passed) ecore_main_loop_iterate_may_block(1);
+}
+
+void Application::WaitForWindow() {
+  Settle();
+  if (IsOffScreen()) return;
+  const double until = ecore_time_get() + kWindowSeconds;
+  while (Window() && !elm_win_focus_get(Window()) && ecore_time_get() < until) Settle();
+  Settle();
+}
+
+void Application::RunSteps() {
+  WaitForWindow();
+  for (const Step& step : m_options.steps) {
+    if (m_exited && step.kind == Step::kKey) continue;
+    RunStep(step);
+    Settle();
+  }
+  if (elm_config_access_get() && !m_exited) Wait(kVoiceSeconds);
+  Report();
+}
+
+void Application::RunStep(const Step& step) {
+  switch (step.kind) {
+    case Step::kKey: return PressKey(step.text.c_str());
+    case Step::kWait: return Wait(step.seconds);
+    case Step::kShot: return SavePicture(step.text);
+  }
+}
+
+void Application::Report() {
+  if (!m_options.shot.empty()) SavePicture(m_options.shot);
+  if (!m_options.dump.empty()) SaveDump(m_options.dump);
+}
+
+// --- notices and the journal ---------------------------------------------------------------------
+
+void Application::Listen() {
+  m_socket = OpenNoticeSocket();
+  if (m_socket < 0) return;
+  m_listener = ecore_main_fd_handler_add(m_socket, ECORE_FD_READ, NoticeCB, this, nullptr, nullptr);
+}
+
+Eina_Bool Application::NoticeCB(void* data, Ecore_Fd_Handler*) {
+  auto* application = static_cast<Application*>(data);
+  std::string notice;
+  int reply = -1;
+  while (TakeNotice(application->m_socket, notice, &reply)) {
+    application->Deal(notice);
+    application->m_replies.emplace_back(reply, kReplyTurns);
+  }
+  return ECORE_CALLBACK_RENEW;
+}
+
+void Application::Deal(const std::string& notice) {
+  std::istringstream words(notice);
+  std::string verb, word;
+  words >> verb;
+  if (verb == "key" && words >> word) {
+    if (const char* key = RemoteKey(word)) PressKey(key);
+  } else if (verb == "pause") {
+    Pause();
+  } else if (verb == "resume") {
+    Resume();
+  } else if (verb == "launch" && words >> word) {
+    Launch(word, {});
+  }
+}
+
+Eina_Bool Application::IdleCB(void* data) {
+  auto* application = static_cast<Application*>(data);
+  // Behind the frame that is drawn now, and not once for each call.
+  if (!application->m_flush) application->m_flush = ecore_timer_add(kFlushSeconds, FlushCB, application);
+  for (auto& [reply, turns] : application->m_replies) {
+    if (--turns == 0) AnswerNotice(reply);
+  }
+  std::erase_if(application->m_replies, [](const auto& waiting) { return waiting.second <= 0; });
+  if (!application->m_replies.empty()) ecore_job_add([](void*) {}, nullptr);
+  return ECORE_CALLBACK_RENEW;
+}
+
+Eina_Bool Application::FlushCB(void* data) {
+  static_cast<Application*>(data)->m_flush = nullptr;
+  Gate::Flush();
+  return ECORE_CALLBACK_CANCEL;
+}
+
+Eina_Bool Application::EventCB(void* data, void*, int, void*) {
+  static_cast<Application*>(data)->m_active = true;
+  return EINA_TRUE;
+}
+
+}  // namespace desktop

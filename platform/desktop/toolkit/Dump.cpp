@@ -1,0 +1,236 @@
+#define EFL_BETA_API_SUPPORT
+
+#include "Dump.h"
+
+#include <Efl_Core.h>
+#include <Elementary.h>
+#include <json/json.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string_view>
+
+#include "Application.h"
+#include "Applications.h"
+#include "Language.h"
+#include "Screen.h"
+#include "Speech.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr std::string_view kViewPrefix = "view:";
+/// Texts whose tops are closer than this stand on one line.
+constexpr int kSameLine = 16;
+
+struct Rect {
+  int x, y, w, h;
+};
+
+struct SeenText {
+  Rect place;
+  std::string text;
+};
+
+/// What one walk over the canvas has found.
+struct Found {
+  std::vector<std::string> stack;
+  Evas_Object* topView = nullptr;
+  std::vector<SeenText> texts;
+  std::vector<Evas_Object*> checks, buttons;
+  Evas_Object* progress = nullptr;
+};
+
+bool IsA(const Evas_Object* object, const char* type) {
+  const char* own = evas_object_type_get(object);
+  return own && std::strcmp(own, type) == 0;
+}
+
+Rect PlaceOf(const Evas_Object* object) {
+  Rect r{};
+  evas_object_geometry_get(object, &r.x, &r.y, &r.w, &r.h);
+  return r;
+}
+
+Rect Intersection(const Rect& a, const Rect& b) {
+  const int x = std::max(a.x, b.x), y = std::max(a.y, b.y);
+  return {x, y, std::min(a.x + a.w, b.x + b.w) - x, std::min(a.y + a.h, b.y + b.h) - y};
+}
+
+/// Whether anything of the object comes through its clippers.
+bool IsSeen(const Evas_Object* object) {
+  Rect left = PlaceOf(object);
+  int a = 0;
+  evas_object_color_get(object, nullptr, nullptr, nullptr, &a);
+  for (const Evas_Object* clip = evas_object_clip_get(object); clip && a > 0; clip = evas_object_clip_get(clip)) {
+    if (!evas_object_visible_get(clip)) return false;
+    left = Intersection(left, PlaceOf(clip));
+    evas_object_color_get(clip, nullptr, nullptr, nullptr, &a);
+  }
+  return a > 0 && left.w > 0 && left.h > 0;
+}
+
+std::string Plain(const char* markup) {
+  if (!markup) return {};
+  char* text = elm_entry_markup_to_utf8(markup);
+  std::string plain = text ? text : "";
+  free(text);
+  return plain;
+}
+
+std::string TextOf(Evas_Object* object) {
+  if (IsA(object, "text")) return evas_object_text_text_get(object) ? evas_object_text_text_get(object) : "";
+  if (IsA(object, "textblock")) return Plain(evas_object_textblock_text_markup_get(object));
+  return {};
+}
+
+bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\n") == std::string::npos; }
+
+void TakeView(Evas_Object* object, Found& found) {
+  const char* name = evas_object_name_get(object);
+  if (!name || !std::string_view(name).starts_with(kViewPrefix)) return;
+  found.stack.emplace_back(name + kViewPrefix.size());
+  found.topView = object;
+}
+
+void Walk(Evas_Object* object, Found& found) {
+  TakeView(object, found);
+  if (!evas_object_visible_get(object)) return;
+  if (IsA(object, "elm_check")) found.checks.push_back(object);
+  if (IsA(object, "elm_button") && IsSeen(object)) found.buttons.push_back(object);
+  if (IsA(object, "elm_progressbar")) found.progress = object;
+  if (const std::string text = TextOf(object); !IsBlank(text) && IsSeen(object)) {
+    found.texts.push_back({PlaceOf(object), text});
+  }
+  if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return;
+  Eina_List* members = evas_object_smart_members_get(object);
+  void* member = nullptr;
+  EINA_LIST_FREE(members, member) Walk(static_cast<Evas_Object*>(member), found);
+}
+
+Found LookAtScreen() {
+  Found found;
+  if (!Window()) return found;
+  Evas* canvas = evas_object_evas_get(Window());
+  for (Evas_Object* o = evas_object_bottom_get(canvas); o; o = evas_object_above_get(o)) {
+    if (!evas_object_smart_parent_get(o)) Walk(o, found);
+  }
+  return found;
+}
+
+void SortForReading(std::vector<SeenText>& texts) {
+  std::stable_sort(texts.begin(), texts.end(), [](const auto& a, const auto& b) { return a.place.y < b.place.y; });
+  const bool reversed = IsRightToLeft();
+  for (auto line = texts.begin(); line != texts.end();) {
+    const int top = line->place.y;
+    const auto end = std::find_if(line, texts.end(), [&](const auto& t) { return t.place.y - top >= kSameLine; });
+    std::stable_sort(line, end, [&](const auto& a, const auto& b) {
+      return reversed ? a.place.x + a.place.w > b.place.x + b.place.w : a.place.x < b.place.x;
+    });
+    line = end;
+  }
+}
+
+std::string NameOfCheck(const Evas_Object* check) {
+  char* info = elm_access_info_get(check, ELM_ACCESS_INFO);
+  std::string name = info ? info : Plain(elm_object_text_get(check));
+  free(info);
+  return name;
+}
+
+Json::Value Focus() {
+  const Evas_Object* focused = Window() ? elm_object_focused_object_get(Window()) : nullptr;
+  if (!focused || focused == Window()) return Json::nullValue;
+  if (IsA(focused, "elm_check")) return NameOfCheck(focused);
+  return Plain(elm_object_text_get(focused));
+}
+
+Json::Value Progress(const Evas_Object* bar) {
+  if (!bar) return Json::nullValue;
+  return static_cast<int>(std::lround(elm_progressbar_value_get(bar) * 100));
+}
+
+Json::Value Checks(const Found& found) {
+  Json::Value checks(Json::arrayValue);
+  for (const Evas_Object* check : found.checks) {
+    Json::Value one;
+    one["name"] = NameOfCheck(check);
+    one["on"] = elm_check_state_get(check) == EINA_TRUE;
+    one["enabled"] = elm_object_disabled_get(check) == EINA_FALSE;
+    checks.append(one);
+  }
+  return checks;
+}
+
+Json::Value Buttons(const Found& found) {
+  Json::Value buttons(Json::arrayValue);
+  for (const Evas_Object* button : found.buttons) {
+    Json::Value one;
+    one["text"] = Plain(elm_object_text_get(button));
+    one["enabled"] = elm_object_disabled_get(button) == EINA_FALSE;
+    buttons.append(one);
+  }
+  return buttons;
+}
+
+Json::Value Launched() {
+  Json::Value launched(Json::arrayValue);
+  for (const auto& launch : OwnLaunches()) {
+    Json::Value one;
+    one["app"] = launch.application;
+    one["extra"] = Json::objectValue;
+    for (const auto& [key, value] : launch.extra) one["extra"][key] = value;
+    launched.append(one);
+  }
+  return launched;
+}
+
+template <class Texts>
+Json::Value Array(const Texts& texts) {
+  Json::Value array(Json::arrayValue);
+  for (const auto& text : texts) array.append(text);
+  return array;
+}
+
+}  // namespace
+
+Json::Value DumpScreen() {
+  Found found = LookAtScreen();
+  SortForReading(found.texts);
+  Json::Value dump;
+  dump["stack"] = Array(found.stack);
+  dump["title"] = found.topView ? Plain(elm_object_part_text_get(found.topView, "title,text")) : "";
+  dump["texts"] = Json::arrayValue;
+  for (const SeenText& seen : found.texts) dump["texts"].append(seen.text);
+  dump["rows"] = Json::arrayValue;
+  dump["checks"] = Checks(found);
+  dump["buttons"] = Buttons(found);
+  dump["focus"] = Focus();
+  dump["progress"] = Progress(found.progress);
+  dump["spoken"] = Array(Spoken());
+  dump["launched"] = Launched();
+  dump["exited"] = Application::Current() && Application::Current()->HasExited();
+  return dump;
+}
+
+void SaveDump(const std::string& path) {
+  Json::StreamWriterBuilder builder;
+  builder["indentation"] = "  ";
+  builder["emitUTF8"] = true;
+  const std::string text = Json::writeString(builder, DumpScreen()) + "\n";
+  if (path == "-") {
+    std::cout << text << std::flush;
+    return;
+  }
+  std::ofstream file(path);
+  file << text << std::flush;
+  if (!file) throw std::runtime_error(path + ": " + std::strerror(errno));
+}
+
+}  // namespace desktop

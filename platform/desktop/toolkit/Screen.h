@@ -1,0 +1,24 @@
+// The screen: the window that the framework makes, the focus, keys that reach it.
+#pragma once
+
+#include <Elementary.h>
+
+namespace desktop {
+
+/// Chooses Wayland, X11 or drawing off screen from the environment; before the toolkit is started.
+void ChooseDisplay();
+bool IsOffScreen();
+
+/// The program's window, null when there is none (any more).
+Evas_Object* Window();
+/// Makes the window the one that has the focus, where no window manager does so.
+void GiveFocus();
+/// Takes the focus away, as another application coming up does.
+void TakeFocus();
+
+/// A press and release of a remote key, as from the display.
+void PressKey(const char* remoteKey);
+/// Turns keyboard keys into the remote's from now on.
+void TranslateKeyboard();
+
+}  // namespace desktop

@@ -1,0 +1,82 @@
+#define EFL_BETA_API_SUPPORT
+
+#include "Speech.h"
+
+#include <Efl_Core.h>
+#include <Elementary.h>
+
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "Deployment.h"
+#include "Gate.h"
+#include "toolkit_ext.h"
+
+extern char** environ;
+
+namespace desktop {
+
+namespace {
+
+std::vector<std::string> g_spoken;
+bool g_aloud = false;
+pid_t g_voice = 0;
+
+bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\n.") == std::string::npos; }
+
+void Silence() {
+  if (g_voice <= 0) return;
+  kill(g_voice, SIGTERM);
+  waitpid(g_voice, nullptr, 0);
+  g_voice = 0;
+}
+
+void SpeakAloud(const std::string& text) {
+  Silence();
+  const char* language = getenv("LANGUAGE");
+  const std::string voice = language ? std::string(language).substr(0, 2) : "en";
+  const char* arguments[] = {"espeak-ng", "-v", voice.c_str(), "--", text.c_str(), nullptr};
+  if (posix_spawnp(&g_voice, arguments[0], nullptr, nullptr, const_cast<char**>(arguments), environ) != 0) g_voice = 0;
+}
+
+void Read(const char* text) {
+  // The toolkit ends each text with a stop of its own.
+  if (IsBlank(text)) return;
+  Gate::Run(op::elm_access_say, Entry(text), [](Entry&) {});
+  g_spoken.emplace_back(text);
+  if (g_aloud) SpeakAloud(text);
+}
+
+const SpeechOutput kOutput = {Read, Silence};
+
+}  // namespace
+
+void StartSpeech(bool aloud) {
+  g_aloud = aloud;
+  g_spoken.clear();
+  efl_key_data_set(efl_main_loop_get(), kSpeechKey, &kOutput);
+}
+
+void StopSpeech() { Silence(); }
+
+void FollowVoiceGuide() {
+  Query q("SELECT value FROM setting WHERE key = 'db/setting/accessibility/tts' AND type = 'bool'");
+  elm_config_access_set(q.Row() && q.Int(0) != 0);
+}
+
+const std::vector<std::string>& Spoken() { return g_spoken; }
+
+}  // namespace desktop
+
+using namespace desktop;
+
+void elm_access_force_stop() {
+  Gate::Run(op::elm_access_force_stop, Entry(), [](Entry&) { Silence(); });
+}
+
+void elm_access_force_say(const char* text) {
+  Gate::Run(op::elm_access_force_say, Entry(text), [&](Entry&) { Silence(); });
+  Read(text);
+}

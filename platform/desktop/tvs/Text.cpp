@@ -1,0 +1,51 @@
+#include "Text.h"
+
+#include <cstdint>
+
+namespace desktop {
+
+namespace {
+
+constexpr char16_t kReplacement = 0xFFFD;
+
+/// Length of the sequence that begins with this byte; 0 for a byte that begins none.
+int SequenceLength(unsigned char first) {
+  if (first < 0x80) return 1;
+  if (first >= 0xC2 && first < 0xE0) return 2;
+  if (first >= 0xE0 && first < 0xF0) return 3;
+  return first >= 0xF0 && first < 0xF5 ? 4 : 0;
+}
+
+/// The code point that begins at `at`, which moves past it.
+uint32_t Decode(std::string_view text, size_t& at) {
+  const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
+  const int length = SequenceLength(byte(at));
+  uint32_t code = length > 1 ? byte(at) & (0x7F >> length) : byte(at);
+  for (int i = 1; i < length; ++i) {
+    if (at + i >= text.size() || (byte(at + i) & 0xC0) != 0x80) {
+      ++at;
+      return kReplacement;
+    }
+    code = code << 6 | (byte(at + i) & 0x3F);
+  }
+  at += length ? length : 1;
+  return length && code <= 0x10FFFF ? code : kReplacement;
+}
+
+}  // namespace
+
+std::u16string ToUtf16(std::string_view text) {
+  std::u16string units;
+  for (size_t at = 0; at < text.size();) {
+    const uint32_t code = Decode(text, at);
+    if (code < 0x10000) {
+      units += static_cast<char16_t>(code);
+    } else {
+      units += static_cast<char16_t>(0xD7C0 + (code >> 10));
+      units += static_cast<char16_t>(0xDC00 | (code & 0x3FF));
+    }
+  }
+  return units;
+}
+
+}  // namespace desktop

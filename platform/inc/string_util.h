@@ -1,0 +1,13 @@
+// Text helpers of the platform.
+#pragma once
+
+#include <cstddef>
+
+class CStringUtil {
+ public:
+  /// Fills the placeholders `<<A>>`, `<<B>>`, `<<C>>`, `<<D>>` of a translated `format` with up to four
+  /// texts (null ones leave their placeholder empty) into `out` (`size` bytes with the terminator).
+  /// A result that does not fit is cut at a character boundary. False for a null `out` or `format`.
+  static bool CombinateStrings(char* out, size_t size, const char* format, const char* s1, const char* s2 = nullptr,
+                               const char* s3 = nullptr, const char* s4 = nullptr);
+};

@@ -1,0 +1,27 @@
+// Reads a window's first words out once it is on screen.
+#pragma once
+
+#include <Ecore.h>
+
+#include <string>
+
+class CVoiceGuide {
+ public:
+  static CVoiceGuide* GetInstance();
+  static void ReleaseInstance();
+  virtual ~CVoiceGuide();
+
+  /// Reads `text` once after `delaySeconds`, in place of a text still waiting; what is being read is
+  /// stopped (`stopFirst`) or interrupted at once. False for an empty text.
+  bool StartVoiceGuide(const char* text, double delaySeconds, bool stopFirst);
+  /// Forgets the text that is waiting.
+  void Cancel();
+
+ private:
+  static Eina_Bool m_ReadOutCB(void* data);
+  void m_DelTimer();
+
+  std::string m_guide;
+  Ecore_Timer* m_timer = nullptr;
+  static CVoiceGuide* t_pInstance;
+};

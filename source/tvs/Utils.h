@@ -1,0 +1,68 @@
+// Helpers that the windows share.
+#pragma once
+
+#include <Elementary.h>
+
+#include <string>
+
+class TSSatCRSettings;
+
+class Utils {
+ public:
+  // Product and accessibility flags; an unreadable one is false.
+  static bool IsHighContrastOn();
+  static bool FlagVoiceGuideSetting();
+  static bool FlagTouchSupport();
+  static bool FlagOptionTV();
+  static bool FlagReverseMode();
+
+  // Theme and texts.
+
+  /// Path of the theme file, high contrast or dark.
+  static std::string GetEDJFile();
+  /// The text of a string ID; the ID itself when the catalogue lacks it.
+  static std::string GetTranslationStr(const char* id);
+  /// Gives a colour class of the theme the colour of one of the TV's chips.
+  static void setColorChips(const char* colorClass, const char* chip);
+  static void DisableBgRect(Evas_Object* popup);
+
+  // Layout.
+
+  /// Pixels of a 1920-pixel screen as pixels of this one, scaled as `object` is.
+  static int Scaled(const Evas_Object* object, int pixels);
+
+  /// Wraps `object` in a table on `parent` that is at least w x h pixels of a 1920-pixel screen, scaled with
+  /// the interface where `scaled` is set. The caller owns the table, and the table the object.
+  static Evas_Object* WidgetMinSet(Evas_Object* object, Evas_Object* parent, int w, int h, int scaled);
+
+  // What the windows share of the TV.
+
+  static bool IsPipOn();
+  /// String ID of the product's word for itself.
+  static std::string GetProductTypeOSD();
+  static bool FlagPanelType82InchSdc();
+  /// " " and three letters, empty when they cannot be read; the caller frees it.
+  static char* GetCountryCode();
+  /// -1 for a key that is no digit.
+  static int GetNumberFromKey(const char* keyName);
+  static void LaunchNumberPad(const char* key, const char* value);
+  static void CloseNumberPad();
+
+  /// `text` with its first `pattern` replaced, at most `size` - 1 bytes of it, into `dst`.
+  static void ReplaceSingleText(char* dst, const char* text, const char* pattern, const char* replacement, size_t size);
+  static bool CompareDouble(double a, double b);
+  /// Takes the heap string over; null is an empty text.
+  static std::string WrapMallocdString(char* text);
+
+  // Satellites. Tuner 0 or 1; false leaves `settings` untouched.
+  static bool GetSatCRSettings(int slot, TSSatCRSettings& settings);
+  static void UserStorePosition();
+  static void InstallerStorePosition();
+  static void InstallerGoToZero();
+  static void InstallerResetLimit();
+  static bool ResetSatelliteSettings();
+
+  // The channel list as an archive. Status 0 is success; 1, 2, 4 refuse the archive, 3 is another failure.
+  static void ExportChannelList(std::string path);
+  static int LoadImportedChannelList(const char* zipPath);
+};

@@ -1,0 +1,111 @@
+#include "View.h"
+
+#include "KeyManager.h"
+#include "Log.h"
+#include "RootWindow.h"
+#include "Utils.h"
+#include "VoiceGuide.h"
+
+namespace {
+
+constexpr int kTimeOutSeconds = 60;
+constexpr double kVoiceDelaySeconds = 0.2;
+
+}  // namespace
+
+CView::CView(const char* menuID) : t_MenuID(menuID ? menuID : "") {}
+
+void CView::Create() { t_Create(); }
+
+void CView::Destroy() { t_Destroy(); }
+
+void CView::Show() {
+  t_Show();
+  if (!Utils::FlagVoiceGuideSetting()) return;
+  std::string text;
+  t_FirstEnter(text);
+  CVoiceGuide::GetInstance()->StartVoiceGuide(text.c_str(), kVoiceDelaySeconds, false);
+}
+
+void CView::PrepareHide() { t_PrepareHide(); }
+
+void CView::Hide() { t_Hide(); }
+
+void CView::OnRefresh() { t_Refresh(); }
+
+void CView::OnPause() { t_Pause(); }
+
+void CView::OnResume() { t_Resume(); }
+
+const char* CView::GetID() { return t_GetID(); }
+
+void CView::SetViewKey(unsigned int key1, unsigned int key2) { m_key1 = key1, m_key2 = key2; }
+
+bool CView::GetViewKey(unsigned int& key1, unsigned int& key2) {
+  key1 = m_key1, key2 = m_key2;
+  return true;
+}
+
+bool CView::HandleMenuSpecialKeyCB(void* data, int type, void* event) {
+  LOG_ERROR("");
+  return t_HandleMenuSpecialKeyCB(data, type, event);
+}
+
+int CView::GetTimeOutSeconds() {
+  LOG_DEBUG("");
+  return t_GetTimeOutSeconds();
+}
+
+int CView::t_GetBaseType() { return BASE_TYPE_LAYOUT; }
+
+void CView::t_Create() { LOG_INFO(" CView::t_Create "); }
+
+void CView::t_Destroy() {
+  LOG_INFO(" CView::t_Destroy start");
+  CVoiceGuide::GetInstance()->Cancel();
+  LOG_INFO(" CView::t_Destroy - VoiceGuide timer destroyed");
+  if (!t_pMainBase) return;
+  evas_object_hide(t_pMainBase);
+  evas_object_del(t_pMainBase);
+  t_pMainBase = nullptr;
+}
+
+void CView::t_Show() { CKeyManager::SetTimeOut(GetTimeOutSeconds()); }
+
+bool CView::t_PrepareHide() {
+  LOG_INFO(" CView::t_PrepareHide ");
+  return true;
+}
+
+void CView::t_Hide() {
+  LOG_INFO(" CView::t_Hide ");
+  if (t_pMainBase) evas_object_hide(t_pMainBase);
+}
+
+void CView::t_Resume() {
+  LOG_INFO(" CView::t_Resume ");
+  CKeyManager::SetTimeOut(GetTimeOutSeconds());
+}
+
+void CView::t_Pause() {
+  LOG_INFO(" CView::t_Pause ");
+  CKeyManager::UnSetTimeOut();
+}
+
+void CView::t_Refresh() { LOG_INFO(" CView::t_Refresh "); }
+
+const char* CView::t_GetID() { return t_MenuID.c_str(); }
+
+int CView::t_GetTimeOutSeconds() { return kTimeOutSeconds; }
+
+void CView::t_FirstEnter(std::string&) { LOG_DEBUG("FirstEnter"); }
+
+bool CView::t_HandleMenuSpecialKeyCB(void*, int, void*) {
+  LOG_ERROR("");
+  return false;
+}
+
+void CView::t_SetMainBase(Evas_Object* base) {
+  t_pMainBase = base;
+  if (base) evas_object_name_set(base, ("view:" + t_MenuID).c_str());
+}

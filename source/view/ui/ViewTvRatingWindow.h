@@ -1,0 +1,47 @@
+// The TV parental guideline ratings: a grid of 18 check boxes, stored as they are changed.
+#pragma once
+
+#include <array>
+
+#include "ViewWindowBase.h"
+
+class CViewTvRatingWindow : public CViewWindowBase {
+ public:
+  static constexpr int kBoxes = 18;
+
+  explicit CViewTvRatingWindow(const char* menuID) : CViewWindowBase(menuID) {}
+
+ protected:
+  void t_Create() override;
+  void t_Destroy() override;
+  void t_Show() override;
+  void t_FirstEnter(std::string& text) override;
+  std::string t_GetBaseStyle() override;
+  std::string t_GetWindowTitleText() override;
+  void t_SetButtonSettingInfo() override;
+  void t_InitWindowProperty() override;
+  void t_ProcessDefaultButtonOneFocusCallBack() override;
+  void t_ProcessDefaultButtonOneClickCallBack() override;
+
+ private:
+  void m_CreateContent();
+  void m_SetLabels();
+  bool m_CreateRatingCheck();
+  void m_SetInitialState(int index);
+  void m_SetFocusDirections();
+  void m_SetCheckState(int index, unsigned char state);
+  bool m_UpdateVconfKey(int index, unsigned char state);
+  bool m_UpdateVconfKeyBitForAll(int row, unsigned char state);
+  bool m_WriteFirst(int index, unsigned char state);
+  void m_Cascade(int index, unsigned char state);
+  int m_BoxIndex(const Evas_Object* box) const;
+
+  static void m_CheckboxStateChanged(void* data, Evas_Object* object, void* info);
+  static void m_CheckboxKeyPressed(void* data, Evas* canvas, Evas_Object* object, void* info);
+
+  Evas_Object* m_pLayout = nullptr;
+  std::array<Evas_Object*, kBoxes> m_pCheck{};
+  Evas_Object* m_pContent = nullptr;
+  /// Keeps cascaded changes from writing their bits one by one.
+  bool m_FlagBlock = false;
+};

@@ -1,0 +1,54 @@
+// The rows of one parent item, in order.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "DataElementary.h"
+
+/// One page row as its window provides it.
+struct DataInfo {
+  std::string id;
+  std::string displayName;
+  std::string value;
+  std::string displayValue;
+  std::string extra;
+};
+
+/// Who fills the page rows of a menu ID; process-wide through `Singleton`.
+struct FuncEvents {
+  std::map<std::string, std::function<void(std::vector<DataInfo>&)>> providers;
+};
+
+class DataList {
+ public:
+  enum LIST_TYPE { LIST_NONE = 0, LIST_CHOICES = 1, LIST_PAGE = 2 };
+
+  virtual ~DataList() = default;
+
+  /// Makes the rows by the item's list style; none for an item without a list.
+  void Create(std::string menuID);
+  /// Null outside the list. Owned by the list.
+  ElementaryNode* GetNode(int index) const;
+  int GetCount() const { return static_cast<int>(m_nodes.size()); }
+  LIST_TYPE GetType() const { return m_type; }
+  /// Asks the TV again which of the shown rows are enabled, or for their texts.
+  void FetchEnableStatus();
+  void FetchText();
+  void Destroy();
+
+ private:
+  void m_CreateChoices();
+  void m_CreatePageRows();
+  static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& value, const std::string& name,
+                                                              LIST_TYPE type);
+  static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& menuID, const DataInfo& info);
+  static bool m_EnableCheckAsync(const ElementaryNode& node);
+
+  LIST_TYPE m_type = LIST_NONE;
+  std::string m_parentMenuID;
+  std::vector<std::unique_ptr<ElementaryNode>> m_nodes;
+};

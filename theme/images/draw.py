@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Draws the shapes of the theme: white on clear, in their size at scale 1, coloured by the theme.
+
+Run it in this folder after changing a shape; the build only reads the PNG files.
+"""
+
+import math
+import struct
+import zlib
+
+FACTOR = 1
+
+
+def write_png(name, size, coverage):
+    """Writes a square grey-and-alpha picture; coverage(x, y) gives the alpha of a pixel, 0 to 1."""
+    rows = bytearray()
+    for y in range(size):
+        rows.append(0)
+        for x in range(size):
+            rows += bytes((255, round(255 * coverage(x + 0.5, y + 0.5))))
+
+    def chunk(tag, data):
+        return struct.pack(">I", len(data)) + tag + data + struct.pack(">I", zlib.crc32(tag + data))
+
+    with open(name, "wb") as file:
+        file.write(b"\x89PNG\r\n\x1a\n")
+        file.write(chunk(b"IHDR", struct.pack(">IIBBBBB", size, size, 8, 4, 0, 0, 0)))
+        file.write(chunk(b"IDAT", zlib.compress(bytes(rows), 9)))
+        file.write(chunk(b"IEND", b""))
+
+
+def inside(distance):
+    return min(1.0, max(0.0, 0.5 - distance))
+
+
+def corner_distance(x, y, size, radius):
+    """How far a point lies outside (negative: inside) a rounded square."""
+    half = size / 2
+    dx = abs(x - half) - (half - radius)
+    dy = abs(y - half) - (half - radius)
+    return math.hypot(max(dx, 0), max(dy, 0)) + min(max(dx, dy), 0) - radius
+
+
+def draw_round(radius):
+    size = 2 * radius + 2
+    write_png(f"round-{radius}.png", size, lambda x, y: inside(corner_distance(x, y, size, radius)))
+
+
+def draw_ring(radius, width):
+    size = 2 * radius + 2
+
+    def coverage(x, y):
+        distance = corner_distance(x, y, size, radius)
+        return inside(distance) - inside(distance + width)
+
+    write_png(f"ring-{radius}.png", size, coverage)
+
+
+def segment_distance(x, y, ax, ay, bx, by):
+    t = ((x - ax) * (bx - ax) + (y - ay) * (by - ay)) / ((bx - ax) ** 2 + (by - ay) ** 2)
+    t = min(1.0, max(0.0, t))
+    return math.hypot(x - ax - t * (bx - ax), y - ay - t * (by - ay))
+
+
+def draw_tick():
+    points = [(12.5, 25), (20.5, 33), (35.5, 16)]
+    width = 5.5
+
+    def coverage(x, y):
+        near = min(segment_distance(x, y, *a, *b) for a, b in zip(points, points[1:]))
+        return inside(near - width / 2)
+
+    write_png("tick.png", 48, coverage)
+
+
+for corner in (5, 10, 16, 20, 28):
+    draw_round(corner)
+for corner, line in ((10, 4), (16, 3), (20, 3), (28, 4)):
+    draw_ring(corner, line)
+draw_tick()

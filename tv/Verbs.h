@@ -1,0 +1,29 @@
+// What quirelle-tv can do with a TV.
+#pragma once
+
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+using Arguments = std::vector<std::string>;
+
+struct Verb {
+  const char* name;
+  const char* usage;
+  const char* what;
+  /// Whether the TV is opened before the verb runs.
+  bool opens;
+  int (*run)(const Arguments& arguments);
+};
+
+std::span<const Verb> Verbs();
+
+/// The TV that the command line names.
+extern std::string g_tv;
+
+/// Wrong words on the command line.
+class WordError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
