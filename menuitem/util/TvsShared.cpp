@@ -183,7 +183,7 @@ unsigned short SymbolRate(TCServiceData* data, unsigned short channelNumber, ESi
   LOG_DEBUG("channelNumber = %d", channelNumber);
   TCCriteriaHelper criteria;
   criteria.Where(COLUMN_TRANSPONDER_ID, channelNumber);
-  TSTransponder transponder(65535, SATELLITE_NONE, -1, 65535, POLARISATION_NONE, FEC_NONE);
+  TSTransponder transponder(65535, SATELLITE_NONE, -1, 65535, POLARISATION_NONE, INNER_FEC_NONE);
   if (satellite->FindTransponder(criteria, transponder) < 1) {
     LOG_ERROR("FindTransponder is failed");
     return 0;

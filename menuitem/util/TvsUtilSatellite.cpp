@@ -23,7 +23,7 @@ int ReadSatelliteSetting() {
   return satellite;
 }
 
-TSTransponder EmptyTransponder() { return {65535, SATELLITE_NONE, -1, 65535, POLARISATION_NONE, FEC_NONE}; }
+TSTransponder EmptyTransponder() { return {65535, SATELLITE_NONE, -1, 65535, POLARISATION_NONE, INNER_FEC_NONE}; }
 
 bool FindTransponder(const TCCriteriaHelper& criteria, TSTransponder& transponder) {
   CTVSApiWrapper api;

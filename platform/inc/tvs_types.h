@@ -81,19 +81,19 @@ enum EDVBSPolarisation : int {
 
 /// Inner code rate; -1 is not known, 0 is found by the tuner.
 enum EDVBFECInner : int {
-  FEC_NONE = -1,
-  FEC_AUTO = 0,
-  FEC_1_2,
-  FEC_2_3,
-  FEC_3_4,
-  FEC_3_5,
-  FEC_4_5,
-  FEC_5_6,
-  FEC_6_7,
-  FEC_7_8,
-  FEC_8_9,
-  FEC_9_10,
-  FEC_2_5
+  INNER_FEC_NONE = -1,
+  INNER_FEC_AUTO = 0,
+  INNER_FEC_1_2,
+  INNER_FEC_2_3,
+  INNER_FEC_3_4,
+  INNER_FEC_3_5,
+  INNER_FEC_4_5,
+  INNER_FEC_5_6,
+  INNER_FEC_6_7,
+  INNER_FEC_7_8,
+  INNER_FEC_8_9,
+  INNER_FEC_9_10,
+  INNER_FEC_2_5
 };
 
 /// Commands of a single-cable run.

@@ -147,7 +147,10 @@ void Application::Settle() {
       &frames);
   m_active = false;
   while (frames < kQuietFrames) {
-    if (g_clock) g_clock(ecore_animator_frametime_get());
+    if (g_clock) {
+      g_clock(ecore_animator_frametime_get());
+      ecore_animator_custom_tick();
+    }
     ecore_main_loop_iterate_may_block(g_clock ? 0 : 1);
     if (m_active) frames = 0;
     m_active = false;

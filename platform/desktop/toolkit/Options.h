@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Keys.h"
-#include "Log.h"
+#include "LogOutput.h"
 
 namespace desktop {
 

@@ -25,7 +25,7 @@ TSTransponder ReadTransponder(const Query& q) {
           static_cast<int>(q.Int(2)),
           static_cast<unsigned short>(NumberOr(q, 3, 65535)),
           static_cast<EDVBSPolarisation>(NumberOr(q, 4, POLARISATION_NONE)),
-          static_cast<EDVBFECInner>(NumberOr(q, 5, FEC_NONE))};
+          static_cast<EDVBFECInner>(NumberOr(q, 5, INNER_FEC_NONE))};
 }
 
 /// A transponder of the user is heard as well as the one on air that it stands for.

@@ -1,4 +1,4 @@
-#include "Log.h"
+#include "LogOutput.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

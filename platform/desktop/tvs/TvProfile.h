@@ -1,0 +1,68 @@
+// The TV side of a profile: what the set is set to, what is on air, and which channels it has.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Profile.h"
+#include "ScanTables.h"
+
+namespace desktop {
+
+/// One channel list to make: a share of all services.
+struct ListPlan {
+  int antenna = 0, serviceMode = -1;
+  int share = 0;                                   ///< percent
+  int analog = 0, radio = 0, uhd = 0, locked = 0;  ///< percent of the list
+  int virtualChannels = 0;
+  bool subchannels = false;  ///< major-minor numbers: one major for each physical channel
+  int position = -1;         ///< only the satellites here, tenths of a degree
+};
+
+/// Reads a profile's sections [tv], [reception] and [channels] into the open TV.
+///
+///   [tv]                        picture main|pip ANTENNA SERVICE-MODE SOURCE
+///                               spec NUMBER VALUE             state NAME VALUE
+///                               broadcaster NUMBER [COUNTRY]  letters DEU
+///                               operator-profile SLOT ANTENNA SERVICE-MODE NAME
+///                               satcr TUNER SLOT MHZ          select POSITION ...
+///                               weak-signal ENTRY
+///   [reception]                 satellites all|POSITION ...   air|cable TABLE ...
+///                               package ID POSITION
+///   [channels]                  services COUNT
+///                               list ANTENNA SERVICE-MODE SHARE [analog=N] [radio=N] [uhd=N] [locked=N]
+///                                    [virtual=N] [at=POSITION] [subchannels]
+///
+/// ANTENNA is air, cable or satellite; POSITION is like 19.2E; TABLE is a file of the scan tables.
+class TvProfile {
+ public:
+  static bool Takes(const std::string& section);
+  /// Throws ProfileError for a line that cannot be read.
+  void Read(const ProfileSection& section);
+  /// Fills the TV; call it once, after the last section and within the transaction that makes the TV.
+  /// `services` -1: as many as the profile says. Returns what was skipped, a line each.
+  std::vector<std::string> Make(long services) const;
+
+ private:
+  void ReadReception(const ProfileLine& line);
+  void ReadChannels(const ProfileLine& line);
+
+  struct Package {
+    int id, position;
+  };
+  std::vector<ProfileLine> m_tv;
+  bool m_allSatellites = false;
+  std::vector<int> m_positions;
+  std::vector<std::string> m_air, m_cable;
+  std::vector<Package> m_packages;
+  std::vector<ListPlan> m_lists;
+  long m_services = 0;
+};
+
+/// Most services of a TV.
+constexpr long kMostServices = 10'000'000;
+
+/// Adds `count` services by the plans, the same ones every time, and the indexes of the channel list.
+void MakeServices(const std::vector<ListPlan>& plans, long count);
+
+}  // namespace desktop

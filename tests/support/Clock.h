@@ -1,0 +1,9 @@
+// The tests' clock: the C library's clocks, moved on by hand.
+#pragma once
+
+namespace test {
+
+/// Every clock of the process moves on (or back) by so many seconds at once.
+void MoveClock(double seconds);
+
+}  // namespace test

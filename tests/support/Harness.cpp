@@ -1,0 +1,307 @@
+#include "Harness.h"
+
+#include <Elementary.h>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <mutex>
+#include <sstream>
+
+#include "AppMain.h"
+#include "Application.h"
+#include "Clock.h"
+#include "Dump.h"
+#include "Gate.h"
+#include "Keys.h"
+#include "LogOutput.h"
+#include "MenuControl.h"
+#include "Profile.h"
+#include "RootWindow.h"
+#include "Screen.h"
+#include "Utils.h"
+#include "VoiceGuide.h"
+#include "WrapPatterns.h"
+#include "config.h"
+#include "dlog.h"
+
+namespace test {
+
+namespace {
+
+std::vector<std::string> g_log;
+std::vector<std::string> g_toolkitErrors;
+
+void TakeLogLine(int, const char* text) {
+  std::string line = text;
+  if (!line.empty() && line.back() == '\n') line.pop_back();
+  const size_t head = line.find(" > ");
+  g_log.push_back(head == std::string::npos ? line : line.substr(head + 3));
+}
+
+void TakeToolkitLine(const Eina_Log_Domain* domain, Eina_Log_Level level, const char* file, const char* function,
+                     int line, const char* format, void*, va_list arguments) {
+  if (level > EINA_LOG_LEVEL_ERR) return;
+  char text[1024];
+  vsnprintf(text, sizeof text, format, arguments);
+  g_toolkitErrors.push_back(std::string(domain->domain_str) + ": " + file + ":" + std::to_string(line) + " " +
+                            function + ": " + text);
+}
+
+/// What a process has once is made anew for each run of the program in this one.
+void ForgetProcess() {
+  quirelle::isAnyWindowActive = false;
+  delete Singleton<MenuControl>::m_pSingleton;
+  Singleton<MenuControl>::m_pSingleton = nullptr;
+  delete Singleton<MenuConfig>::m_pSingleton;
+  Singleton<MenuConfig>::m_pSingleton = nullptr;
+  CVoiceGuide::ReleaseInstance();
+  CRootWindow::DeleteWindow();
+}
+
+/// The toolkit stays up from the first run to the end of the tests: it cannot be brought up twice.
+void KeepToolkit() {
+  static const bool kept = [] {
+    elm_init(0, nullptr);
+    eina_log_print_cb_set(TakeToolkitLine, nullptr);
+    std::atexit([] { elm_shutdown(); });
+    return true;
+  }();
+  static_cast<void>(kept);
+}
+
+std::string ReadAll(int descriptor) {
+  std::string text;
+  char buffer[4096];
+  for (ssize_t length; (length = read(descriptor, buffer, sizeof buffer)) > 0;) {
+    text.append(buffer, static_cast<size_t>(length));
+  }
+  return text;
+}
+
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+std::vector<std::string> Texts(const Json::Value& array) {
+  std::vector<std::string> texts;
+  for (const Json::Value& text : array) texts.push_back(text.asString());
+  return texts;
+}
+
+}  // namespace
+
+TemporaryDirectory::TemporaryDirectory() {
+  std::string name = (std::filesystem::temp_directory_path() / "quirelle-test-XXXXXX").string();
+  if (!mkdtemp(name.data())) throw std::runtime_error("no temporary directory");
+  m_path = name;
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+  std::error_code ignored;  // the next start of the machine clears what is left
+  std::filesystem::remove_all(m_path, ignored);
+}
+
+// --- the TV --------------------------------------------------------------------------------------
+
+Tv::Tv(const std::string& profile) {
+  desktop::MakeTv(Path(), {profile}, false);
+  setenv("QUIRELLE_TV", Path().c_str(), 1);
+  desktop::Store::Open(Path());
+  g_log.clear();
+}
+
+Tv::~Tv() {
+  desktop::Gate::FailNth(0, false);
+  desktop::Gate::Watch(nullptr);
+  desktop::Store::Close();
+}
+
+std::string Tv::Path() const { return m_directory / "tv.db"; }
+
+std::string Tv::Get(const std::string& key) {
+  desktop::Query q("SELECT value FROM setting WHERE key = ?", key);
+  if (!q.Row()) throw std::runtime_error("no key " + key);
+  return q.Text(0);
+}
+
+void Tv::Set(const std::string& key, const std::string& value) {
+  desktop::Store::Get().Write([&] {
+    const int changed = desktop::Query(
+                            "UPDATE setting SET value = CASE type WHEN 'string' THEN ?1 ELSE CAST(?1 AS INTEGER) END "
+                            "WHERE key = ?2",
+                            value, key)
+                            .Run();
+    if (changed != 1) throw std::runtime_error("no key " + key);
+  });
+}
+
+void Tv::Remove(const std::string& key) {
+  desktop::Store::Get().Write([&] { desktop::Query("DELETE FROM setting WHERE key = ?", key).Run(); });
+}
+
+void Tv::Fail(const std::string& name, const std::string& result, int times) {
+  const desktop::Operation* operation = desktop::FindOperation(name);
+  if (!operation || operation->failures.empty()) throw std::runtime_error("operation " + name + " cannot fail");
+  desktop::Store::Get().Write([&] {
+    desktop::Query q("REPLACE INTO fault VALUES (?, ?, ?)", name, result.empty() ? operation->failures[0] : result);
+    times > 0 ? q.Bind(times) : q.Bind(nullptr);
+    q.Run();
+  });
+}
+
+void Tv::Heal() {
+  desktop::Store::Get().Write([] { desktop::Query("DELETE FROM fault").Run(); });
+}
+
+std::vector<Call> Tv::Journal(const std::string& operation) {
+  desktop::Gate::Flush();
+  std::vector<Call> calls;
+  desktop::Query q("SELECT operation, arguments, result FROM journal WHERE ?1 = '' OR operation = ?1 ORDER BY seq",
+                   operation);
+  while (q.Row()) calls.push_back({q.Text(0), q.Text(1), q.Text(2)});
+  return calls;
+}
+
+void Tv::ClearJournal() {
+  desktop::Gate::Flush();
+  desktop::Store::Get().Write([] { desktop::Query("DELETE FROM journal").Run(); });
+}
+
+// --- the program ---------------------------------------------------------------------------------
+
+void Remote::Press(const std::string& keys) {
+  std::vector<desktop::Step> steps;
+  std::string wrong;
+  if (!desktop::ParseSteps(keys, steps, wrong)) throw std::runtime_error("no key " + wrong);
+  for (const desktop::Step& step : steps) {
+    desktop::PressKey(step.text.c_str());
+    Settle();
+  }
+}
+
+void Remote::Wait(double seconds) {
+  desktop::Application::Current()->Wait(seconds);
+  Settle();
+}
+
+void Remote::Settle() { desktop::Application::Current()->Settle(); }
+
+Json::Value Remote::Screen() { return desktop::DumpScreen(); }
+
+std::string Remote::Focus() {
+  const Json::Value focus = Screen()["focus"];
+  return focus.isNull() ? "" : focus.asString();
+}
+
+std::vector<std::string> Remote::Stack() { return Texts(Screen()["stack"]); }
+
+std::vector<std::string> Remote::Spoken() { return Texts(Screen()["spoken"]); }
+
+bool Remote::IsOn(const std::string& name) {
+  const Json::Value screen = Screen();
+  for (const Json::Value& check : screen["checks"]) {
+    if (check["name"].asString() == name) return check["on"].asBool();
+  }
+  throw std::runtime_error("no check box " + name);
+}
+
+bool Remote::HasExited() { return desktop::Application::Current()->HasExited(); }
+
+void Remote::TakeFocus() {
+  desktop::TakeFocus();
+  Settle();
+}
+
+void Remote::Pause() {
+  desktop::Application::Current()->Pause();
+  Settle();
+}
+
+void Remote::Resume() {
+  desktop::Application::Current()->Resume();
+  Settle();
+}
+
+void Remote::Launch(const std::string& menuID) {
+  desktop::Application::Current()->Launch(menuID, {});
+  Settle();
+}
+
+void Run(const std::vector<std::string>& words, const Body& body) {
+  g_toolkitErrors.clear();
+  desktop::WatchLog(TakeLogLine);
+  desktop::LogToStandardError(desktop::LogLevel::kOff);
+  desktop::Application::SetClock(MoveClock);
+  std::string theme;
+  desktop::Application::SetDriver([&](desktop::Application& application) {
+    KeepToolkit();
+    elm_config_transition_duration_factor_set(0.0);
+    ecore_animator_source_set(ECORE_ANIMATOR_SOURCE_CUSTOM);
+    theme = Utils::GetEDJFile();
+    application.Settle();
+    try {
+      Remote remote;
+      body(remote);
+    } catch (const std::exception& error) {
+      ADD_FAILURE() << error.what();
+    }
+  });
+
+  std::vector<std::string> arguments = {"quirelle"};
+  arguments.insert(arguments.end(), words.begin(), words.end());
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments) pointers.push_back(argument.data());
+  quirelle::main(static_cast<int>(pointers.size()), pointers.data());
+
+  elm_theme_overlay_del(nullptr, theme.c_str());
+  ForgetProcess();
+  desktop::WatchLog(nullptr);
+  desktop::Store::Open(std::getenv("QUIRELLE_TV"));
+  for (const std::string& error : g_toolkitErrors) ADD_FAILURE() << error;
+}
+
+std::vector<std::string> Log() { return g_log; }
+
+bool Logged(const std::string& text) {
+  return std::find(g_log.begin(), g_log.end(), text) != g_log.end();
+}
+
+void ClearLog() { g_log.clear(); }
+
+// --- other processes -----------------------------------------------------------------------------
+
+Outcome Execute(const std::string& program, const std::vector<std::string>& words,
+                const std::vector<std::string>& environment) {
+  const TemporaryDirectory directory;
+  const std::string errors = directory / "errors";
+  int output[2];
+  if (pipe2(output, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+  const pid_t child = fork();
+  if (child == 0) {
+    dup2(output[1], STDOUT_FILENO);
+    dup2(open(errors.c_str(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
+    for (const std::string& variable : environment) putenv(strdup(variable.c_str()));
+    const std::string path = std::string(BUILD_DIRECTORY) + "/" + program;
+    std::vector<char*> arguments = {const_cast<char*>(path.c_str())};
+    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    execv(path.c_str(), arguments.data());
+    _exit(127);
+  }
+  close(output[1]);
+  Outcome outcome{};
+  outcome.output = ReadAll(output[0]);
+  close(output[0]);
+  waitpid(child, &outcome.status, 0);
+  outcome.status = WIFEXITED(outcome.status) ? WEXITSTATUS(outcome.status) : -WTERMSIG(outcome.status);
+  outcome.errors = ReadFile(errors);
+  return outcome;
+}
+
+}  // namespace test

@@ -1,0 +1,95 @@
+// The real program in this process, off screen, on a TV made for the test: press keys, move the clock, ask
+// what is on the screen, in the store, in the journal.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <json/value.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// A directory of the test's own, gone when the test is over.
+class TemporaryDirectory {
+ public:
+  TemporaryDirectory();
+  ~TemporaryDirectory();
+  std::filesystem::path operator/(const std::string& name) const { return m_path / name; }
+
+ private:
+  std::filesystem::path m_path;
+};
+
+/// One call that the program made of the platform.
+struct Call {
+  std::string operation, arguments, result;
+};
+
+/// A TV for one test, open in this process.
+class Tv {
+ public:
+  explicit Tv(const std::string& profile = "america");
+  ~Tv();
+
+  std::string Path() const;
+  /// A key of the settings store in its text form; set without the program's own operations.
+  std::string Get(const std::string& key);
+  void Set(const std::string& key, const std::string& value);
+  void Remove(const std::string& key);
+  int GetInt(const std::string& key) { return std::stoi(Get(key)); }
+
+  void Fail(const std::string& operation, const std::string& result = "", int times = 0);
+  void Heal();
+  /// Everything in the journal, or the calls of one operation.
+  std::vector<Call> Journal(const std::string& operation = "");
+  void ClearJournal();
+
+ private:
+  TemporaryDirectory m_directory;
+};
+
+/// The program that runs, as a person before the TV has it.
+class Remote {
+ public:
+  /// Keys of the remote, separated by blanks; the program comes to rest after each.
+  void Press(const std::string& keys);
+  void Wait(double seconds);
+  void Settle();
+
+  /// What is seen and heard; see the command line's --dump.
+  Json::Value Screen();
+  std::string Focus();
+  std::vector<std::string> Stack();
+  std::vector<std::string> Spoken();
+  bool IsOn(const std::string& check);
+  bool HasExited();
+  void TakeFocus();
+  void Pause();
+  void Resume();
+  void Launch(const std::string& menuID);
+};
+
+using Body = std::function<void(Remote&)>;
+
+/// Runs the program with these words on its command line until `body` has returned. An error that the
+/// toolkit reports fails the test.
+void Run(const std::vector<std::string>& words, const Body& body);
+
+/// Texts of the program's log since the test began, oldest first, without file, function and line.
+std::vector<std::string> Log();
+bool Logged(const std::string& text);
+void ClearLog();
+
+/// What a program that was run in a process of its own said.
+struct Outcome {
+  int status;
+  std::string output, errors;
+};
+/// Runs a program of the build ("quirelle", "quirelle-tv") to its end; `environment` as NAME=VALUE.
+Outcome Execute(const std::string& program, const std::vector<std::string>& words,
+                const std::vector<std::string>& environment = {});
+
+}  // namespace test

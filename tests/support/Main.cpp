@@ -1,0 +1,19 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+int main(int argc, char** argv) {
+  // Nothing of the person who runs the tests: no display, no home, no TV.
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QUIRELLE_SCREEN", "ELM_SCALE", "QUIRELLE_TV"}) unsetenv(name);
+  std::string home = (std::filesystem::temp_directory_path() / "quirelle-home-XXXXXX").string();
+  if (!mkdtemp(home.data())) return 1;
+  setenv("HOME", home.c_str(), 1);
+  setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
+  setenv("XDG_DATA_HOME", (home + "/data").c_str(), 1);
+  testing::InitGoogleTest(&argc, argv);
+  const int result = RUN_ALL_TESTS();
+  std::error_code ignored;  // left-overs of a crashed test do not make the tests fail
+  std::filesystem::remove_all(home, ignored);
+  return result;
+}
