@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <set>
-#include <tuple>
+#include <memory>
 
 #include "tvs_types.h"
 
@@ -112,14 +111,13 @@ std::vector<ScanEntry> ReadScanTable(const fs::path& file, const Complain& compl
     return {};
   }
   std::vector<ScanEntry> entries;
-  std::set<std::tuple<int, int, int>> seen;
   int number = 0;
   for (dvb_entry* entry = table->first_entry; entry; entry = entry->next) {
     ++number;
     const ScanEntry read = Read(entry);
     if (const char* missing = Missing(read)) {
       complain(file.string() + ": entry " + std::to_string(number) + ": " + missing + "; skipped");
-    } else if (seen.insert({read.frequency, read.polarisation, read.symbolRate}).second) {
+    } else {
       entries.push_back(read);
     }
   }

@@ -22,7 +22,7 @@ struct ScanEntry {
 /// Is told of every file or entry that is skipped: "file: what is wrong".
 using Complain = std::function<void(const std::string&)>;
 
-/// The usable entries of one file in their order, without repetitions. Empty when the file cannot be read.
+/// The usable entries of one file in their order. Empty when the file cannot be read.
 std::vector<ScanEntry> ReadScanTable(const std::filesystem::path& file, const Complain& complain);
 
 struct SatelliteTable {

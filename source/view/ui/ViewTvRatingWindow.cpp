@@ -115,6 +115,14 @@ constexpr FocusPath kFocusPaths[] = {
     {7, ELM_FOCUS_LEFT, 3},       {8, ELM_FOCUS_LEFT, 4},       {9, ELM_FOCUS_LEFT, 5},
 };
 
+/// The columns run the other way in a mirrored layout.
+Elm_Focus_Direction OnScreen(Elm_Focus_Direction direction) {
+  if (!elm_config_mirrored_get()) return direction;
+  if (direction == ELM_FOCUS_LEFT) return ELM_FOCUS_RIGHT;
+  if (direction == ELM_FOCUS_RIGHT) return ELM_FOCUS_LEFT;
+  return direction;
+}
+
 int ColumnOf(Bit bit) {
   switch (bit) {
     case ALL: return 0;
@@ -227,7 +235,7 @@ void CViewTvRatingWindow::m_SetFocusDirections() {
   const auto object = [this](int index) { return index == kClose ? t_pDefaultButtons[0] : m_pCheck[index]; };
   for (const FocusPath& path : kFocusPaths) {
     if (!object(path.from) || !object(path.to)) continue;
-    elm_object_focus_next_object_set(object(path.from), object(path.to), path.direction);
+    elm_object_focus_next_object_set(object(path.from), object(path.to), OnScreen(path.direction));
   }
 }
 
