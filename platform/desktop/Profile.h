@@ -36,9 +36,9 @@ struct TvOptions {
   long services = -1;
 };
 
-/// Makes a TV in `path`, as a whole or not at all. Throws ProfileError or StoreError; a file that is already
-/// there is an error unless `replace` is set.
-void MakeTv(const std::string& path, const TvOptions& options, bool replace);
+/// Makes a TV in `path`, as a whole or not at all; what was skipped on the way, a line each. Throws ProfileError
+/// or StoreError; a file that is already there is an error unless `replace` is set.
+std::vector<std::string> MakeTv(const std::string& path, const TvOptions& options, bool replace);
 
 /// The next word of a line, taken off its front; empty at its end.
 std::string TakeWord(std::string& text);
