@@ -25,6 +25,9 @@ class ProfileError : public std::runtime_error {
   ProfileError(const ProfileLine& line, const std::string& what) : std::runtime_error(line.where + ": " + what) {}
 };
 
+/// What a TV is that nobody asked for by name.
+inline constexpr const char* kDefaultProfile = "america";
+
 /// Names of the profiles there are, sorted, with what each says of itself in its first line.
 std::vector<std::pair<std::string, std::string>> Profiles();
 /// The sections of a profile, those of the files that it includes first.

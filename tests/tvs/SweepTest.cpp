@@ -10,13 +10,13 @@ namespace test {
 
 namespace {
 
-struct Outcome {
+struct Answer {
   std::string result;
   std::vector<std::string> log;
 };
 
-Outcome RunOn(const PublicOperation& operation) {
-  Outcome outcome;
+Answer RunOn(const PublicOperation& operation) {
+  Answer outcome;
   ForgetKept();
   InTransaction([&] {
     TakeLog();
@@ -28,7 +28,7 @@ Outcome RunOn(const PublicOperation& operation) {
 }
 
 /// Platform calls of a healthy run, in order.
-std::vector<const desktop::Operation*> Calls(const PublicOperation& operation, Outcome& healthy) {
+std::vector<const desktop::Operation*> Calls(const PublicOperation& operation, Answer& healthy) {
   std::vector<const desktop::Operation*> calls;
   desktop::Gate::Watch([&](const desktop::Operation& call, const desktop::Entry&, const std::string&) {
     if (!call.failures.empty()) calls.push_back(&call);
@@ -51,13 +51,13 @@ class SweepTest : public TvsTest {
 TEST_F(SweepTest, Print) {
   OtherProcess other(m_tv.Path());
   for (const PublicOperation& operation : PublicOperations()) {
-    Outcome healthy;
+    Answer healthy;
     const auto calls = Calls(operation, healthy);
     std::printf("%s = %s (%zu calls)\n", operation.name.c_str(), healthy.result.c_str(), calls.size());
     for (const desktop::Operation* call : std::set<const desktop::Operation*>(calls.begin(), calls.end())) {
       for (const char* failure : call->failures) {
         other.Execute(std::string("INSERT INTO fault VALUES ('") + call->name + "', '" + failure + "', NULL)");
-        const Outcome faulty = RunOn(operation);
+        const Answer faulty = RunOn(operation);
         other.Execute("DELETE FROM fault");
         std::string news;
         for (const std::string& line : faulty.log) if (!Contains(healthy.log, line)) news += " | " + line;
