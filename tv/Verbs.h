@@ -2,9 +2,10 @@
 #pragma once
 
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "tvs/Verbs.h"
 
 using Arguments = std::vector<std::string>;
 
@@ -23,7 +24,4 @@ std::span<const Verb> Verbs();
 extern std::string g_tv;
 
 /// Wrong words on the command line.
-class WordError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+using WordError = desktop::TvWordError;

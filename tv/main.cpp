@@ -6,7 +6,6 @@
 #include "Profile.h"
 #include "Store.h"
 #include "Verbs.h"
-#include "tvs/Verbs.h"
 
 using namespace desktop;
 
@@ -78,9 +77,6 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
-  } catch (const TvWordError& error) {
-    std::fprintf(stderr, "quirelle-tv: %s\n", error.what());
-    return kUsage;
   } catch (const WordError& error) {
     std::fprintf(stderr, "quirelle-tv: %s\n", error.what());
     return kUsage;

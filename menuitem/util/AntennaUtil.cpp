@@ -218,7 +218,7 @@ _item** CAntennaUtil::GetAntennaList(int* count) {
   LOG_DEBUG("size %d", kListed);
   if (!count) return nullptr;
   *count = kListed;
-  auto** list = static_cast<_item**>(calloc(kListed, sizeof(_item*)));
+  auto** list = static_cast<_item**>(calloc(kListed, sizeof(void*)));
   for (int i = 0; i < kListed; ++i) {
     list[i] = static_cast<_item*>(calloc(1, sizeof(_item)));
     list[i]->value = i;
@@ -302,14 +302,14 @@ bool CAntennaUtil::FlagSupportBroadcaster(EBroadCaster broadcaster, int country)
     return false;
   }
   CTVSApiWrapper api;
-  ISOSpecControl* spec = api.CreateSOSpecControl();
-  if (!spec) {
+  ISOSpecControl* control = api.CreateSOSpecControl();
+  if (!control) {
     LOG_ERROR("CreateSOSpecControl fails");
     return false;
   }
   LOG_INFO("Current Country default value is -1(invalid),it is used by Initial Setup : %d ", country);
   bool supported = false;
-  if (spec->CheckBroadcasterSupported(country, broadcaster, supported) <= 0) {
+  if (control->CheckBroadcasterSupported(country, broadcaster, supported) <= 0) {
     LOG_ERROR("CheckBroadcasterSupported fails %d", broadcaster);
     return false;
   }
@@ -323,13 +323,13 @@ bool CAntennaUtil::FlagSupportBroadcaster(EBroadCaster broadcaster, int country)
 
 bool CAntennaUtil::CheckCurrentBroadcaster(EBroadCaster broadcaster) {
   CTVSApiWrapper api;
-  ISOSpecControl* spec = api.CreateSOSpecControl();
-  if (!spec) {
+  ISOSpecControl* control = api.CreateSOSpecControl();
+  if (!control) {
     LOG_ERROR("CreateSOSpecControl fails");
     return false;
   }
   EBroadCaster current;
-  return spec->GetCurrentBroadcaster(current) > 0 && current == broadcaster;
+  return control->GetCurrentBroadcaster(current) > 0 && current == broadcaster;
 }
 
 bool CAntennaUtil::FlagEnableSatelliteSelection() {

@@ -12,14 +12,14 @@ unsigned long long GetCurrentTimeStamp() {
 }
 
 template <>
-std::string GetStringFromTemplate(ESource value) {
+std::string GetStringFromTemplate(const ESource& value) {
   std::ostringstream text;
   text << static_cast<int>(value);
   return text.str();
 }
 
 template <>
-std::string GetStringFromTemplate(TCCriteriaHelper) {
+std::string GetStringFromTemplate(const TCCriteriaHelper&) {
   return "cannot print TCCriteriaHelper";
 }
 

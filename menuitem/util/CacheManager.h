@@ -13,11 +13,11 @@
 unsigned long long GetCurrentTimeStamp();
 
 template <class T>
-std::string GetStringFromTemplate(T value);
+std::string GetStringFromTemplate(const T& value);
 template <>
-std::string GetStringFromTemplate(ESource value);
+std::string GetStringFromTemplate(const ESource& value);
 template <>
-std::string GetStringFromTemplate(TCCriteriaHelper value);
+std::string GetStringFromTemplate(const TCCriteriaHelper& value);
 
 class ICacheInfo {
  public:

@@ -42,13 +42,13 @@ class CCountryUtil {
   /// Lists go back with `FreeListItems`; null when there is none.
   static _item** GetEWBSProvinceList(int* count);
   static std::string GetEWBSProvinceNameByID(int id, bool display);
-  static int GetEWBSProvinceIDBySaveName(std::string saveName);
+  static int GetEWBSProvinceIDBySaveName(const std::string& saveName);
   static int GetEWBSAreaCode(int* area);
   static int SetEWBSAreaCode(int area);
   /// The areas of the stored province.
   static _item** GetEWBSAreaCodeList(int* count);
   static std::string GetEWBSAreaCodeNameByID(int id, bool display);
-  static int GetEWBSAreaCodeIDBySaveName(std::string saveName);
+  static int GetEWBSAreaCodeIDBySaveName(const std::string& saveName);
   static int SetEWBSAreaCodeToDefault();
 
   static void FreeSystemInfoIntArray(_system_info_value_array* array);

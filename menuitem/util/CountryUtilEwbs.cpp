@@ -67,7 +67,7 @@ bool ReadName(const char* key, std::string& name) {
 }
 
 _item** MakeList(const std::vector<const nameMap*>& entries, int* count) {
-  auto** list = static_cast<_item**>(calloc(entries.size(), sizeof(_item*)));
+  auto** list = static_cast<_item**>(calloc(entries.size(), sizeof(void*)));
   *count = static_cast<int>(entries.size());
   for (size_t i = 0; i < entries.size(); ++i) {
     list[i] = static_cast<_item*>(calloc(1, sizeof(_item)));
@@ -80,7 +80,7 @@ _item** MakeList(const std::vector<const nameMap*>& entries, int* count) {
   return list;
 }
 
-int ReadPlace(const char* key, int* id, int (*idOf)(std::string)) {
+int ReadPlace(const char* key, int* id, int (*idOf)(const std::string&)) {
   if (!id) {
     LOG_DEBUG("province == NULL");
     return -1;
@@ -109,12 +109,12 @@ std::string CCountryUtil::GetEWBSAreaCodeNameByID(int id, bool display) {
   return display ? entry->displayName : entry->saveName;
 }
 
-int CCountryUtil::GetEWBSProvinceIDBySaveName(std::string saveName) {
+int CCountryUtil::GetEWBSProvinceIDBySaveName(const std::string& saveName) {
   const Places* places = PlacesHere();
   return places ? FindBySaveName(places->provinces, saveName) : -1;
 }
 
-int CCountryUtil::GetEWBSAreaCodeIDBySaveName(std::string saveName) {
+int CCountryUtil::GetEWBSAreaCodeIDBySaveName(const std::string& saveName) {
   const Places* places = PlacesHere();
   return places ? FindBySaveName(places->areas, saveName) : -1;
 }
@@ -126,8 +126,10 @@ int CCountryUtil::GetEWBSProvince(int* province) {
 int CCountryUtil::GetEWBSAreaCode(int* area) { return ReadPlace(kAreaKey, area, GetEWBSAreaCodeIDBySaveName); }
 
 int CCountryUtil::SetEWBSProvince(int province) {
-  if (!PlacesHere()) return -1;
-  if (vconf_set_str(kProvinceKey, GetEWBSProvinceNameByID(province, false).c_str()) != 0) {
+  const Places* places = PlacesHere();
+  const nameMap* entry = places ? FindById(places->provinces, province) : nullptr;
+  if (!entry) return -1;
+  if (vconf_set_str(kProvinceKey, entry->saveName.c_str()) != 0) {
     LOG_ERROR("VCONF SET FAILS");
     return -1;
   }
@@ -135,8 +137,9 @@ int CCountryUtil::SetEWBSProvince(int province) {
 }
 
 int CCountryUtil::SetEWBSAreaCode(int area) {
-  if (!PlacesHere()) return -1;
-  return vconf_set_str(kAreaKey, GetEWBSAreaCodeNameByID(area, false).c_str());
+  const Places* places = PlacesHere();
+  const nameMap* entry = places ? FindById(places->areas, area) : nullptr;
+  return entry ? vconf_set_str(kAreaKey, entry->saveName.c_str()) : -1;
 }
 
 _item** CCountryUtil::GetEWBSProvinceList(int* count) {

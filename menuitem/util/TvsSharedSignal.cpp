@@ -9,7 +9,7 @@ namespace tvs {
 
 namespace {
 
-constexpr int kSpecCountry = 1, kSpecSetTune = 94;
+constexpr int kCountry = 1, kSetTune = 94;
 constexpr int kAtscCountries[] = {0, 2, 87};
 constexpr int kIsdbCountries[] = {34, 64, 65, 67, 69, 71, 72, 74, 80, 85};
 
@@ -146,10 +146,10 @@ int ReadQuality() {
 
 CTvsUtil::SIGNAL_INFO_TYPE InfoType(tvs_ch_info* (*record)(), void (*release)(tvs_ch_info*)) {
   CTVSApiWrapper api;
-  ISOSpecApp* spec = api.CreateSOSpecApp(PROFILE_MAIN, 0);
+  ISOSpecApp* model = api.CreateSOSpecApp(PROFILE_MAIN, 0);
   int setTune = 0, country = 0;
-  const bool setTuneRead = spec && spec->GetSpec(kSpecSetTune, setTune);
-  const bool countryRead = spec && spec->GetSpec(kSpecCountry, country);
+  const bool setTuneRead = model && model->GetSpec(kSetTune, setTune);
+  const bool countryRead = model && model->GetSpec(kCountry, country);
   LOG_DEBUG("so spec %d %d / %d %d", setTuneRead, setTune != 0, countryRead, country);
   if (countryRead && Contains(kAtscCountries, country)) {
     LOG_DEBUG("eCountry = %d", country);

@@ -133,7 +133,7 @@ int CTvsUtil::m_GetCriteria(TCCriteriaHelper& out, TSTvMode* mode, bool pip) {
   return 0;
 }
 
-int CTvsUtil::m_GetCriteria(TCCriteriaHelper& out, TSTvMode mode) { return tvs::ShortCriteria(out, mode); }
+int CTvsUtil::m_GetCriteria(TCCriteriaHelper& out, const TSTvMode& mode) { return tvs::ShortCriteria(out, mode); }
 
 tvs_ch_info* CTvsUtil::m_TvServiceChannelGetInfo(bool pip) {
   tvs_ch_info*& kept = pip ? t_CacheChInfoPip : t_CacheChInfo;

@@ -33,7 +33,7 @@ class CTvsUtil {
   /// Every column of the record, for the current mode, which comes out in `*mode`. Cached.
   static int m_GetCriteria(TCCriteriaHelper& out, TSTvMode* mode, bool pip);
   /// Type, ID, number and profile of a mode's channels, virtual ones left out.
-  static int m_GetCriteria(TCCriteriaHelper& out, TSTvMode mode);
+  static int m_GetCriteria(TCCriteriaHelper& out, const TSTvMode& mode);
 
   // Channels.
   /// The current channel's record, or null. Goes back with `m_TvServiceChannelDelInfo`.
@@ -127,7 +127,7 @@ class CTvsUtil {
   static int m_SubscribeForTuneSuccessSignalCb(void* data);
   static int m_UnsubscribeForTuneSuccessSignalCb(void* data);
   static void m_UnsubscribeForTuneSuccessSignal();
-  static int m_RefreshMenu(ESignalType signal, EProfile profile, unsigned short session, TSSignalData data,
+  static int m_RefreshMenu(ESignalType signal, EProfile profile, unsigned short session, const TSSignalData& data,
                            void* userData);
 
   static tvs_ch_info *t_CacheChInfo, *t_CacheChInfoPip;

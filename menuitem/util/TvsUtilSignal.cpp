@@ -254,7 +254,7 @@ void CTvsUtil::Clean() {
   m_UnsubscribeForTuneSuccessSignal();
 }
 
-int CTvsUtil::m_RefreshMenu(ESignalType, EProfile, unsigned short, TSSignalData, void*) {
+int CTvsUtil::m_RefreshMenu(ESignalType, EProfile, unsigned short, const TSSignalData&, void*) {
   LOG_DEBUG("refresh menu");
   if (vconf_set_int("db/menu/refresh_menu", 1) == 0) return 0;
   LOG_ERROR("vconf set fails db/menu/refresh_menu");

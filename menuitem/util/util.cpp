@@ -73,6 +73,41 @@ bool BasicCriteria(TCCriteriaHelper& criteria, TSTvMode& mode, bool pip) {
   return true;
 }
 
+/// One question to the recorder about the current channel, and what is said of its answers.
+struct RecorderQuestion {
+  int (*ask)(unsigned long long, int*);
+  const char *noRecord, *noRecorder, *noAnswer, *yes, *no;
+};
+constexpr RecorderQuestion kRecording = {svc_pvr_is_recording,
+                                         "In flagrecording Function : tvs_ch_info is NULL!",
+                                         "svc_pvr_service_init return PS_CLIENT_INIT_FAILED!",
+                                         "svc_pvr_is_recording return PS_CALL_METHOD_FAILED . ",
+                                         "result_recording is RESULT_TRUE . ",
+                                         "result_recording is RESULT_FALSE ."};
+constexpr RecorderQuestion kTimeShift = {svc_pvr_is_timeshifting,
+                                         "In FlagTimeShift Function : tvs_ch_info is NULL!",
+                                         "svc_pvr_service_init retturn PS_CLIENT_INIT_FAILED!",
+                                         "svc_pvr_is_timeshifting return PS_CALL_METHOD_FAILED . ",
+                                         "result_timeshifting is RESULT_TRUE . ",
+                                         "result_timeshifting is RESULT_FALSE ."};
+
+bool AskRecorder(const RecorderQuestion& question) {
+  tvs_ch_info record;
+  if (!CUtil::tv_service_channel_get_info(record, TV_SERVICE_INFO_CURRENT, false)) {
+    LOG_DEBUG("%s", question.noRecord);
+    return false;
+  }
+  if (svc_pvr_service_init() != 1) {
+    LOG_DEBUG("%s", question.noRecorder);
+    return false;
+  }
+  int result = 0;
+  if (question.ask(record.serviceId, &result) == -2) LOG_ERROR("%s", question.noAnswer);
+  LOG_DEBUG("%s", result == 1 ? question.yes : question.no);
+  svc_pvr_service_destroy();
+  return result == 1;
+}
+
 bool IsRunning(const char* application) {
   bool running = false;
   return app_manager_is_running(application, &running) == 0 && running;
@@ -223,51 +258,9 @@ bool CUtil::checkplaying() {
   return false;
 }
 
-bool CUtil::flagrecording() {
-  tvs_ch_info record;
-  if (!tv_service_channel_get_info(record, TV_SERVICE_INFO_CURRENT, false)) {
-    LOG_DEBUG("In flagrecording Function : tvs_ch_info is NULL!");
-    return false;
-  }
-  if (svc_pvr_service_init() != 1) {
-    LOG_DEBUG("svc_pvr_service_init return PS_CLIENT_INIT_FAILED!");
-    return false;
-  }
-  int result = 0;
-  if (svc_pvr_is_recording(record.serviceId, &result) == -2) {
-    LOG_ERROR("svc_pvr_is_recording return PS_CALL_METHOD_FAILED . ");
-  }
-  if (result == 1) {
-    LOG_DEBUG("result_recording is RESULT_TRUE . ");
-  } else {
-    LOG_DEBUG("result_recording is RESULT_FALSE .");
-  }
-  svc_pvr_service_destroy();
-  return result == 1;
-}
+bool CUtil::flagrecording() { return AskRecorder(kRecording); }
 
-bool CUtil::flagtimeshift() {
-  tvs_ch_info record;
-  if (!tv_service_channel_get_info(record, TV_SERVICE_INFO_CURRENT, false)) {
-    LOG_DEBUG("In FlagTimeShift Function : tvs_ch_info is NULL!");
-    return false;
-  }
-  if (svc_pvr_service_init() != 1) {
-    LOG_DEBUG("svc_pvr_service_init retturn PS_CLIENT_INIT_FAILED!");
-    return false;
-  }
-  int result = 0;
-  if (svc_pvr_is_timeshifting(record.serviceId, &result) == -2) {
-    LOG_ERROR("svc_pvr_is_timeshifting return PS_CALL_METHOD_FAILED . ");
-  }
-  if (result == 1) {
-    LOG_DEBUG("result_timeshifting is RESULT_TRUE . ");
-  } else {
-    LOG_DEBUG("result_timeshifting is RESULT_FALSE .");
-  }
-  svc_pvr_service_destroy();
-  return result == 1;
-}
+bool CUtil::flagtimeshift() { return AskRecorder(kTimeShift); }
 
 bool CUtil::is_timeshift_running() {
   CTVSApiWrapper api;

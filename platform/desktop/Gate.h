@@ -95,6 +95,9 @@ class Gate {
     });
   }
 
+  /// Says that faults were set or healed over this process's own connection; those of others are noticed.
+  static void FaultsChanged();
+
   /// Makes the n-th call (1 is the next) of an operation that can fail, whichever it is, fail once or from
   /// then on. 0 takes that back. Tests use it to fail each call of a run in turn.
   static void FailNth(int n, bool forGood);

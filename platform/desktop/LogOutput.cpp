@@ -11,6 +11,9 @@
 #include <ctime>
 #include <filesystem>
 #include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "Store.h"
 #include "dlog.h"
@@ -27,8 +30,13 @@ std::atomic<int> g_lowest{DLOG_INFO};
 std::atomic<int> g_descriptor{-1};
 std::atomic<LogWatcher> g_watcher{nullptr};
 
+/// Lines from before it was known which TV this is, and where they go.
+std::mutex g_earlyMutex;
+std::vector<std::pair<int, std::string>> g_early;
+std::atomic<bool> g_hasEarly{false};
+
 int OpenFile() {
-  const std::filesystem::path tv(Store::IsOpen() ? Store::Get().Path() : Store::DefaultPath());
+  const std::filesystem::path tv(Store::Get().Path());
   const std::string path = std::filesystem::path(tv).replace_extension(".log");
   struct stat info;
   if (stat(path.c_str(), &info) == 0 && info.st_size > kMostBytes) rename(path.c_str(), (path + ".1").c_str());
@@ -44,6 +52,20 @@ int Descriptor() {
     if (g_descriptor < 0) g_lowest = kNothing;
   }
   return g_descriptor;
+}
+
+void KeepEarly(int priority, const char* line, size_t length) {
+  const std::lock_guard lock(g_earlyMutex);
+  g_early.emplace_back(priority, std::string(line, length));
+  g_hasEarly = true;
+}
+
+void WriteEarly() {
+  const std::lock_guard lock(g_earlyMutex);
+  g_hasEarly = false;
+  for (const auto& [priority, line] : std::exchange(g_early, {})) {
+    if (priority >= g_lowest && write(Descriptor(), line.data(), line.size()) < 0) return;
+  }
 }
 
 }  // namespace
@@ -98,6 +120,11 @@ int dlog_print(log_priority prio, const char* tag, const char* fmt, ...) {
   }
   if (watcher) watcher(prio, line + head);
   if (prio < g_lowest.load(std::memory_order_relaxed)) return 0;
+  if (g_descriptor < 0 && !Store::IsOpen()) {
+    KeepEarly(prio, line, length);
+    return static_cast<int>(length);
+  }
+  if (g_hasEarly) WriteEarly();
   const ssize_t written = write(Descriptor(), line, length);
   return written < 0 ? 0 : static_cast<int>(written);
 }

@@ -9,7 +9,8 @@ enum class LogLevel { kOff, kError, kInfo };
 
 /// Messages of `level` and worse go to standard error from now on.
 void LogToStandardError(LogLevel level);
-/// Messages go to the file beside the TV (its name with ".log" for the ending), the default.
+/// Messages go to the file beside the TV (its name with ".log" for the ending), the default. Those from before
+/// a TV is open wait until one is.
 void LogToFile();
 
 /// Is called with the text of every message, dropped or not; null takes it away.

@@ -165,7 +165,8 @@ void MakeEmpty(const std::string& path) {
                           std::to_string(kApplicationId) +
                           "; PRAGMA user_version=" + std::to_string(Store::kSchema) + ";" + kSchemaSql + "COMMIT;";
   if (code == SQLITE_OK) code = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message);
-  const std::string what = message ? message : db ? sqlite3_errmsg(db) : sqlite3_errstr(code);
+  std::string what = message ? message : db ? sqlite3_errmsg(db) : sqlite3_errstr(code);
+  if (code == SQLITE_FULL) what = "no space left on the device";
   sqlite3_free(message);
   sqlite3_close(db);
   if (code != SQLITE_OK) throw StoreError(path + ": " + what, code);

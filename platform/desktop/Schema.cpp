@@ -38,7 +38,7 @@ CREATE TABLE usage (
 );
 
 CREATE TABLE journal (
-  seq INTEGER PRIMARY KEY AUTOINCREMENT, at INTEGER NOT NULL, pid INTEGER NOT NULL, operation TEXT NOT NULL,
+  seq INTEGER PRIMARY KEY, at INTEGER NOT NULL, pid INTEGER NOT NULL, operation TEXT NOT NULL,
   arguments TEXT NOT NULL, result TEXT NOT NULL, outputs TEXT NOT NULL
 );
 -- times is null for a fault that stays until it is healed
@@ -83,7 +83,7 @@ CREATE TABLE shown (
 CREATE TABLE fine_tune (service INTEGER PRIMARY KEY, offset INTEGER NOT NULL);
 CREATE TABLE weak_signal (seq INTEGER PRIMARY KEY, entry TEXT NOT NULL);
 CREATE TABLE recorder (service INTEGER PRIMARY KEY, recording INTEGER NOT NULL, timeshifting INTEGER NOT NULL);
-CREATE TABLE so_spec (number INTEGER PRIMARY KEY, value INTEGER NOT NULL);
+CREATE TABLE model_value (number INTEGER PRIMARY KEY, value INTEGER NOT NULL);
 -- country -1 is every country
 CREATE TABLE broadcaster (
   country INTEGER NOT NULL, number INTEGER NOT NULL, PRIMARY KEY (country, number)

@@ -18,6 +18,12 @@ namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 
+/// How long another program's lock is waited for; `$QUIRELLE_PATIENCE` (milliseconds) in place of the usual.
+int BusyMilliseconds() {
+  const char* own = std::getenv("QUIRELLE_PATIENCE");
+  return own && *own ? std::atoi(own) : kBusyMilliseconds;
+}
+
 Store*& Current() {
   static Store* current = nullptr;
   return current;
@@ -46,6 +52,7 @@ std::string Store::DefaultPath() {
 void Store::Open(const std::string& path) {
   Close();
   Current() = new Store(path);
+  Gate::FaultsChanged();
 }
 
 void Store::Close() {
@@ -72,7 +79,7 @@ Store::Store(const std::string& path) : m_path(path) {
   try {
     if (code != SQLITE_OK) Fail(code);
     sqlite3_extended_result_codes(m_db, 1);
-    sqlite3_busy_timeout(m_db, kBusyMilliseconds);
+    sqlite3_busy_timeout(m_db, BusyMilliseconds());
     Check();
     Execute("PRAGMA synchronous=FULL");
     ForgetVolatileKeys();
@@ -123,7 +130,8 @@ void Store::ForgetVolatileKeys() {
 void Store::Fail(int code) const {
   const char* what = m_db ? sqlite3_errmsg(m_db) : sqlite3_errstr(code);
   if ((code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED) what = "locked by another program";
-  if ((code & 0xff) == SQLITE_FULL) what = "no space left on the device";
+  const bool ioError = (code & 0xff) == SQLITE_IOERR || (code & 0xff) == SQLITE_CANTOPEN;
+  if ((code & 0xff) == SQLITE_FULL || (ioError && m_db && sqlite3_system_errno(m_db) == ENOSPC)) what = "no space left on the device";
   throw StoreError(m_path + ": " + what, code);
 }
 

@@ -85,7 +85,7 @@ class ITunerControl : public ITVSProxy {
 /// Values that the set's make and country fix.
 class ISOSpecApp : public ITVSProxy {
  public:
-  /// False when the set has no such specification. 1 is the country, 94 whether frequency and bandwidth can be set.
+  /// False when the set has no such value. 1 is the country, 94 whether frequency and bandwidth can be set.
   virtual bool GetSpec(int number, int& value) = 0;
 };
 
@@ -241,7 +241,7 @@ class TSSignalData : public TCMarshalable {
 
 namespace TVServiceAPI {
 
-using SignalCallback = int (*)(ESignalType signal, EProfile profile, unsigned short session, TSSignalData data,
+using SignalCallback = int (*)(ESignalType signal, EProfile profile, unsigned short session, const TSSignalData& data,
                                void* userData);
 
 /// Above 0 is success, also below.

@@ -26,18 +26,19 @@ void LogNullProxy(bool pip) {
   }
 }
 
-constexpr tvs::ReadMessages kMessages = {LogNullProxy, [] { LOG_ERROR("Create Service failed!!"); }};
+void LogNoService() { LOG_ERROR("Create Service failed!!"); }
+
+constexpr tvs::ReadMessages kMessages = {LogNullProxy, LogNoService};
 
 /// Categories of the channel list as navigation modes; a parameter from `first` to `last`, 0 to ~0 for any.
 struct CategoryRow {
-  int category;
+  int category, navigation;
   unsigned long long first, last;
-  int navigation;
 };
 constexpr CategoryRow kCategories[] = {
-    {0, 0, ~0ULL, 0}, {1, 1, 1, 11},     {1, 2, 2, 12},     {1, 3, 3, 13},    {2, 0, 0, 7},
-    {2, 1, 1, 6},     {3, 0, 0, 2},      {3, 1, 1, 1},      {4, 0, ~0ULL, 4}, {5, 0, ~0ULL, 8},
-    {6, 1, 5, 3},     {7, 0, ~0ULL, 10}, {8, 0, ~0ULL, 16},
+    {0, 0, 0, ~0ULL}, {1, 11, 1, 1},     {1, 12, 2, 2},     {1, 13, 3, 3},    {2, 7, 0, 0},
+    {2, 6, 1, 1},     {3, 2, 0, 0},      {3, 1, 1, 1},      {4, 4, 0, ~0ULL}, {5, 8, 0, ~0ULL},
+    {6, 3, 1, 5},     {7, 10, 0, ~0ULL}, {8, 16, 0, ~0ULL},
 };
 
 ENavigationMode NavigationOf(const CCNavigationModeInfo& info) {
@@ -138,7 +139,7 @@ int ChannelUtil::m_GetCriteria(TCCriteriaHelper& out, TSTvMode* mode, bool pip) 
   return tvs::FullCriteria(out, current);
 }
 
-int ChannelUtil::m_GetCriteria(TCCriteriaHelper& out, TSTvMode mode) { return tvs::ShortCriteria(out, mode); }
+int ChannelUtil::m_GetCriteria(TCCriteriaHelper& out, const TSTvMode& mode) { return tvs::ShortCriteria(out, mode); }
 
 void ChannelUtil::m_GetChannelInfo(tvs_ch_info* record, TCServiceData* data) {
   tvs::FillRecord(record, data, m_GetSymbolRate);

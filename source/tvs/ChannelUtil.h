@@ -11,7 +11,7 @@ class ChannelUtil {
  public:
   static int m_GetModes(TSTvMode* mode, ENavigationMode* navi, bool pip);
   static int m_GetCriteria(TCCriteriaHelper& out, TSTvMode* mode, bool pip);
-  static int m_GetCriteria(TCCriteriaHelper& out, TSTvMode mode);
+  static int m_GetCriteria(TCCriteriaHelper& out, const TSTvMode& mode);
   static void m_GetChannelInfo(tvs_ch_info* record, TCServiceData* data);
   static unsigned short m_GetSymbolRate(TCServiceData* data, unsigned short channelNumber, EProfile profile);
   /// The caller's, to give back with `m_TvServiceChannelDelInfo`; null without a channel.

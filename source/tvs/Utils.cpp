@@ -3,6 +3,7 @@
 #include <libintl.h>
 
 #include "Log.h"
+#include "ThemeNames.h"
 #include "app_framework.h"
 #include "system_info.h"
 #include "toolkit_ext.h"
@@ -67,7 +68,7 @@ void Utils::setColorChips(const char* colorClass, const char* chip) {
   edje_color_class_set(colorClass, r, g, b, a, 0, 0, 0, 0, 0, 0, 0, 0);
 }
 
-void Utils::DisableBgRect(Evas_Object* popup) { elm_object_signal_emit(popup, "elm,popup,content,bg,hide", "elm"); }
+void Utils::DisableBgRect(Evas_Object* popup) { elm_object_signal_emit(popup, theme::kHideBackground, theme::kSource); }
 
 int Utils::Scaled(const Evas_Object* object, int pixels) {
   return static_cast<int>(pixels * elm_object_scale_get(object) * elm_config_scale_get() / elm_app_base_scale_get());

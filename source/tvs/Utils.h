@@ -63,6 +63,6 @@ class Utils {
   static bool ResetSatelliteSettings();
 
   // The channel list as an archive. Status 0 is success; 1, 2, 4 refuse the archive, 3 is another failure.
-  static void ExportChannelList(std::string path);
+  static void ExportChannelList(const std::string& path);
   static int LoadImportedChannelList(const char* zipPath);
 };

@@ -238,7 +238,7 @@ bool Utils::ResetSatelliteSettings() {
   return true;
 }
 
-void Utils::ExportChannelList(std::string path) {
+void Utils::ExportChannelList(const std::string& path) {
   LOG_DEBUG("Export start");
   CTVSApiWrapper api;
   if (IUtil* util = api.CreateUtil()) {

@@ -8,14 +8,15 @@
 #include <atomic>
 #include <cstdint>
 
+#define EXPORTED __attribute__((visibility("default")))
+
 namespace {
 
 constexpr int64_t kNanoseconds = 1'000'000'000;
 std::atomic<int64_t> g_moved{0};
 
 bool IsMoved(clockid_t clock) {
-  return clock == CLOCK_REALTIME || clock == CLOCK_MONOTONIC || clock == CLOCK_BOOTTIME ||
-         clock == CLOCK_MONOTONIC_RAW;
+  return clock == CLOCK_REALTIME || clock == CLOCK_MONOTONIC || clock == CLOCK_BOOTTIME || clock == CLOCK_MONOTONIC_RAW;
 }
 
 }  // namespace
@@ -27,11 +28,17 @@ void MoveClock(double seconds) { g_moved += static_cast<int64_t>(seconds * kNano
 }  // namespace test
 
 // The toolkit and the standard library ask here, because a program's own functions come before a library's.
-extern "C" int clock_gettime(clockid_t clock, timespec* now) {
+extern "C" EXPORTED int clock_gettime(clockid_t clock, timespec* now) {
   if (syscall(SYS_clock_gettime, clock, now) != 0) return -1;
   if (!IsMoved(clock)) return 0;
   const int64_t moved = now->tv_sec * kNanoseconds + now->tv_nsec + g_moved;
   now->tv_sec = moved / kNanoseconds;
   now->tv_nsec = moved % kNanoseconds;
+  return 0;
+}
+
+/// A sleep passes at once, and the clock has moved.
+extern "C" EXPORTED int nanosleep(const timespec* wanted, timespec*) {
+  test::MoveClock(static_cast<double>(wanted->tv_sec) + static_cast<double>(wanted->tv_nsec) / kNanoseconds);
   return 0;
 }

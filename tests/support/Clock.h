@@ -1,4 +1,4 @@
-// The tests' clock: the C library's clocks, moved on by hand.
+// The tests' clock: the C library's clocks and its sleep, moved on by hand.
 #pragma once
 
 namespace test {

@@ -1,17 +1,24 @@
+#define EFL_BETA_API_SUPPORT
+
 #include "Harness.h"
 
+#include <Ecore_Evas.h>
+#include <Efl_Core.h>
 #include <Elementary.h>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <mutex>
 #include <sstream>
+#include <utility>
 
 #include "AppMain.h"
 #include "Application.h"
+#include "CacheManager.h"
 #include "Clock.h"
 #include "Dump.h"
 #include "Gate.h"
@@ -22,10 +29,20 @@
 #include "RootWindow.h"
 #include "Screen.h"
 #include "Utils.h"
+#include "View.h"
+#include "ViewManager.h"
 #include "VoiceGuide.h"
 #include "WrapPatterns.h"
 #include "config.h"
 #include "dlog.h"
+
+/// Lets the tests put a view of their own on the stack, which only the view manager does otherwise.
+bool PushOnStack(CViewManager* manager, IView* view);
+template <bool (CViewManager::*Push)(IView*)>
+struct PushOpener {
+  friend bool PushOnStack(CViewManager* manager, IView* view) { return (manager->*Push)(view); }
+};
+template struct PushOpener<&CViewManager::t_PushView>;
 
 namespace test {
 
@@ -58,6 +75,7 @@ void ForgetProcess() {
   delete Singleton<MenuConfig>::m_pSingleton;
   Singleton<MenuConfig>::m_pSingleton = nullptr;
   CVoiceGuide::ReleaseInstance();
+  CCacheManager::FlushCache();
   CRootWindow::DeleteWindow();
 }
 
@@ -88,6 +106,31 @@ std::string ReadFile(const std::filesystem::path& path) {
   return text.str();
 }
 
+bool IsA(const Evas_Object* object, const char* type) { return std::string_view(type) == evas_object_type_get(object); }
+
+std::string NameOf(const Evas_Object* object) {
+  char* text = IsA(object, "elm_check") ? elm_access_info_get(object, ELM_ACCESS_INFO) : nullptr;
+  std::string name = text ? text : "";
+  free(text);
+  const char* shown = IsA(object, "elm_button") ? elm_object_text_get(object)
+                      : IsA(object, "text")     ? evas_object_text_text_get(object)
+                                                : nullptr;
+  return shown ? shown : name;
+}
+
+const Evas_Object* FindNamed(const Evas_Object* object, const std::string& name) {
+  if (!evas_object_visible_get(object)) return nullptr;
+  if (NameOf(object) == name) return object;
+  if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return nullptr;
+  const Evas_Object* found = nullptr;
+  Eina_List* members = evas_object_smart_members_get(object);
+  void* member = nullptr;
+  EINA_LIST_FREE(members, member) {
+    if (!found) found = FindNamed(static_cast<Evas_Object*>(member), name);
+  }
+  return found;
+}
+
 std::vector<std::string> Texts(const Json::Value& array) {
   std::vector<std::string> texts;
   for (const Json::Value& text : array) texts.push_back(text.asString());
@@ -109,16 +152,19 @@ TemporaryDirectory::~TemporaryDirectory() {
 
 // --- the TV --------------------------------------------------------------------------------------
 
-Tv::Tv(const std::string& profile) {
-  desktop::MakeTv(Path(), {profile}, false);
+Tv::Tv(const std::string& profile, long services) {
+  desktop::MakeTv(Path(), {profile, services}, false);
   setenv("QUIRELLE_TV", Path().c_str(), 1);
   desktop::Store::Open(Path());
+  desktop::LogToStandardError(desktop::LogLevel::kOff);
+  desktop::WatchLog(TakeLogLine);
   g_log.clear();
 }
 
 Tv::~Tv() {
   desktop::Gate::FailNth(0, false);
   desktop::Gate::Watch(nullptr);
+  desktop::WatchLog(nullptr);
   desktop::Store::Close();
 }
 
@@ -153,10 +199,12 @@ void Tv::Fail(const std::string& name, const std::string& result, int times) {
     times > 0 ? q.Bind(times) : q.Bind(nullptr);
     q.Run();
   });
+  desktop::Gate::FaultsChanged();
 }
 
 void Tv::Heal() {
   desktop::Store::Get().Write([] { desktop::Query("DELETE FROM fault").Run(); });
+  desktop::Gate::FaultsChanged();
 }
 
 std::vector<Call> Tv::Journal(const std::string& operation) {
@@ -199,9 +247,36 @@ std::string Remote::Focus() {
   return focus.isNull() ? "" : focus.asString();
 }
 
-std::vector<std::string> Remote::Stack() { return Texts(Screen()["stack"]); }
+std::vector<std::string> Remote::Stack() { return test::Texts(Screen()["stack"]); }
 
-std::vector<std::string> Remote::Spoken() { return Texts(Screen()["spoken"]); }
+std::vector<std::string> Remote::Spoken() { return test::Texts(Screen()["spoken"]); }
+
+std::vector<std::string> Remote::Texts() { return test::Texts(Screen()["texts"]); }
+
+Place Remote::PlaceOf(const std::string& name) {
+  const Evas* canvas = evas_object_evas_get(desktop::Window());
+  for (Evas_Object* o = evas_object_top_get(canvas); o; o = evas_object_below_get(o)) {
+    const Evas_Object* found = evas_object_smart_parent_get(o) ? nullptr : FindNamed(o, name);
+    if (!found) continue;
+    Place place{};
+    evas_object_geometry_get(found, &place.x, &place.y, &place.w, &place.h);
+    return place;
+  }
+  throw std::runtime_error("nothing on the screen is named " + name);
+}
+
+unsigned int Remote::ColourAt(int x, int y) {
+  Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(desktop::Window()));
+  ecore_evas_manual_render(canvas);
+  int w = 0;
+  ecore_evas_geometry_get(canvas, nullptr, nullptr, &w, nullptr);
+  return static_cast<const unsigned int*>(ecore_evas_buffer_pixels_get(canvas))[y * w + x];
+}
+
+void Remote::PushView(IView* view) {
+  PushOnStack(CViewManager::GetInstance(), view);
+  Settle();
+}
 
 bool Remote::IsOn(const std::string& name) {
   const Json::Value screen = Screen();
@@ -235,8 +310,6 @@ void Remote::Launch(const std::string& menuID) {
 
 void Run(const std::vector<std::string>& words, const Body& body) {
   g_toolkitErrors.clear();
-  desktop::WatchLog(TakeLogLine);
-  desktop::LogToStandardError(desktop::LogLevel::kOff);
   desktop::Application::SetClock(MoveClock);
   std::string theme;
   desktop::Application::SetDriver([&](desktop::Application& application) {
@@ -261,16 +334,15 @@ void Run(const std::vector<std::string>& words, const Body& body) {
 
   elm_theme_overlay_del(nullptr, theme.c_str());
   ForgetProcess();
-  desktop::WatchLog(nullptr);
   desktop::Store::Open(std::getenv("QUIRELLE_TV"));
   for (const std::string& error : g_toolkitErrors) ADD_FAILURE() << error;
 }
 
+std::vector<std::string> TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
+
 std::vector<std::string> Log() { return g_log; }
 
-bool Logged(const std::string& text) {
-  return std::find(g_log.begin(), g_log.end(), text) != g_log.end();
-}
+bool Logged(const std::string& text) { return std::find(g_log.begin(), g_log.end(), text) != g_log.end(); }
 
 void ClearLog() { g_log.clear(); }
 
@@ -287,7 +359,7 @@ Outcome Execute(const std::string& program, const std::vector<std::string>& word
     dup2(output[1], STDOUT_FILENO);
     dup2(open(errors.c_str(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
     for (const std::string& variable : environment) putenv(strdup(variable.c_str()));
-    const std::string path = std::string(BUILD_DIRECTORY) + "/" + program;
+    const std::string path = program[0] == '/' ? program : std::string(BUILD_DIRECTORY) + "/" + program;
     std::vector<char*> arguments = {const_cast<char*>(path.c_str())};
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);

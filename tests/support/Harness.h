@@ -7,8 +7,12 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+class CViewManager;
+class IView;
 
 namespace test {
 
@@ -31,7 +35,8 @@ struct Call {
 /// A TV for one test, open in this process.
 class Tv {
  public:
-  explicit Tv(const std::string& profile = "america");
+  /// With so many channels; -1 as many as the profile says.
+  explicit Tv(const std::string& profile = "america", long services = -1);
   ~Tv();
 
   std::string Path() const;
@@ -51,6 +56,11 @@ class Tv {
   TemporaryDirectory m_directory;
 };
 
+/// Where something lies on the screen.
+struct Place {
+  int x, y, w, h;
+};
+
 /// The program that runs, as a person before the TV has it.
 class Remote {
  public:
@@ -64,12 +74,27 @@ class Remote {
   std::string Focus();
   std::vector<std::string> Stack();
   std::vector<std::string> Spoken();
+  std::vector<std::string> Texts();
   bool IsOn(const std::string& check);
+  /// Of the check box, button or text with this name.
+  Place PlaceOf(const std::string& name);
+  /// Colour of the screen at a place, as 0xAARRGGBB.
+  unsigned int ColourAt(int x, int y);
   bool HasExited();
   void TakeFocus();
   void Pause();
   void Resume();
   void Launch(const std::string& menuID);
+  /// Puts a view of the test's own on top of the stack, which owns it from then on.
+  template <class View>
+  View* Push(std::unique_ptr<View> view) {
+    View* raw = view.release();
+    PushView(raw);
+    return raw;
+  }
+
+ private:
+  void PushView(IView* view);
 };
 
 using Body = std::function<void(Remote&)>;
@@ -77,6 +102,8 @@ using Body = std::function<void(Remote&)>;
 /// Runs the program with these words on its command line until `body` has returned. An error that the
 /// toolkit reports fails the test.
 void Run(const std::vector<std::string>& words, const Body& body);
+/// What the toolkit has reported so far; a test that provokes an error takes it here.
+std::vector<std::string> TakeToolkitErrors();
 
 /// Texts of the program's log since the test began, oldest first, without file, function and line.
 std::vector<std::string> Log();
@@ -88,7 +115,8 @@ struct Outcome {
   int status;
   std::string output, errors;
 };
-/// Runs a program of the build ("quirelle", "quirelle-tv") to its end; `environment` as NAME=VALUE.
+/// Runs a program of the build ("quirelle", "quirelle-tv"), or the one at a path, to its end; `environment` as
+/// NAME=VALUE.
 Outcome Execute(const std::string& program, const std::vector<std::string>& words,
                 const std::vector<std::string>& environment = {});
 

@@ -20,38 +20,45 @@ std::string Text(Value value) {
 
 std::string Text(const tvs_ch_info& r) {
   return Text(r.channelType) + "/" + Text(r.serviceId) + "/" + Text(r.channelNumber) + "/" + Text(r.major) + "/" +
-         Text(r.frequency) + "/" + Text(r.symbolRate) + "/" + Text(r.satelliteId);
+         Text(r.frequency) + "/" + Text(r.satelliteId);
 }
 
 std::string Text(const TSTvMode& mode) { return Text(mode.antennaMode) + "," + Text(mode.serviceMode); }
 
 /// A record of `CTvsUtil` or `ChannelUtil`, given back.
 std::string Record(tvs_ch_info* record, void (*release)(tvs_ch_info*)) {
-  const std::string text = record ? Text(*record) : "null";
+  std::string text = record ? Text(*record) : "null";
   if (release) release(record);
   return text;
 }
 
 std::string List(_item** list, int count) {
-  const std::string text = list ? Text(count) + " " + (count ? list[count - 1]->name : "") : "null";
+  std::string text = list ? Text(count) + " " + (count ? list[count - 1]->name : "") : "null";
   CCountryUtil::FreeListItems(list, count);
   return text;
 }
 
 std::string Owned(char* text) {
-  const std::string copy = text ? text : "null";
+  std::string copy = text ? text : "null";
   free(text);
   return copy;
 }
 
 /// Name an operation in one line: its expression's text is its name.
-#define VALUE(expression, failure) {#expression, [] { return Text(expression); }, failure}
-#define STRING(expression, failure) {#expression, [] { return std::string(expression); }, failure}
-#define VOID(expression, state, failure) \
-  {#expression, [] { expression; return Ask(state); }, failure}
+#define VALUE(expression, failure)                        \
+  {                                                       \
+#expression, [] { return Text(expression); }, failure \
+  }
+#define STRING(expression, failure)                              \
+  {                                                              \
+#expression, [] { return std::string(expression); }, failure \
+  }
+#define VOID(expression, state, failure)                    \
+  {                                                         \
+#expression, [] { expression; return Ask(state); }, failure \
+  }
 
-constexpr const char* kSatellite =
-    "SELECT value FROM setting WHERE key LIKE '%lnb-settings/satellite'";
+constexpr const char* kSatellite = "SELECT value FROM setting WHERE key LIKE '%lnb-settings/satellite'";
 constexpr const char* kPositioner = "SELECT value FROM tv_state WHERE name = 'positioner_command'";
 constexpr const char* kLaunch = "SELECT application FROM launch";
 
@@ -65,18 +72,42 @@ std::vector<PublicOperation> TvsUtilOperations() {
          return Text(CTvsUtil::m_GetModes(&mode, &navi, true));
        },
        "-1"},
-      {"CTvsUtil::GetTSTvMode", [] { TSTvMode mode; CTvsUtil::GetTSTvMode(mode, PROFILE_MAIN); return Text(mode); }, "-1,-1"},
-      {"CTvsUtil::GetCurrentTvMode", [] { TSTvMode mode; return Text(CTvsUtil::GetCurrentTvMode(mode)); }, "0"},
+      {"CTvsUtil::GetTSTvMode",
+       [] {
+         TSTvMode mode;
+         CTvsUtil::GetTSTvMode(mode, PROFILE_MAIN);
+         return Text(mode);
+       },
+       "-1,-1"},
+      {"CTvsUtil::GetCurrentTvMode",
+       [] {
+         TSTvMode mode;
+         return Text(CTvsUtil::GetCurrentTvMode(mode));
+       },
+       "0"},
       {"CTvsUtil::m_GetCriteria full",
-       [] { TCCriteriaHelper c; TSTvMode mode; return Text(CTvsUtil::m_GetCriteria(c, &mode, false)); }, "-1"},
+       [] {
+         TCCriteriaHelper c;
+         TSTvMode mode;
+         return Text(CTvsUtil::m_GetCriteria(c, &mode, false));
+       },
+       "-1"},
       {"CTvsUtil::m_GetCriteria short",
-       [] { TCCriteriaHelper c; return Text(CTvsUtil::m_GetCriteria(c, TSTvMode(ANTENNA_AIR, SERVICE_MODE_NONE))); }, "-1"},
+       [] {
+         TCCriteriaHelper c;
+         return Text(CTvsUtil::m_GetCriteria(c, TSTvMode(ANTENNA_AIR, SERVICE_MODE_NONE)));
+       },
+       "-1"},
       {"CTvsUtil::m_TvServiceChannelGetInfo main",
        [] { return Record(CTvsUtil::m_TvServiceChannelGetInfo(false), CTvsUtil::m_TvServiceChannelDelInfo); }, "null"},
       {"CTvsUtil::m_TvServiceChannelGetInfo pip",
        [] { return Record(CTvsUtil::m_TvServiceChannelGetInfo(true), CTvsUtil::m_TvServiceChannelDelInfo); }, "null"},
       {"CTvsUtil::GetCurrentServiceId",
-       [] { unsigned long long id = 0; return Text(CTvsUtil::GetCurrentServiceId(id, false)); }, "-1"},
+       [] {
+         unsigned long long id = 0;
+         return Text(CTvsUtil::GetCurrentServiceId(id, false));
+       },
+       "-1"},
       VALUE(CTvsUtil::SetService(2, false), "-1"),
       VALUE(CTvsUtil::FlagCurrentChannelAnalog(PROFILE_MAIN), "0"),
       VALUE(CTvsUtil::FlagCurrentChannelDigital(PROFILE_MAIN), "0"),
@@ -84,9 +115,17 @@ std::vector<PublicOperation> TvsUtilOperations() {
       VALUE(CTvsUtil::IsCurrentChannelDefault(PROFILE_MAIN), "0"),
       VALUE(CTvsUtil::GetCurrentChannelType(PROFILE_MAIN), "-1"),
       {"CTvsUtil::GetChannelString main",
-       [] { char text[512] = ""; return Text(CTvsUtil::GetChannelString(text, false)) + text; }, "-1"},
+       [] {
+         char text[512] = "";
+         return Text(CTvsUtil::GetChannelString(text, false)) + text;
+       },
+       "-1"},
       {"CTvsUtil::GetChannelString pip",
-       [] { char text[512] = ""; return Text(CTvsUtil::GetChannelString(text, true)) + text; }, "-1"},
+       [] {
+         char text[512] = "";
+         return Text(CTvsUtil::GetChannelString(text, true)) + text;
+       },
+       "-1"},
       VALUE(CTvsUtil::FlagTimeShift(), "0"),
       VALUE(CTvsUtil::FlagTempUnblockedChildLock(), "0"),
       VALUE(CTvsUtil::GetCurrentSource(PROFILE_MAIN), "-1"),
@@ -113,8 +152,14 @@ std::vector<PublicOperation> TvsUtilOperations() {
       VALUE(CTvsUtil::GetTransportStreamID(PROFILE_MAIN), "0"),
       VALUE(CTvsUtil::GetOringinalNwtworkID(PROFILE_MAIN), "0"),
       VALUE(CTvsUtil::GetNetworkID(PROFILE_MAIN), "0"),
-      {"CTvsUtil::GetChannelID", [] { char text[512] = ""; return Text(CTvsUtil::GetChannelID(text)) + text; }, "-1"},
+      {"CTvsUtil::GetChannelID",
+       [] {
+         char text[512] = "";
+         return Text(CTvsUtil::GetChannelID(text)) + text;
+       },
+       "-1"},
       VALUE(CTvsUtil::SetBandFreqForSignalInformation(BANDWIDTH_8, 11494000), "-1"),
+      VALUE(CTvsUtil::SetBandFreqForSignalInformation(BANDWIDTH_8, 506000), "-1"),
       VALUE(CTvsUtil::SetCacheBandWidth(MENU_KEY_UP, "6 MHz", PROFILE_MAIN), "1"),
       VALUE(CTvsUtil::GetSelectedTransponderId(true), "-2"),
       VALUE(CTvsUtil::GetSelectedTransponderId(false), "-2"),
@@ -122,9 +167,17 @@ std::vector<PublicOperation> TvsUtilOperations() {
       VOID(CTvsUtil::InitSelectedSatellite(true), kSatellite, "-1"),
       VOID(CTvsUtil::InitSelectedSatellite(false), kSatellite, "-1"),
       {"CTvsUtil::TuneAloneSelectedTransponder user",
-       [] { CTvsUtil::transponderID = -2; return Text(CTvsUtil::TuneAloneSelectedTransponder(true)); }, "0"},
+       [] {
+         CTvsUtil::transponderID = -2;
+         return Text(CTvsUtil::TuneAloneSelectedTransponder(true));
+       },
+       "0"},
       {"CTvsUtil::TuneAloneSelectedTransponder chosen",
-       [] { CTvsUtil::transponderID = 7; return Text(CTvsUtil::TuneAloneSelectedTransponder(false)); }, "0"},
+       [] {
+         CTvsUtil::transponderID = 7;
+         return Text(CTvsUtil::TuneAloneSelectedTransponder(false));
+       },
+       "0"},
       VOID(CTvsUtil::SetDefaultChannelAfterSatellitePropertyChanges(), "SELECT service FROM picture WHERE profile = 1",
            "300"),
   };
@@ -153,16 +206,34 @@ std::vector<PublicOperation> UtilOperations() {
       VALUE(CUtil::flagexternalsource(), "1"),
       VALUE(CUtil::dtv_check(), "0"),
       {"CUtil::tv_service_channel_get_info",
-       [] { tvs_ch_info record; return Text(CUtil::tv_service_channel_get_info(record, TV_SERVICE_INFO_CURRENT, false)); },
+       [] {
+         tvs_ch_info record;
+         return Text(CUtil::tv_service_channel_get_info(record, TV_SERVICE_INFO_CURRENT, false));
+       },
        "0"},
   };
 }
 
 std::vector<PublicOperation> CountryOperations() {
   return {
-      {"CCountryUtil::GetPnPCountry", [] { int c = -1; return Text(CCountryUtil::GetPnPCountry(&c)); }, "-1"},
-      {"CCountryUtil::GetAnalogCountry", [] { int c = -1; return Text(CCountryUtil::GetAnalogCountry(&c)); }, "-1"},
-      {"CCountryUtil::GetDigitalCountry", [] { int c = -1; return Text(CCountryUtil::GetDigitalCountry(&c)); }, "-1"},
+      {"CCountryUtil::GetPnPCountry",
+       [] {
+         int c = -1;
+         return Text(CCountryUtil::GetPnPCountry(&c));
+       },
+       "-1"},
+      {"CCountryUtil::GetAnalogCountry",
+       [] {
+         int c = -1;
+         return Text(CCountryUtil::GetAnalogCountry(&c));
+       },
+       "-1"},
+      {"CCountryUtil::GetDigitalCountry",
+       [] {
+         int c = -1;
+         return Text(CCountryUtil::GetDigitalCountry(&c));
+       },
+       "-1"},
       VALUE(CCountryUtil::SetPnPCountry(9), "-1"),
       VALUE(CCountryUtil::SetAnalogCountry(9), "-1"),
       VALUE(CCountryUtil::SetDigitalCountry(9), "-1"),
@@ -174,19 +245,92 @@ std::vector<PublicOperation> CountryOperations() {
   };
 }
 
+/// In a country with emergency warnings, where a place is chosen.
+std::function<std::string()> InEcuador(int (*run)()) {
+  return [run] {
+    Change("UPDATE setting SET value = 69 WHERE key = 'system_settings/57'");
+    Change("UPDATE setting SET value = 'EL ORO' WHERE key LIKE '%ewbs_province'");
+    Change("UPDATE setting SET value = 'BALSAS' WHERE key LIKE '%ewbs_area_code'");
+    return Text(run());
+  };
+}
+
+std::vector<PublicOperation> PlaceOperations() {
+  return {
+      {"CCountryUtil::GetEWBSProvince", InEcuador([] {
+         int p = -1;
+         CCountryUtil::GetEWBSProvince(&p);
+         return p;
+       }),
+       "-1"},
+      {"CCountryUtil::GetEWBSAreaCode", InEcuador([] {
+         int p = -1;
+         CCountryUtil::GetEWBSAreaCode(&p);
+         return p;
+       }),
+       "-1"},
+      {"CCountryUtil::SetEWBSProvince", InEcuador([] { return CCountryUtil::SetEWBSProvince(3); }), "-1"},
+      {"CCountryUtil::SetEWBSAreaCode", InEcuador([] { return CCountryUtil::SetEWBSAreaCode(3); }), "-1"},
+      {"CCountryUtil::SetEWBSAreaCodeToDefault", InEcuador([] { return CCountryUtil::SetEWBSAreaCodeToDefault(); }),
+       "-1"},
+      {"CCountryUtil::GetEWBSProvinceList", InEcuador([] {
+         int n = 0;
+         _item** l = CCountryUtil::GetEWBSProvinceList(&n);
+         CCountryUtil::FreeListItems(l, n);
+         return n;
+       }),
+       "0"},
+      {"CCountryUtil::GetEWBSAreaCodeList", InEcuador([] {
+         int n = 0;
+         _item** l = CCountryUtil::GetEWBSAreaCodeList(&n);
+         CCountryUtil::FreeListItems(l, n);
+         return n;
+       }),
+       "0"},
+      {"CCountryUtil::GetEWBSProvinceNameByID",
+       InEcuador([] { return static_cast<int>(CCountryUtil::GetEWBSProvinceNameByID(6, true).size()); }), "0"},
+      {"CCountryUtil::GetEWBSAreaCodeIDBySaveName",
+       InEcuador([] { return CCountryUtil::GetEWBSAreaCodeIDBySaveName("BALSAS"); }), "-1"},
+  };
+}
+
 std::vector<PublicOperation> AntennaOperations() {
   using Type = CAntennaUtil::EMenuAntennaType;
   return {
-      {"CAntennaUtil::GetAntennaMode", [] { Type t; return Text(CAntennaUtil::GetAntennaMode(&t, PROFILE_MAIN)); }, "-1"},
-      {"CAntennaUtil::GetTVModeByMenuAntennaType 20", [] { return Text(CAntennaUtil::GetTVModeByMenuAntennaType(Type(20))); },
-       "-1,-1"},
+      {"CAntennaUtil::GetAntennaMode",
+       [] {
+         Type t;
+         return Text(CAntennaUtil::GetAntennaMode(&t, PROFILE_MAIN));
+       },
+       "-1"},
+      {"CAntennaUtil::GetTVModeByMenuAntennaType 20",
+       [] { return Text(CAntennaUtil::GetTVModeByMenuAntennaType(Type(20))); }, "-1,-1"},
       {"CAntennaUtil::GetAntennaName 20",
-       [] { char text[512] = ""; CAntennaUtil::GetAntennaName(Type(20), text); return std::string(text); }, ""},
+       [] {
+         char text[512] = "";
+         CAntennaUtil::GetAntennaName(Type(20), text);
+         return std::string(text);
+       },
+       ""},
       {"CAntennaUtil::GetAntennaName 47",
-       [] { char text[512] = ""; CAntennaUtil::GetAntennaName(Type(47), text); return std::string(text); }, ""},
-      {"CAntennaUtil::GetCurrentAntennaName", [] { char text[512] = ""; return Text(CAntennaUtil::GetCurrentAntennaName(text)); },
+       [] {
+         char text[512] = "";
+         CAntennaUtil::GetAntennaName(Type(47), text);
+         return std::string(text);
+       },
+       ""},
+      {"CAntennaUtil::GetCurrentAntennaName",
+       [] {
+         char text[512] = "";
+         return Text(CAntennaUtil::GetCurrentAntennaName(text));
+       },
        "0"},
-      {"CAntennaUtil::GetAntennaList", [] { int n = 0; _item** l = CAntennaUtil::GetAntennaList(&n); return List(l, n); },
+      {"CAntennaUtil::GetAntennaList",
+       [] {
+         int n = 0;
+         _item** l = CAntennaUtil::GetAntennaList(&n);
+         return List(l, n);
+       },
        "46 TV_SID_OSTERREICHLISTE"},
       VALUE(CAntennaUtil::SetAntennaMode(Type(0), PROFILE_MAIN), "-1"),
       VALUE(CAntennaUtil::SetPIPAntennaMode(Type(1), PROFILE_PIP), "-1"),
@@ -204,10 +348,24 @@ std::vector<PublicOperation> AntennaOperations() {
       VALUE(CAntennaUtil::GetSatellitePackageId(), "-1"),
       VALUE(CAntennaUtil::GetNumberOfCI(), "0"),
       {"CAntennaUtil::GetInstalledOperatorProfiles",
-       [] { std::list<CA_API::COperatorProfileData> l; return Text(CAntennaUtil::GetInstalledOperatorProfiles(l)); }, "-1"},
+       [] {
+         std::list<CA_API::COperatorProfileData> l;
+         return Text(CAntennaUtil::GetInstalledOperatorProfiles(l));
+       },
+       "-1"},
       {"CAntennaUtil::GetCIOPInfo",
-       [] { TSTvMode m; char text[512] = ""; return Text(CAntennaUtil::GetCIOPInfo(1, m, text)); }, "-1"},
-      {"CAntennaUtil::FlagInstalledCIOP", [] { EAntennaMode m; return Text(CAntennaUtil::FlagInstalledCIOP(1, &m)); }, "0"},
+       [] {
+         TSTvMode m;
+         char text[512] = "";
+         return Text(CAntennaUtil::GetCIOPInfo(1, m, text));
+       },
+       "-1"},
+      {"CAntennaUtil::FlagInstalledCIOP",
+       [] {
+         EAntennaMode m;
+         return Text(CAntennaUtil::FlagInstalledCIOP(1, &m));
+       },
+       "0"},
       VALUE(CAntennaUtil::FlagExistChannel(Type(3), PROFILE_MAIN), "0"),
       VALUE(CAntennaUtil::FlagExistDigitalChannel(Type(3), PROFILE_MAIN), "0"),
   };
@@ -216,13 +374,24 @@ std::vector<PublicOperation> AntennaOperations() {
 std::vector<PublicOperation> ChannelOperations() {
   return {
       {"ChannelUtil::m_GetCriteria",
-       [] { TCCriteriaHelper c; TSTvMode mode; return Text(ChannelUtil::m_GetCriteria(c, &mode, false)); }, "-1"},
+       [] {
+         TCCriteriaHelper c;
+         TSTvMode mode;
+         return Text(ChannelUtil::m_GetCriteria(c, &mode, false));
+       },
+       "-1"},
       {"ChannelUtil::m_TvServiceChannelGetInfo",
-       [] { return Record(ChannelUtil::m_TvServiceChannelGetInfo(false), ChannelUtil::m_TvServiceChannelDelInfo); }, "null"},
+       [] { return Record(ChannelUtil::m_TvServiceChannelGetInfo(false), ChannelUtil::m_TvServiceChannelDelInfo); },
+       "null"},
       {"ChannelUtil::m_TvServiceChannelGetInfo pip",
-       [] { return Record(ChannelUtil::m_TvServiceChannelGetInfo(true), ChannelUtil::m_TvServiceChannelDelInfo); }, "null"},
+       [] { return Record(ChannelUtil::m_TvServiceChannelGetInfo(true), ChannelUtil::m_TvServiceChannelDelInfo); },
+       "null"},
       {"ChannelUtil::GetCurrentServiceId",
-       [] { unsigned long long id = 0; return Text(ChannelUtil::GetCurrentServiceId(id, false)); }, "-1"},
+       [] {
+         unsigned long long id = 0;
+         return Text(ChannelUtil::GetCurrentServiceId(id, false));
+       },
+       "-1"},
       VALUE(ChannelUtil::SetService(2, false), "-1"),
       VALUE(ChannelUtil::SetSource(), "0"),
       VALUE(ChannelUtil::GetCurrentSourceInfo(), "-1"),
@@ -238,7 +407,10 @@ std::vector<PublicOperation> ChannelOperations() {
       VALUE(ChannelUtil::TuneChannel(false, 0, NAVIGATION_ALL, true), "0"),
       VALUE(ChannelUtil::TuneChannel(false, 1, NAVIGATION_FAVOURITE, false), "0"),
       {"ChannelUtil::GetChannelString",
-       [] { char text[512] = ""; return Text(ChannelUtil::GetChannelString(text, -1, -1, SERVICE_MODE_NONE, -1)) + text; },
+       [] {
+         char text[512] = "";
+         return Text(ChannelUtil::GetChannelString(text, -1, -1, SERVICE_MODE_NONE, -1)) + text;
+       },
        "-1"},
       {"ChannelUtil::GetHistoryItemInfo",
        [] {
@@ -253,14 +425,25 @@ std::vector<PublicOperation> HelperOperations() {
   return {
       VALUE(CommonUtil::IsTimeSet(), "0"),
       VALUE(CommonUtil::GetRegionKind(), "-1"),
-      {"CommonUtil::GetCurrentLanguage", [] { char* t = nullptr; CommonUtil::GetCurrentLanguage(&t); return Owned(t); }, "null"},
+      {"CommonUtil::GetCurrentLanguage",
+       [] {
+         char* t = nullptr;
+         CommonUtil::GetCurrentLanguage(&t);
+         return Owned(t);
+       },
+       "null"},
       VALUE(CommonUtil::GetTimeFormatType(), "1"),
       {"CommonUtil::GetCurrentDateStr", [] { return Text(CommonUtil::GetCurrentDateStr().size() >= 8); }, "1"},
       VALUE(Utils::IsPipOn(), "0"),
       STRING(Utils::GetProductTypeOSD(), "SID_TV"),
       VALUE(Utils::FlagPanelType82InchSdc(), "0"),
       {"Utils::GetCountryCode", [] { return Owned(Utils::GetCountryCode()); }, ""},
-      {"Utils::GetSatCRSettings", [] { TSSatCRSettings s; return Text(Utils::GetSatCRSettings(0, s)); }, "0"},
+      {"Utils::GetSatCRSettings",
+       [] {
+         TSSatCRSettings s;
+         return Text(Utils::GetSatCRSettings(0, s));
+       },
+       "0"},
       VOID(Utils::UserStorePosition(), kPositioner, ""),
       VOID(Utils::InstallerStorePosition(), kPositioner, ""),
       VOID(Utils::InstallerGoToZero(), kPositioner, ""),
@@ -275,8 +458,8 @@ std::vector<PublicOperation> HelperOperations() {
 
 std::vector<PublicOperation> PublicOperations() {
   std::vector<PublicOperation> all;
-  for (const auto& some : {TvsUtilOperations(), UtilOperations(), CountryOperations(), AntennaOperations(),
-                           ChannelOperations(), HelperOperations()}) {
+  for (const auto& some : {TvsUtilOperations(), UtilOperations(), CountryOperations(), PlaceOperations(),
+                           AntennaOperations(), ChannelOperations(), HelperOperations()}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

@@ -24,6 +24,8 @@ void TakeLine(int, const char* text) {
 
 struct RolledBack {};
 
+constexpr long kAsTheProfileSays = -1;
+
 }  // namespace
 
 OtherProcess::OtherProcess(const std::string& path) {
@@ -76,7 +78,7 @@ bool Contains(const std::vector<std::string>& log, const std::string& text) {
   return std::any_of(log.begin(), log.end(), [&](const auto& line) { return line.find(text) != std::string::npos; });
 }
 
-TvsTest::TvsTest(const std::string& profile) : m_tv(profile) {
+TvsTest::TvsTest(const std::string& profile) : m_tv(profile, kAsTheProfileSays) {
   desktop::LogToStandardError(desktop::LogLevel::kOff);
   desktop::WatchLog(TakeLine);
   ForgetKept();

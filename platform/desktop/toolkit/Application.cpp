@@ -15,6 +15,7 @@
 #include "Profile.h"
 #include "Screen.h"
 #include "Speech.h"
+#include "tvs/Tuning.h"
 
 namespace desktop {
 
@@ -24,6 +25,8 @@ constexpr const char* kSpeechModule = "quirelle_speech>access/api";
 /// Frames without an event before the program counts as at rest: motion that is switched off still ends with
 /// the next frame.
 constexpr int kQuietFrames = 3;
+/// A display of its own accord may send events for ever.
+constexpr int kMostFrames = 30;
 constexpr double kWindowSeconds = 3.0;
 /// The voice guide speaks this long after a window has come up.
 constexpr double kVoiceSeconds = 0.3;
@@ -34,6 +37,17 @@ constexpr int kReplyTurns = 8;
 Application* g_current = nullptr;
 Application::Driver g_driver;
 Application::Clock g_clock;
+
+/// A tune that is under way is looked at again when it should have ended.
+void WakeForTune(int milliseconds) {
+  ecore_timer_add(
+      milliseconds / 1000.0,
+      [](void*) -> Eina_Bool {
+        DeliverTunes();
+        return ECORE_CALLBACK_CANCEL;
+      },
+      nullptr);
+}
 
 void SetDefault(const char* variable, const std::string& value) { setenv(variable, value.c_str(), 0); }
 
@@ -85,6 +99,7 @@ void Application::StartToolkit() {
   FollowVoiceGuide();
   StartSpeech(m_options.speak);
   TranslateKeyboard();
+  SetTuneWaker(WakeForTune);
 }
 
 bool Application::Start() {
@@ -93,6 +108,7 @@ bool Application::Start() {
   UseLanguage();
   StartToolkit();
   m_filter = ecore_event_filter_add(nullptr, EventCB, nullptr, this);
+  m_signal = ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, SignalCB, this);
   m_idle = ecore_idle_enterer_add(IdleCB, this);
   Listen();
   if (!m_callbacks.create(m_data)) return false;
@@ -122,6 +138,8 @@ void Application::Exit() {
 void Application::Finish() {
   if (m_toolkit) {
     m_callbacks.terminate(m_data);
+    SetTuneWaker(nullptr);
+    if (m_signal) ecore_event_handler_del(m_signal);
     for (const auto& [reply, turns] : m_replies) AnswerNotice(reply);
     m_replies.clear();
     if (m_listener) ecore_main_fd_handler_del(m_listener);
@@ -138,7 +156,7 @@ void Application::Finish() {
 // --- scripts -------------------------------------------------------------------------------------
 
 void Application::Settle() {
-  int frames = 0;
+  int frames = 0, all = 0;
   Ecore_Animator* animator = ecore_animator_add(
       [](void* data) -> Eina_Bool {
         ++*static_cast<int*>(data);
@@ -146,13 +164,13 @@ void Application::Settle() {
       },
       &frames);
   m_active = false;
-  while (frames < kQuietFrames) {
+  while (frames < kQuietFrames && (IsOffScreen() || all < kMostFrames)) {
     if (g_clock) {
       g_clock(ecore_animator_frametime_get());
       ecore_animator_custom_tick();
     }
     ecore_main_loop_iterate_may_block(g_clock ? 0 : 1);
-    if (m_active) frames = 0;
+    if (m_active) all += std::exchange(frames, 0);
     m_active = false;
   }
   ecore_animator_del(animator);
@@ -164,19 +182,20 @@ void Application::Wait(double seconds) {
     return Settle();
   }
   bool passed = false;
-  ecore_timer_add(
+  Ecore_Timer* timer = ecore_timer_add(
       seconds,
       [](void* data) -> Eina_Bool {
         *static_cast<bool*>(data) = true;
         return ECORE_CALLBACK_CANCEL;
       },
       &passed);
-  while (!passed) ecore_main_loop_iterate_may_block(1);
+  while (!passed && !m_exited) ecore_main_loop_iterate_may_block(1);
+  if (!passed) ecore_timer_del(timer);
 }
 
 void Application::WaitForWindow() {
   Settle();
-  if (IsOffScreen()) return;
+  if (!HasSeat()) return;
   const double until = ecore_time_get() + kWindowSeconds;
   while (Window() && !elm_win_focus_get(Window()) && ecore_time_get() < until) Settle();
   Settle();
@@ -185,7 +204,7 @@ void Application::WaitForWindow() {
 void Application::RunSteps() {
   WaitForWindow();
   for (const Step& step : m_options.steps) {
-    if (m_exited && step.kind == Step::kKey) continue;
+    if (m_exited && step.kind != Step::kShot) continue;
     RunStep(step);
     Settle();
   }
@@ -235,6 +254,8 @@ void Application::Deal(const std::string& notice) {
     Pause();
   } else if (verb == "resume") {
     Resume();
+  } else if (verb == "tune") {
+    DeliverTunes();
   } else if (verb == "launch" && words >> word) {
     Launch(word, {});
   }
@@ -256,6 +277,11 @@ Eina_Bool Application::FlushCB(void* data) {
   static_cast<Application*>(data)->m_flush = nullptr;
   Gate::Flush();
   return ECORE_CALLBACK_CANCEL;
+}
+
+Eina_Bool Application::SignalCB(void* data, int, void*) {
+  static_cast<Application*>(data)->Exit();
+  return ECORE_CALLBACK_DONE;
 }
 
 Eina_Bool Application::EventCB(void* data, void*, int, void*) {

@@ -60,6 +60,7 @@ class Application {
   static Eina_Bool NoticeCB(void* data, Ecore_Fd_Handler* handler);
   static Eina_Bool IdleCB(void* data);
   static Eina_Bool FlushCB(void* data);
+  static Eina_Bool SignalCB(void* data, int type, void* event);
   static Eina_Bool EventCB(void* data, void* loopData, int type, void* event);
 
   Options m_options;
@@ -73,6 +74,7 @@ class Application {
   Ecore_Idle_Enterer* m_idle = nullptr;
   Ecore_Timer* m_flush = nullptr;
   Ecore_Event_Filter* m_filter = nullptr;
+  Ecore_Event_Handler* m_signal = nullptr;
   /// Senders of notices, and the turns of the loop until they are answered.
   std::vector<std::pair<int, int>> m_replies;
 };

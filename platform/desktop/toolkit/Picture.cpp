@@ -3,8 +3,11 @@
 #include <Ecore_Evas.h>
 #include <Elementary.h>
 
+#include <cerrno>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <fstream>
 #include <stdexcept>
 #include <vector>
 
@@ -50,10 +53,20 @@ void DrawFrame(Evas* canvas, int w, int h) {
   evas_event_callback_add(canvas, EVAS_CALLBACK_RENDER_POST, mark, &drawn);
   evas_damage_rectangle_add(canvas, 0, 0, w, h);
   const double until = ecore_time_get() + kFrameSeconds;
-  Ecore_Timer* tick = ecore_timer_add(0.01, [](void*) -> Eina_Bool { return ECORE_CALLBACK_RENEW; }, nullptr);
+  Ecore_Timer* tick = ecore_timer_add(
+      0.01, [](void*) -> Eina_Bool { return ECORE_CALLBACK_RENEW; }, nullptr);
   while (!drawn && ecore_time_get() < until) ecore_main_loop_iterate_may_block(1);
   ecore_timer_del(tick);
   evas_event_callback_del_full(canvas, EVAS_CALLBACK_RENDER_POST, mark, &drawn);
+}
+
+/// The toolkit's frame of a window on Wayland stands a line above the screen.
+void CutFrame(const Evas_Object* window, std::vector<uint32_t>& pixels, int w, int& h) {
+  int screenW = 0, screenH = 0;
+  ScreenSize(window, screenW, screenH);
+  if (screenH <= 0 || h <= screenH || pixels.empty()) return;
+  pixels.erase(pixels.begin(), pixels.begin() + static_cast<std::ptrdiff_t>(w) * (h - screenH));
+  h = screenH;
 }
 
 /// The menu as it was drawn last; empty when there is no window.
@@ -73,15 +86,19 @@ std::vector<uint32_t> MenuPixels(int& w, int& h) {
   evas_object_geometry_set(snapshot, 0, 0, w, h);
   evas_object_layer_set(snapshot, EVAS_LAYER_MAX);
   evas_object_show(snapshot);
-  DrawFrame(evas_object_evas_get(window), w, h);
+  // The first may have been under way before the snapshot was there.
+  for (int frame = 0; frame < 2; ++frame) DrawFrame(evas_object_evas_get(window), w, h);
   const auto* pixels = static_cast<const uint32_t*>(evas_object_image_data_get(snapshot, EINA_FALSE));
   std::vector<uint32_t> copy;
   if (pixels) copy.assign(pixels, pixels + count);
   evas_object_del(snapshot);
+  CutFrame(window, copy, w, h);
   return copy;
 }
 
 void Save(const std::vector<uint32_t>& pixels, int w, int h, const std::string& path) {
+  // The toolkit says at length that a file cannot be written, and not why.
+  if (!std::ofstream(path, std::ios::app)) throw std::runtime_error(path + ": " + std::strerror(errno));
   Ecore_Evas* canvas = ecore_evas_buffer_new(1, 1);
   Evas_Object* image = canvas ? evas_object_image_add(ecore_evas_get(canvas)) : nullptr;
   bool saved = false;

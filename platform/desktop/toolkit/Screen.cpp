@@ -3,16 +3,17 @@
 #include <Ecore_Evas.h>
 #include <Ecore_Input.h>
 #include <Ecore_Input_Evas.h>
-#include <Ecore_Wl2.h>
 #include <Ecore_X.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <stdexcept>
 
 #include "Gate.h"
 #include "Keys.h"
+#include "Wayland.h"
 #include "app_framework.h"
 #include "display.h"
 
@@ -24,11 +25,10 @@ constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 /// Sizes of the theme are one to one on a screen of this height at this scale.
 constexpr double kScale = 2.0;
-constexpr double kDisplaySeconds = 3.0;
 
 Evas_Object* g_window = nullptr;
-/// Null unless the display is a Wayland one.
-Ecore_Wl2_Display* g_wayland = nullptr;
+/// Set when the display is a Wayland one.
+std::optional<WaylandDisplay> g_wayland;
 
 bool Has(const char* variable) {
   const char* value = std::getenv(variable);
@@ -56,38 +56,40 @@ void OffScreenSize(int& w, int& h) {
   }
 }
 
-/// A Wayland display names its screens and seats some turns of the loop after the program has come to it.
-void MeetWayland() {
-  ecore_wl2_init();
-  g_wayland = ecore_wl2_display_connect(nullptr);
-  if (!g_wayland) throw std::runtime_error(std::string("no Wayland display '") + std::getenv("WAYLAND_DISPLAY") + "'");
-  const double until = ecore_time_get() + kDisplaySeconds;
-  int w = 0, h = 0;
-  Ecore_Timer* tick = ecore_timer_add(0.01, [](void*) -> Eina_Bool { return ECORE_CALLBACK_RENEW; }, nullptr);
-  do {
-    ecore_main_loop_iterate_may_block(1);
-    ecore_wl2_display_screen_size_get(g_wayland, &w, &h);
-  } while ((h <= 1 || !ecore_wl2_display_sync_is_done(g_wayland)) && ecore_time_get() < until);
-  ecore_timer_del(tick);
-}
-
-bool HasSeat() {
-  Eina_Iterator* seats = ecore_wl2_display_inputs_get(g_wayland);
-  void* seat = nullptr;
-  const bool found = seats && eina_iterator_next(seats, &seat);
-  eina_iterator_free(seats);
-  return found;
-}
-
 /// Keys belong to a seat; a display without one still takes those that the program is sent.
-void AddSeat(Ecore_Evas* canvas) {
-  Evas* evas = ecore_evas_get(canvas);
-  if (evas_device_get(evas, "seat")) return;
+void AddSeat(Evas* evas) {
   Evas_Device* seat =
       evas_device_add_full(evas, "seat", nullptr, nullptr, nullptr, EVAS_DEVICE_CLASS_SEAT, EVAS_DEVICE_SUBCLASS_NONE);
-  evas_device_add_full(evas, "keyboard", nullptr, seat, nullptr, EVAS_DEVICE_CLASS_KEYBOARD,
-                       EVAS_DEVICE_SUBCLASS_NONE);
+  evas_device_add_full(evas, "keyboard", nullptr, seat, nullptr, EVAS_DEVICE_CLASS_KEYBOARD, EVAS_DEVICE_SUBCLASS_NONE);
 }
+
+void FocusCanvas(Ecore_Evas* canvas) {
+  ecore_evas_focus_set(canvas, EINA_FALSE);
+  ecore_evas_focus_set(canvas, EINA_TRUE);
+}
+
+/// A window that is given the focus before its first frame never gets that frame.
+void FirstFrameDrawn(void*, Evas* evas, void*) {
+  evas_event_callback_del(evas, EVAS_CALLBACK_RENDER_POST, FirstFrameDrawn);
+  ecore_job_add(
+      [](void*) {
+        if (Ecore_Evas* canvas = Canvas()) FocusCanvas(canvas);
+      },
+      nullptr);
+}
+
+}  // namespace
+
+/// The toolkit learns a Wayland screen's size only some turns of the loop after the window is made.
+void ScreenSize(const Evas_Object* window, int& w, int& h) {
+  if (g_wayland && g_wayland->height > 0) {
+    w = g_wayland->width, h = g_wayland->height;
+  } else {
+    elm_win_screen_size_get(window, nullptr, nullptr, &w, &h);
+  }
+}
+
+namespace {
 
 Evas_Object* MakeWindow(const char* name) {
   Evas_Object* window = elm_win_add(nullptr, name, ELM_WIN_BASIC);
@@ -102,7 +104,7 @@ Evas_Object* MakeWindow(const char* name) {
                                 nullptr, nullptr, nullptr);
   } else {
     elm_win_fullscreen_set(window, EINA_TRUE);
-    elm_win_screen_size_get(window, nullptr, nullptr, &w, &h);
+    ScreenSize(window, w, h);
   }
   evas_object_resize(window, w, h);
   if (!Has("ELM_SCALE")) elm_config_scale_set(kScale * h / kHeight);
@@ -138,6 +140,8 @@ Ecore_Event_Key* MakeKeyEvent(const char* name) {
 }  // namespace
 
 void ChooseDisplay() {
+  // Drawn in a thread of the toolkit's, a window at times waits for ever for its first frame.
+  setenv("ECORE_EVAS_FORCE_SYNC_RENDER", "1", 0);
   if (Has("ELM_DISPLAY") || Has("ELM_ENGINE")) return;
   if (Has("WAYLAND_DISPLAY")) {
     setenv("ELM_DISPLAY", "wl", 1);
@@ -151,9 +155,13 @@ void ChooseDisplay() {
 
 bool IsOffScreen() { return Is("ELM_ENGINE", "buffer"); }
 
+bool HasSeat() { return !IsOffScreen() && (!g_wayland || g_wayland->hasSeat); }
+
 void MeetDisplay() {
   if (Is("ELM_DISPLAY", "wl") && Has("WAYLAND_DISPLAY")) {
-    MeetWayland();
+    g_wayland.emplace();
+    if (AskWayland(*g_wayland)) return;
+    throw std::runtime_error(std::string("no Wayland display '") + std::getenv("WAYLAND_DISPLAY") + "'");
   } else if (Is("ELM_DISPLAY", "x11") && Has("DISPLAY") && ecore_x_init(nullptr) == 0) {
     throw std::runtime_error(std::string("no X11 display '") + std::getenv("DISPLAY") + "'");
   }
@@ -163,10 +171,13 @@ Evas_Object* Window() { return g_window; }
 
 void GiveFocus() {
   Ecore_Evas* canvas = Canvas();
-  if (!canvas || (!IsOffScreen() && !(g_wayland && !HasSeat()))) return;
-  if (g_wayland) AddSeat(canvas);
-  ecore_evas_focus_set(canvas, EINA_FALSE);
-  ecore_evas_focus_set(canvas, EINA_TRUE);
+  if (!canvas) return;
+  if (IsOffScreen()) {
+    FocusCanvas(canvas);
+  } else if (!HasSeat()) {
+    AddSeat(ecore_evas_get(canvas));
+    evas_event_callback_add(ecore_evas_get(canvas), EVAS_CALLBACK_RENDER_POST, FirstFrameDrawn, nullptr);
+  }
 }
 
 void TakeFocus() {
@@ -199,6 +210,7 @@ display_s* display_connect() {
 
 void display_screen_size_get(display_s* display, int* width, int* height) {
   ecore_evas_screen_geometry_get(reinterpret_cast<Ecore_Evas*>(display), nullptr, nullptr, width, height);
+  if (!IsOffScreen() && g_window) ScreenSize(g_window, *width, *height);
 }
 
 display_registry_s* display_registry_get(display_s* display) { return reinterpret_cast<display_registry_s*>(display); }

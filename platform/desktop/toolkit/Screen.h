@@ -8,12 +8,16 @@ namespace desktop {
 /// Chooses Wayland, X11 or drawing off screen from the environment; before the toolkit is started.
 void ChooseDisplay();
 bool IsOffScreen();
+/// Whether somebody can sit at the display, so that the focus comes from there.
+bool HasSeat();
 /// Lets the display say how large it is; after the toolkit is started. Throws std::runtime_error when there is
 /// no such display.
 void MeetDisplay();
 
 /// The program's window, null when there is none (any more).
 Evas_Object* Window();
+/// Size of the screen that `window` is on; not off screen.
+void ScreenSize(const Evas_Object* window, int& w, int& h);
 /// Makes the window the one that has the focus, where nobody else does so: off screen, and on a display that
 /// nobody sits at.
 void GiveFocus();

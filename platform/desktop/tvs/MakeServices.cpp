@@ -1,4 +1,5 @@
 #include <array>
+#include <map>
 
 #include "Gate.h"
 #include "Schema.h"
@@ -98,21 +99,24 @@ Kind KindOf(const ListPlan& plan, long place, long count) {
           !analog && Falls(place, plan.uhd), Falls(place, plan.locked)};
 }
 
-void InsertList(Inserter& inserter, const ListPlan& plan, const std::vector<Carrier>& carriers, long count) {
+/// `before`: services that the list's mode already has; channel numbers go on after them.
+void InsertList(Inserter& inserter, const ListPlan& plan, const std::vector<Carrier>& carriers, long count,
+                long before) {
   const long each = (count + static_cast<long>(carriers.size()) - 1) / static_cast<long>(carriers.size());
   for (long place = 0; place < count; ++place) {
     const Carrier& carrier = carriers[static_cast<size_t>(place / each)];
     const Kind kind = KindOf(plan, place, count);
     const bool digital = kind.type != CHANNEL_VIRTUAL && kind.type != AnalogType(plan.antenna);
     const long within = place % each;
-    const long major = plan.subchannels ? carrier.number : place % kMostMajor + 1;
-    const long minor = plan.subchannels ? within + 1 : place < kMostMajor ? kNoMinor : place / kMostMajor;
+    const long number = before + place;
+    const long major = plan.subchannels ? carrier.number : number % kMostMajor + 1;
+    const long minor = plan.subchannels ? within + 1 : number < kMostMajor ? kNoMinor : number / kMostMajor;
     const int stream = static_cast<int>(carrier.id % 65000 + 1);
-    const int number = plan.antenna == ANTENNA_SATELLITE ? static_cast<int>(carrier.id) : carrier.number;
+    const int physical = plan.antenna == ANTENNA_SATELLITE ? static_cast<int>(carrier.id) : carrier.number;
     inserter.Insert(std::array<int64_t, 22>{plan.antenna,
                                             plan.serviceMode,
                                             kind.type,
-                                            number,
+                                            physical,
                                             kind.radio ? SERVICE_RADIO : SERVICE_TV,
                                             carrier.frequency,
                                             carrier.bandwidth,
@@ -124,14 +128,14 @@ void InsertList(Inserter& inserter, const ListPlan& plan, const std::vector<Carr
                                             carrier.fec,
                                             digital ? stream : kNone,
                                             kind.locked ? 1 : 0,
-                                            place == 0 ? 1 : 0,
+                                            number == 0 ? 1 : 0,
                                             digital ? plan.antenna + 1 : kNone,
                                             digital ? plan.antenna + 1 : kNone,
                                             carrier.satellite,
                                             kind.uhd ? kUhd : carrier.standard,
                                             carrier.id,
-                                            place < 5 ? 1 : kNone},
-                    (kind.radio ? "Radio " : "Programme ") + std::to_string(place + 1));
+                                            number < 5 ? 1 : kNone},
+                    (kind.radio ? "Radio " : "Programme ") + std::to_string(number + 1));
   }
 }
 
@@ -144,12 +148,15 @@ void MakeServices(const std::vector<ListPlan>& plans, long count) {
   Store& store = Store::Get();
   store.Write([&] {
     Inserter inserter;
+    std::map<std::pair<int, int>, long> made;
     long left = count;
     for (size_t i = 0; i < plans.size(); ++i) {
       const std::vector<Carrier> carriers = Carriers(plans[i]);
       const long share = i + 1 == plans.size() ? left : std::min(left, count * plans[i].share / 100);
       if (carriers.empty() || share == 0) continue;
-      InsertList(inserter, plans[i], carriers, share);
+      long& before = made[{plans[i].antenna, plans[i].serviceMode}];
+      InsertList(inserter, plans[i], carriers, share, before);
+      before += share;
       left -= share;
     }
     store.Execute(kServiceIndexSql);

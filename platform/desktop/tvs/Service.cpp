@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "CriteriaSql.h"
 #include "Gate.h"
 #include "Proxies.h"
@@ -6,11 +8,14 @@ namespace desktop {
 
 namespace {
 
+/// Whoever asks for a list mostly wants its first entry.
+constexpr int kFirstPage = 2, kLongestPage = 64;
+
 /// Reads page by page, so that a list of a million services costs what is looked at.
 class ServiceList : public TCServiceList {
  public:
   ServiceList(const TCCriteriaHelper& criteria, CriteriaSql sql) : m_criteria(criteria), m_sql(std::move(sql)) {
-    m_text = m_sql.Select(m_sql.Columns(), (m_sql.Order() + " LIMIT 32 OFFSET ?").c_str());
+    m_text = m_sql.Select(m_sql.Columns(), (m_sql.Order() + " LIMIT ? OFFSET ?").c_str());
   }
 
   /// Reads the page at the list's place; false when there is nothing there.
@@ -19,9 +24,10 @@ class ServiceList : public TCServiceList {
     m_next = 0;
     Query q(m_text);
     m_sql.Bind(q);
-    q.Bind(m_offset);
+    q.Bind(m_size).Bind(m_offset);
     while (q.Row()) ReadService(q, m_criteria, m_page.emplace_back());
     m_offset += static_cast<int64_t>(m_page.size());
+    m_size = std::min(m_size * 2, kLongestPage);
     return !m_page.empty();
   }
 
@@ -40,6 +46,7 @@ class ServiceList : public TCServiceList {
   std::string m_text;
   std::vector<TCServiceData> m_page;
   size_t m_next = 0;
+  int m_size = kFirstPage;
   int64_t m_offset = 0;
 };
 

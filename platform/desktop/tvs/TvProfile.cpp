@@ -151,8 +151,8 @@ void WriteTv(const ProfileLine& line) {
     WriteLetters(line, rest);
   } else if (what == "operator-profile") {
     WriteOperator(line, rest);
-  } else if (what == "spec") {
-    WriteNumbers(line, rest, "REPLACE INTO so_spec VALUES (?, ?)", 2);
+  } else if (what == "model") {
+    WriteNumbers(line, rest, "REPLACE INTO model_value VALUES (?, ?)", 2);
   } else if (what == "satcr") {
     WriteNumbers(line, rest,
                  "REPLACE INTO satcr (tuner, line_slot, line_frequency, slot, frequency) VALUES (?, ?, ?, 255, -1)", 3);

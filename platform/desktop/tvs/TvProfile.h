@@ -22,7 +22,7 @@ struct ListPlan {
 /// Reads a profile's sections [tv], [reception] and [channels] into the open TV.
 ///
 ///   [tv]                        picture main|pip ANTENNA SERVICE-MODE SOURCE
-///                               spec NUMBER VALUE             state NAME VALUE
+///                               model NUMBER VALUE            state NAME VALUE
 ///                               broadcaster NUMBER [COUNTRY]  letters DEU
 ///                               operator-profile SLOT ANTENNA SERVICE-MODE NAME
 ///                               satcr TUNER SLOT MHZ          select POSITION ...

@@ -72,6 +72,7 @@ size_t Width(const std::string& text) {
 
 void PrintTable(const std::vector<const char*>& names, const std::vector<Words>& rows, const std::vector<bool>& right) {
   std::vector<size_t> widths;
+  widths.reserve(names.size());
   for (const char* name : names) widths.push_back(Width(name));
   for (const Words& row : rows) {
     for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Width(row[i]));

@@ -65,6 +65,7 @@ void CView::t_Destroy() {
   CVoiceGuide::GetInstance()->Cancel();
   LOG_INFO(" CView::t_Destroy - VoiceGuide timer destroyed");
   if (!t_pMainBase) return;
+  t_GiveFocusUp();
   evas_object_hide(t_pMainBase);
   evas_object_del(t_pMainBase);
   t_pMainBase = nullptr;
@@ -103,6 +104,10 @@ void CView::t_FirstEnter(std::string&) { LOG_DEBUG("FirstEnter"); }
 bool CView::t_HandleMenuSpecialKeyCB(void*, int, void*) {
   LOG_ERROR("");
   return false;
+}
+
+void CView::t_GiveFocusUp() {
+  if (t_pMainBase) elm_object_tree_focus_allow_set(t_pMainBase, EINA_FALSE);
 }
 
 void CView::t_SetMainBase(Evas_Object* base) {

@@ -82,6 +82,8 @@ class CView : public IView {
 
   /// Takes the main base over and names it after the view, so that what looks at the screen can tell.
   void t_SetMainBase(Evas_Object* base);
+  /// Before the main base goes: the toolkit looks in vain for whoever has the focus in one that is going.
+  void t_GiveFocusUp();
 
   std::string t_MenuID;
   Evas_Object* t_pMainBase = nullptr;

@@ -180,6 +180,7 @@ void CViewWindowBase::t_Show() {
   CView::t_Show();
   if (!t_pMainBase) return;
   Utils::DisableBgRect(t_pMainBase);
+  elm_object_tree_focus_allow_set(t_pMainBase, EINA_TRUE);
   evas_object_show(t_pMainBase);
   for (size_t i = 0; i < t_pDefaultButtons.size(); ++i) {
     if (!t_pDefaultButtons[i]) continue;
@@ -189,6 +190,7 @@ void CViewWindowBase::t_Show() {
 }
 
 void CViewWindowBase::t_Hide() {
+  t_GiveFocusUp();
   for (size_t i = 0; i < t_pDefaultButtons.size(); ++i) {
     if (!t_pDefaultButtons[i]) continue;
     elm_object_part_content_unset(t_pMainBase, t_ButtonSettings[i].part.c_str());
@@ -201,5 +203,7 @@ void CViewWindowBase::t_Hide() {
 void CViewWindowBase::t_Destroy() {
   t_UnRegisterButtonKeyEvent();
   t_pDefaultButtons.fill(nullptr);
+  // The toolkit's screen reader trips over a title that is deleted together with its popup.
+  if (t_pMainBase && !t_WindowTitle.empty()) elm_object_part_text_set(t_pMainBase, theme::kTitle, nullptr);
   CView::t_Destroy();
 }

@@ -9,13 +9,13 @@ namespace desktop {
 
 namespace {
 
-enum Specification { kDigitalCountry = 1, kAnalogCountry = 2 };
+enum ModelValue { kDigitalCountry = 1, kAnalogCountry = 2 };
 
 class SOSpecApp : public ISOSpecApp {
  public:
   bool GetSpec(int number, int& value) override {
     return Gate::Pass<bool>(op::SOSpecApp_GetSpec, Entry(number), [&](Entry& entry) {
-      Query q("SELECT value FROM so_spec WHERE number = ?", number);
+      Query q("SELECT value FROM model_value WHERE number = ?", number);
       if (!q.Row()) return false;
       value = static_cast<int>(q.Int(0));
       entry.Out(value);
@@ -58,7 +58,7 @@ class SOSpecControl : public ISOSpecControl {
 
  private:
   static int Change(int number, int country) {
-    Store::Get().Write([&] { Query("REPLACE INTO so_spec VALUES (?, ?)", number, country).Run(); });
+    Store::Get().Write([&] { Query("REPLACE INTO model_value VALUES (?, ?)", number, country).Run(); });
     return 1;
   }
 };

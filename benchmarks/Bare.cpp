@@ -1,0 +1,187 @@
+// The same window made with nothing but the toolkit: what quirelle is measured against.
+//   bench-bare THEME first-frame
+//   bench-bare THEME key DATABASE PRESSES
+#include <Ecore_Evas.h>
+#include <Ecore_Input.h>
+#include <Ecore_Input_Evas.h>
+#include <Efreet.h>
+#include <Elementary.h>
+#include <sqlite3.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kBoxes = 18;
+constexpr const char* kTexts[] = {"All",  "FV",    "V",    "S",     "L",     "D",
+                                  "TV-Y", "TV-Y7", "TV-G", "TV-PG", "TV-14", "TV-MA"};
+
+Evas_Object* g_window = nullptr;
+Evas_Object* g_boxes[kBoxes];
+sqlite3* g_db = nullptr;
+sqlite3_stmt* g_update = nullptr;
+bool g_drawn = false;
+
+double Now() {
+  timespec now;
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+long PeakKibibytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    long peak = 0;
+    if (word == "VmHWM:" && status >> peak) return peak;
+  }
+  return 0;
+}
+
+void FirstFrame(void*, Evas*, void*) {
+  std::printf("%.9f %ld\n", Now(), PeakKibibytes());
+  std::fflush(stdout);
+  _exit(0);
+}
+
+void Drawn(void*, Evas*, void*) { g_drawn = true; }
+
+void Changed(void*, Evas_Object* box, void*) {
+  sqlite3_exec(g_db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+  sqlite3_bind_int(g_update, 1, elm_check_state_get(box));
+  sqlite3_step(g_update);
+  sqlite3_reset(g_update);
+  sqlite3_exec(g_db, "COMMIT", nullptr, nullptr, nullptr);
+}
+
+void OpenDatabase(const char* path) {
+  sqlite3_open(path, &g_db);
+  sqlite3_exec(g_db,
+               "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL;"
+               "CREATE TABLE IF NOT EXISTS setting (key TEXT PRIMARY KEY, value);"
+               "INSERT OR IGNORE INTO setting VALUES ('box', 0)",
+               nullptr, nullptr, nullptr);
+  sqlite3_prepare_v2(g_db, "UPDATE setting SET value = ? WHERE key = 'box'", -1, &g_update, nullptr);
+}
+
+Evas_Object* MinimumSize(Evas_Object* object, Evas_Object* parent, int w, int h) {
+  Evas_Object* table = elm_table_add(parent);
+  Evas_Object* rectangle = evas_object_rectangle_add(evas_object_evas_get(table));
+  evas_object_size_hint_min_set(rectangle, w, h);
+  evas_object_color_set(rectangle, 0, 0, 0, 0);
+  evas_object_size_hint_weight_set(object, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
+  evas_object_size_hint_align_set(object, EVAS_HINT_FILL, EVAS_HINT_FILL);
+  elm_table_pack(table, rectangle, 0, 0, 1, 1);
+  elm_table_pack(table, object, 0, 0, 1, 1);
+  evas_object_show(object);
+  evas_object_show(table);
+  return table;
+}
+
+void MakeWindow(const char* theme) {
+  elm_app_base_scale_set(2.0);
+  elm_theme_overlay_add(nullptr, theme);
+  g_window = elm_win_add(nullptr, "bare", ELM_WIN_BASIC);
+  Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(g_window));
+  ecore_event_window_register(reinterpret_cast<Ecore_Window>(canvas), canvas, ecore_evas_get(canvas), nullptr, nullptr,
+                              nullptr, nullptr);
+  evas_object_resize(g_window, 1920, 1080);
+  elm_win_alpha_set(g_window, EINA_TRUE);
+  elm_win_focus_highlight_style_set(g_window, "elmtv");
+  elm_win_focus_highlight_enabled_set(g_window, EINA_TRUE);
+  evas_object_show(g_window);
+}
+
+void MakePopup(const char* theme) {
+  Evas_Object* popup = elm_popup_add(g_window);
+  elm_object_style_set(popup, "C_PopupBasic_WhiteBottomLarge");
+  elm_popup_align_set(popup, ELM_NOTIFY_ALIGN_FILL, ELM_NOTIFY_ALIGN_FILL);
+  elm_object_part_text_set(popup, "title,text", "TV rating");
+  Evas_Object* button = elm_button_add(popup);
+  elm_object_style_set(button, "C_ButtonBasic_WhiteText");
+  elm_object_text_set(button, "Close");
+
+  Evas_Object* layout = elm_layout_add(popup);
+  elm_layout_file_set(layout, theme, "tv_rating_style");
+  for (size_t i = 0; i < std::size(kTexts); ++i) {
+    elm_object_part_text_set(layout, ("text" + std::to_string(i + 1)).c_str(), kTexts[i]);
+  }
+  for (int i = 0; i < kBoxes; ++i) {
+    g_boxes[i] = elm_check_add(layout);
+    elm_object_style_set(g_boxes[i], "menu_tvrating_checkbox");
+    elm_object_part_content_set(layout, ("check" + std::to_string(i)).c_str(), g_boxes[i]);
+  }
+  elm_object_part_content_set(popup, "elm.swallow.content", MinimumSize(layout, popup, 1280, 520));
+  elm_object_signal_emit(popup, "elm,popup,content,bg,hide", "elm");
+  evas_object_show(popup);
+  elm_object_part_content_set(popup, "button1", button);
+  evas_object_show(button);
+  elm_object_focus_set(g_boxes[0], EINA_TRUE);
+}
+
+void Press(const char* name) {
+  Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(g_window));
+  for (const int type : {ECORE_EVENT_KEY_DOWN, ECORE_EVENT_KEY_UP}) {
+    auto* event = static_cast<Ecore_Event_Key*>(calloc(1, sizeof(Ecore_Event_Key)));
+    event->keyname = event->key = name;
+    event->window = event->event_window = reinterpret_cast<Ecore_Window>(canvas);
+    ecore_event_add(
+        type, event, [](void*, void* data) { free(data); }, nullptr);
+  }
+}
+
+void Rest() {
+  const double until = Now() + 0.1;
+  while (Now() < until) ecore_main_loop_iterate();
+}
+
+/// Seconds from a press to its frame, one a line.
+void MeasureKeys(int presses) {
+  Evas* evas = evas_object_evas_get(g_window);
+  evas_event_callback_add(evas, EVAS_CALLBACK_RENDER_POST, Drawn, nullptr);
+  evas_object_smart_callback_add(g_boxes[6], "changed", Changed, nullptr);
+  elm_object_focus_set(g_boxes[6], EINA_TRUE);
+  for (int i = 0; i < presses; ++i) {
+    Rest();
+    g_drawn = false;
+    const double start = Now();
+    Press("Return");
+    while (!g_drawn) ecore_main_loop_iterate();
+    std::printf("%.9f\n", Now() - start);
+    Rest();
+    Press("Return");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 3) return 2;
+  setenv("ELM_DISPLAY", "buffer", 1);
+  setenv("ELM_ENGINE", "buffer", 1);
+  setenv("ELM_SCALE", "2.0", 1);
+  ecore_app_no_system_modules();
+  efreet_cache_disable();
+  elm_init(1, argv);
+  MakeWindow(argv[1]);
+  MakePopup(argv[1]);
+  Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(g_window));
+  ecore_evas_focus_set(canvas, EINA_FALSE);
+  ecore_evas_focus_set(canvas, EINA_TRUE);
+  if (std::strcmp(argv[2], "first-frame") == 0) {
+    evas_event_callback_add(evas_object_evas_get(g_window), EVAS_CALLBACK_RENDER_POST, FirstFrame, nullptr);
+    elm_run();
+  } else if (argc == 5) {
+    OpenDatabase(argv[3]);
+    elm_config_transition_duration_factor_set(0.0);
+    MeasureKeys(std::atoi(argv[4]));
+  }
+  return 0;
+}

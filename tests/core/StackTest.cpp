@@ -1,0 +1,303 @@
+// The event channel, and the stack of views that it drives.
+#include "EventManager.h"
+#include "Harness.h"
+#include "KeyManager.h"
+#include "View.h"
+#include "ViewManager.h"
+
+using test::Remote;
+using test::Tv;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+// --- events --------------------------------------------------------------------------------------
+
+constexpr int kType = 100, kOther = 101;
+
+/// A payload that says when it goes.
+class Payload : public IEventData {
+ public:
+  explicit Payload(bool& gone) : m_gone(gone) {}
+  ~Payload() override { m_gone = true; }
+  std::string GetMenuID() override { return "payload"; }
+
+ private:
+  bool& m_gone;
+};
+
+struct Deliveries {
+  std::vector<int> params;
+  int depth = 0, deepest = 0;
+};
+
+bool Take(void* data, CEvent* event) {
+  auto* deliveries = static_cast<Deliveries*>(data);
+  deliveries->deepest = std::max(deliveries->deepest, ++deliveries->depth);
+  deliveries->params.push_back(event->nParam1);
+  if (event->nParam2 > 0) {
+    CEventManager::GetInstance()->SendEvent(kType, event->nParam1 + 1, event->nParam2 - 1, nullptr, nullptr);
+  }
+  --deliveries->depth;
+  return false;
+}
+
+bool TakeTwice(void* data, CEvent* event) {
+  static_cast<Deliveries*>(data)->params.push_back(event->nParam1);
+  return Take(data, event);
+}
+
+bool LeaveAfterOne(void* data, CEvent* event) {
+  CEventManager::GetInstance()->UnregisterEventCallback(kType, LeaveAfterOne, data);
+  return Take(data, event);
+}
+
+TEST(Events, TheFirstRegistrationOfATypeStays) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    CEventManager* events = CEventManager::GetInstance();
+    Deliveries own, others;
+    EXPECT_EQ(events->GetRegisteredCallbackCountByType(kType), 0);
+    events->RegisterEventCallback(kType, Take, &own);
+    events->RegisterEventCallback(kType, TakeTwice, &own);
+    events->RegisterEventCallback(kType, Take, &others);
+    EXPECT_EQ(events->GetRegisteredCallbackCountByType(kType), 1);
+    events->UnregisterEventCallback(kType, Take, &others);
+    events->UnregisterEventCallback(kType, TakeTwice, &own);
+    events->UnregisterEventCallback(kOther, Take, &own);
+    EXPECT_EQ(events->GetRegisteredCallbackCountByType(kType), 1);
+    events->SendEvent(kType, 7, 0, nullptr, nullptr);
+    EXPECT_TRUE(own.params.empty()) << "posting calls nobody";
+    remote.Settle();
+    EXPECT_EQ(own.params, std::vector<int>{7});
+    EXPECT_TRUE(others.params.empty());
+    EXPECT_TRUE(test::Logged("[Debug]nEventType[100]"));
+    events->UnregisterEventCallback(kType, Take, &own);
+    EXPECT_EQ(events->GetRegisteredCallbackCountByType(kType), 0);
+  });
+}
+
+TEST(Events, ComeInOrderNeverNestedAndSurviveWhatCallbacksDo) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    CEventManager* events = CEventManager::GetInstance();
+    Deliveries own;
+    events->RegisterEventCallback(kType, Take, &own);
+    events->SendEvent(kType, 10, 2, nullptr, nullptr);
+    events->SendEvent(CEvent{kType, 20, 0, nullptr, nullptr});
+    remote.Settle();
+    EXPECT_EQ(own.params, (std::vector<int>{10, 20, 11, 12}));
+    EXPECT_EQ(own.deepest, 1);
+    events->UnregisterEventCallback(kType, Take, &own);
+
+    Deliveries once;
+    events->RegisterEventCallback(kType, LeaveAfterOne, &once);
+    events->SendEvent(kType, 1, 0, nullptr, nullptr);
+    events->SendEvent(kType, 2, 0, nullptr, nullptr);
+    remote.Settle();
+    EXPECT_EQ(once.params, std::vector<int>{1});
+  });
+}
+
+TEST(Events, APayloadGoesWithItsRecordEvenWhenNobodyListens) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    bool gone = false;
+    CEventManager::GetInstance()->SendEvent(kType, 0, 0, nullptr, new Payload(gone));
+    EXPECT_FALSE(gone);
+    remote.Settle();
+    EXPECT_TRUE(gone);
+  });
+}
+
+TEST(Events, RemovingAllLeavesTheProgramDeaf) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    CEventManager::GetInstance()->RemoveAllEvents();
+    EXPECT_TRUE(test::Logged("[Debug]there are still event callback to unregister."));
+    test::ClearLog();
+    CEventManager::GetInstance()->RemoveAllEvents();
+    EXPECT_TRUE(test::Log().empty());
+    remote.Press("Back");
+    EXPECT_FALSE(remote.HasExited());
+    EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
+  });
+}
+
+TEST(Events, PayloadsTakeNullForEmpty) {
+  CEventPositionData position(nullptr);
+  int x = -1, y = -1, w = -1;
+  position.GetPositionData(&x, &y, &w);
+  EXPECT_EQ(x + y + w, 0);
+  position.SetPositionData(1, 2, 3);
+  position.GetPositionData(&x, &y, &w);
+  EXPECT_EQ((std::array{x, y, w}), (std::array{1, 2, 3}));
+  CEventLaunchData launch(true, "a", "b");
+  CEventParentsIDData parents("id");
+  const auto id = [](IEventData&& data) { return data.GetMenuID(); };
+  EXPECT_EQ(position.GetMenuID() + launch.GetMenuID() + id(CEventStringData(nullptr)) +
+                id(CEventSwitchData(nullptr, nullptr, nullptr)),
+            "");
+  EXPECT_EQ(id(CEventSwitchData("first", "second", "third")) + parents.GetMenuID(), "firstid");
+}
+
+TEST(EventIDPoll, CountsTo1024AndBack) {
+  for (int id = 256; id <= 1024; ++id) ASSERT_EQ(EventIDPoll::GenerateWidgetID(), id);
+  EXPECT_EQ(EventIDPoll::GenerateWidgetID(), 1024);
+  EventIDPoll::DeleteWidgetID();
+  EXPECT_EQ(EventIDPoll::GenerateWidgetID(), 1024);
+  for (int i = 0; i < 800; ++i) EventIDPoll::DeleteWidgetID();
+  EXPECT_EQ(EventIDPoll::GenerateWidgetID(), 256);
+  EventIDPoll::DeleteWidgetID();
+  EXPECT_EQ(EventIDPoll::GenerateEventID(300, 5), 307205);
+  EXPECT_EQ(EventIDPoll::GenerateEventID(0x7FFFFFFF, 1), 2199023254529);
+}
+
+// --- the stack -----------------------------------------------------------------------------------
+
+/// A view that shows nothing and says what is asked of it.
+class ProbeView : public CView {
+ public:
+  ProbeView(const char* menuID, Texts& calls) : CView(menuID), m_calls(calls) {}
+  ~ProbeView() override { Say("delete"); }
+
+  bool m_takesKeys = false;
+  int m_timeOut = 60;
+
+ protected:
+  void t_Create() override { Say("create"), CView::t_Create(); }
+  void t_Destroy() override { Say("destroy"), CView::t_Destroy(); }
+  void t_Show() override { Say("show"), CView::t_Show(); }
+  bool t_PrepareHide() override { return Say("prepare"), CView::t_PrepareHide(); }
+  void t_Hide() override { Say("hide"), CView::t_Hide(); }
+  void t_Resume() override { Say("resume"), CView::t_Resume(); }
+  void t_Pause() override { Say("pause"), CView::t_Pause(); }
+  void t_Refresh() override { Say("refresh"), CView::t_Refresh(); }
+  int t_GetTimeOutSeconds() override { return m_timeOut; }
+  bool t_HandleMenuSpecialKeyCB(void*, int, void*) override { return m_takesKeys; }
+
+ private:
+  void Say(const char* what) { m_calls.push_back(t_MenuID + " " + what); }
+
+  Texts& m_calls;
+};
+
+void Post(Remote& remote, int type, int param1 = 0) {
+  CEventManager::GetInstance()->SendEvent(type, param1, 0, nullptr, nullptr);
+  remote.Settle();
+}
+
+TEST(Stack, EachViewGetsItsLifeCycleInOrder) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    Texts calls;
+    const auto took = [&calls] { return std::exchange(calls, {}); };
+    remote.Push(std::make_unique<ProbeView>("a", calls));
+    EXPECT_EQ(took(), (Texts{"a create", "a show"}));
+    auto* top = remote.Push(std::make_unique<ProbeView>("b", calls));
+    EXPECT_EQ(took(), (Texts{"a pause", "b create", "b show"}));
+    EXPECT_EQ(CViewManager::GetInstance()->GetCurrentView(), top);
+    EXPECT_STREQ(CViewManager::GetInstance()->GetLastOldView()->GetID(), "a");
+    Post(remote, EVENT_REFRESH_VIEW);
+    EXPECT_EQ(took(), Texts{"b refresh"});
+    Post(remote, EVENT_POP_VIEW);
+    EXPECT_EQ(took(), (Texts{"b prepare", "b hide", "a resume", "a refresh", "b destroy", "b delete"}));
+    Post(remote, EVENT_PAUSE_APP);
+    EXPECT_EQ(took(), (Texts{"a hide", "a destroy", "a delete"}));
+    EXPECT_FALSE(remote.HasExited());
+    for (const int type : {EVENT_REFRESH_VIEW, EVENT_POP_VIEW, EVENT_PAUSE_APP}) Post(remote, type);
+    EXPECT_TRUE(took().empty());
+    EXPECT_EQ(CViewManager::GetInstance()->GetCurrentView(), nullptr);
+    EXPECT_EQ(CViewManager::GetInstance()->GetLastOldView(), nullptr);
+  });
+  for (const char* line : {"[Debug]View ID : b", "[Debug]Refresh View ID : b", "[Debug]m_OnPopView",
+                           "[Info] End Pop View ", "[Debug]ViewStackSize : 2", "[Info]current view stack is empty"}) {
+    EXPECT_TRUE(test::Logged(line)) << line;
+  }
+}
+
+TEST(Stack, WhatIsLeftWhenTheProgramEndsIsDestroyed) {
+  Tv tv;
+  Texts calls;
+  test::Run({"tv-rating"}, [&](Remote& remote) { remote.Push(std::make_unique<ProbeView>("a", calls)); });
+  EXPECT_EQ(calls, (Texts{"a create", "a show", "a destroy", "a delete"}));
+}
+
+TEST(Stack, TheLastViewPopsAloneOrEndsTheProgram) {
+  for (const int keep : {0, 1}) {
+    Tv tv;
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      Post(remote, EVENT_POP_VIEW, keep);
+      EXPECT_EQ(remote.HasExited(), keep == 0);
+      EXPECT_TRUE(remote.Stack().empty());
+    });
+  }
+}
+
+TEST(Stack, PushesByWindowIDAndNeverTwice) {
+  Tv tv;
+  test::Run({"tv-rating"}, [&](Remote& remote) {
+    Post(remote, EVENT_PUSH_VIEW, 10);
+    EXPECT_TRUE(test::Logged("[Error]view exist"));
+    EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
+    Texts calls;
+    remote.Push(std::make_unique<ProbeView>("a", calls));
+    Post(remote, EVENT_PUSH_VIEW, 10);
+    EXPECT_STREQ(CViewManager::GetInstance()->GetCurrentView()->GetID(), "a") << "not even from further down";
+
+    for (const int id : {0, 20, 23, 26, -1}) {
+      test::ClearLog();
+      Post(remote, EVENT_PUSH_VIEW, id);
+      EXPECT_TRUE(test::Logged("[Error]Assertion failed")) << id;
+      EXPECT_EQ(test::Logged("[Debug]Invaild[" + std::to_string(id) + "]"), id < 1 || id > 25);
+    }
+    CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, 0, 0, nullptr, new CEventPositionData("no-such-control"));
+    test::ClearLog();
+    remote.Settle();
+    EXPECT_TRUE(test::Logged("[Debug]nX=0,nY=0,nW=0"));
+    EXPECT_TRUE(test::Logged("[Error]Assertion failed"));
+
+    Post(remote, EVENT_PAUSE_APP);
+    Post(remote, EVENT_PUSH_VIEW, 10);
+    ASSERT_EQ(remote.Stack(), Texts{"tv-rating"});
+    unsigned int key1 = 0, key2 = 9;
+    EXPECT_TRUE(CViewManager::GetInstance()->GetCurrentView()->GetViewKey(key1, key2));
+    EXPECT_EQ(key1, 10U);
+    EXPECT_EQ(key2, 0U);
+  });
+}
+
+TEST(Stack, AKeyThatTheTopViewTakesIsNotBack) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    Texts calls;
+    auto* view = remote.Push(std::make_unique<ProbeView>("a", calls));
+    view->m_takesKeys = true;
+    remote.Press("Back");
+    EXPECT_EQ(CViewManager::GetInstance()->GetCurrentView(), view);
+    EXPECT_TRUE(test::Logged("[Debug] This Key was handled by Top Position View "));
+    view->m_takesKeys = false;
+    remote.Press("Back");
+    EXPECT_STREQ(CViewManager::GetInstance()->GetCurrentView()->GetID(), "tv-rating");
+    EXPECT_FALSE(remote.HasExited());
+  });
+}
+
+TEST(Stack, TheTimeOutIsThatOfTheTopView) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    Texts calls;
+    auto view = std::make_unique<ProbeView>("a", calls);
+    view->m_timeOut = 0;
+    remote.Push(std::move(view));
+    remote.Wait(600);
+    EXPECT_FALSE(remote.HasExited());
+    Post(remote, EVENT_POP_VIEW);
+    remote.Wait(59);
+    EXPECT_FALSE(remote.HasExited());
+    remote.Wait(1.1);
+    EXPECT_TRUE(remote.HasExited());
+  });
+}
+
+}  // namespace

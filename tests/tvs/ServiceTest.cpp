@@ -1,0 +1,416 @@
+// The TV service over its database: channels, tuning, satellites as the scan tables have them, bad input.
+#include <Ecore.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <map>
+#include <random>
+#include <sstream>
+
+#include "ChannelUtil.h"
+#include "Clock.h"
+#include "Gate.h"
+#include "TvsTest.h"
+#include "TvsUtil.h"
+#include "Utils.h"
+#include "tvs/ScanTables.h"
+#include "tvs/Text.h"
+#include "tvs/Tuning.h"
+#include "vconf.h"
+
+namespace test {
+
+namespace {
+
+class ServiceTest : public TvsTest {
+ protected:
+  explicit ServiceTest(const std::string& profile = "europe") : TvsTest(profile) {}
+  static long long Current(int profile = 1) {
+    return std::stoll(Ask("SELECT service FROM picture WHERE profile = " + std::to_string(profile)));
+  }
+};
+
+/// One transponder as the text of a scan table has it.
+using Fields = std::map<std::string, std::string>;
+
+std::vector<Fields> ParseTable(const std::filesystem::path& file) {
+  std::vector<Fields> entries;
+  std::ifstream stream(file);
+  for (std::string line; std::getline(stream, line);) {
+    const size_t equals = line.find(" = ");
+    if (line.starts_with("[")) {
+      entries.emplace_back();
+    } else if (equals != std::string::npos && !entries.empty()) {
+      const size_t first = line.find_first_not_of(" \t");
+      entries.back()[line.substr(first, equals - first)] = line.substr(equals + 3);
+    }
+  }
+  return entries;
+}
+
+const std::map<std::string, std::string> kPolarisations = {
+    {"HORIZONTAL", "0"}, {"VERTICAL", "1"}, {"LEFT", "2"}, {"RIGHT", "3"}};
+const std::map<std::string, std::string> kRates = {{"AUTO", "0"}, {"1/2", "1"}, {"2/3", "2"},  {"3/4", "3"},
+                                                   {"3/5", "4"},  {"4/5", "5"}, {"5/6", "6"},  {"6/7", "7"},
+                                                   {"7/8", "8"},  {"8/9", "9"}, {"9/10", "10"}};
+const std::map<std::string, std::string> kStandards = {{"DVBS", "5"}, {"DVBS2", "6"}};
+
+}  // namespace
+
+TEST_F(ServiceTest, HoldsTheSatellitesOfTheScanTables) {
+  const std::filesystem::path directory = desktop::ScanTableDirectory() / "dvb-s";
+  const auto tables = desktop::SatelliteTables(directory);
+  ASSERT_GT(tables.size(), 100u);
+  EXPECT_EQ(Ask("SELECT count(*) FROM satellite WHERE user_defined = 0"), std::to_string(tables.size()));
+  EXPECT_EQ(Ask("SELECT group_concat(id) FROM satellite WHERE user_defined = 1"), "65505,65506,65507,65508");
+  EXPECT_EQ(Ask("SELECT min(id) || ' ' || max(id) FROM satellite WHERE user_defined = 0"),
+            "1 " + std::to_string(tables.size()));
+
+  const auto seed = std::random_device()();
+  std::mt19937 random(seed);
+  for (int i = 0; i < 3; ++i) {
+    const size_t at = random() % tables.size();
+    const auto expected = ParseTable(tables[at].file);
+    desktop::Query q(
+        "SELECT frequency, symbol_rate, polarisation, fec, standard FROM transponder WHERE satellite = ? ORDER BY id",
+        static_cast<int>(at + 1));
+    for (const Fields& fields : expected) {
+      if (!fields.count("SYMBOL_RATE")) continue;
+      ASSERT_TRUE(q.Row()) << tables[at].file << " seed " << seed;
+      EXPECT_EQ(q.Text(0), fields.at("FREQUENCY")) << tables[at].file;
+      EXPECT_EQ(q.Text(1) + "000", fields.at("SYMBOL_RATE")) << tables[at].file;
+      EXPECT_EQ(q.Text(2), kPolarisations.at(fields.at("POLARIZATION"))) << tables[at].file;
+      EXPECT_EQ(q.Text(3), kRates.at(fields.at("INNER_FEC"))) << tables[at].file;
+      EXPECT_EQ(q.Text(4), kStandards.at(fields.at("DELIVERY_SYSTEM"))) << tables[at].file;
+    }
+    EXPECT_FALSE(q.Row()) << tables[at].file << " seed " << seed;
+  }
+}
+
+TEST_F(ServiceTest, BadScanTablesAreNamedAndSkipped) {
+  TemporaryDirectory directory;
+  const std::string whole =
+      "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBS\n\tFREQUENCY = 11362000\n\tPOLARIZATION = HORIZONTAL\n"
+      "\tSYMBOL_RATE = 22000000\n\tINNER_FEC = 2/3\n";
+  const struct {
+    const char* name;
+    std::string text;
+    size_t entries, complaints;
+  } files[] = {{"Whole-1.0E", whole, 1, 0},
+               {"CutOff-2.0E", whole + "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBS\n\tFREQUENCY = 114", 1, 1},
+               {"Nonsense-3.0E", std::string("\x01\x02\xff nonsense \0 = [[[", 20), 0, 1},
+               {"Empty-4.0E", "", 0, 1}};
+  for (const auto& file : files) {
+    std::ofstream(directory / file.name) << file.text;
+    std::vector<std::string> complaints;
+    const auto entries =
+        desktop::ReadScanTable(directory / file.name, [&](const std::string& c) { complaints.push_back(c); });
+    EXPECT_EQ(entries.size(), file.entries) << file.name;
+    ASSERT_EQ(complaints.size(), file.complaints) << file.name;
+    for (const std::string& complaint : complaints)
+      EXPECT_NE(complaint.find(file.name), std::string::npos) << complaint;
+  }
+  EXPECT_EQ(desktop::OrbitalPosition("X-19.2E"), 192);
+  EXPECT_EQ(desktop::OrbitalPosition("X_5.0W"), 3550);
+  for (const char* name : {"X", "X-", "X-E", "X-19.2", "X-200E", "X-1.0E2"})
+    EXPECT_EQ(desktop::OrbitalPosition(name), -1) << name;
+}
+
+TEST_F(ServiceTest, MissingColumnsGiveTheDefaults) {
+  const long long id = Current();
+  std::string columns;
+  for (const char* column :
+       {"type", "number", "profile", "frequency", "bandwidth", "modulation", "symbol_rate", "program", "stream",
+        "locked_mode", "is_default", "network", "original_network", "satellite"}) {
+    columns += (columns.empty() ? "" : ", ") + std::string(column) + " = NULL";
+  }
+  Change("UPDATE service SET " + columns + ", major = 65535 WHERE id = " + std::to_string(id));
+  tvs_ch_info* record = CTvsUtil::m_TvServiceChannelGetInfo(false);
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->channelType, 0);
+  EXPECT_EQ(record->digital + record->analog + record->virtualChannel + record->lockedModeOff + record->isDefault, 0);
+  EXPECT_EQ(record->serviceId, static_cast<unsigned long long>(id));
+  for (const auto field :
+       {&tvs_ch_info::channelNumber, &tvs_ch_info::major, &tvs_ch_info::minor, &tvs_ch_info::programNumber,
+        &tvs_ch_info::transportStreamId, &tvs_ch_info::originalNetworkId, &tvs_ch_info::networkId}) {
+    EXPECT_EQ(record->*field, 65535);
+  }
+  for (const auto field : {&tvs_ch_info::serviceProfile, &tvs_ch_info::satelliteId, &tvs_ch_info::modulation,
+                           &tvs_ch_info::frequency, &tvs_ch_info::bandwidth}) {
+    EXPECT_EQ(record->*field, -1);
+  }
+  CTvsUtil::m_TvServiceChannelDelInfo(record);
+}
+
+TEST_F(ServiceTest, ChannelTypesSetTheirFlags) {
+  const std::map<int, std::string> flags = {{0, "0000"},   {1, "1010"},  {2, "2100"},  {3, "3010"},
+                                            {4, "4100"},   {5, "5000"},  {7, "7100"},  {9, "9001"},
+                                            {12, "12000"}, {13, "0000"}, {200, "0000"}};
+  for (const auto& [type, expected] : flags) {
+    Change("UPDATE service SET locked_mode = 0, type = " + std::to_string(type) +
+           " WHERE id = " + std::to_string(Current()));
+    tvs_ch_info* r = CTvsUtil::m_TvServiceChannelGetInfo(false);
+    ASSERT_TRUE(r);
+    EXPECT_EQ(std::to_string(r->channelType) + std::to_string(r->digital) + std::to_string(r->analog) +
+                  std::to_string(r->virtualChannel),
+              expected)
+        << type;
+    EXPECT_EQ(r->lockedModeOff, 1);
+    CTvsUtil::m_TvServiceChannelDelInfo(r);
+  }
+}
+
+TEST_F(ServiceTest, ChannelsFollowEachOtherRoundTheList) {
+  Change("UPDATE service SET type = 9 WHERE id = 3");
+  Change("UPDATE service SET type = 3 WHERE id = 4");
+  const long long last = std::stoll(Ask("SELECT max(id) FROM service WHERE antenna = 2 AND service_mode = 1"));
+  const struct {
+    int direction;
+    bool onlyDigital;
+    long long from, to;
+  } steps[] = {{0, false, 1, 2}, {0, false, 2, 4},    {0, true, 2, 5},
+               {1, true, 5, 2},  {1, false, 1, last}, {0, false, last, 1}};
+  for (const auto& step : steps) {
+    ASSERT_EQ(ChannelUtil::SetService(static_cast<unsigned long long>(step.from), false), 0);
+    EXPECT_TRUE(ChannelUtil::TuneChannel(false, step.direction, NAVIGATION_ALL, step.onlyDigital));
+    EXPECT_EQ(Current(), step.to) << "from " << step.from;
+  }
+  EXPECT_EQ(ChannelUtil::SetService(999999, false), -1);
+  EXPECT_EQ(Current(), 1);
+  const struct {
+    int category, mode;
+    unsigned long long parameter;
+  } categories[] = {{0, 0, 9}, {1, 11, 1}, {1, 12, 2}, {1, 13, 3}, {1, 0, 4}, {2, 7, 0}, {2, 6, 1},
+                    {3, 2, 0}, {3, 1, 1},  {3, 0, 2},  {4, 4, 24}, {5, 8, 7}, {6, 0, 0}, {6, 3, 1},
+                    {6, 3, 5}, {6, 0, 6},  {7, 10, 0}, {8, 16, 0}, {9, 0, 0}};
+  for (const auto& [category, mode, parameter] : categories) {
+    Change("REPLACE INTO tv_state VALUES ('category', " + std::to_string(category) + "), ('category_parameter', " +
+           std::to_string(parameter) + ")");
+    EXPECT_EQ(ChannelUtil::GetTVNavigationMode(), mode) << category << " " << parameter;
+  }
+}
+
+TEST_F(ServiceTest, ATuneTakesTimeAndEndsInItsSignal) {
+  static int told;
+  told = 0;
+  const auto tell = [](ESignalType, EProfile, unsigned short, const TSSignalData& data, void*) {
+    told = static_cast<int>(data.serviceId);
+    return 0;
+  };
+  TVServiceAPI::ISignalSubscriber* subscriber = nullptr;
+  ASSERT_GT(TVServiceAPI::CreateSignalSubscriber(tell, &subscriber), 0);
+  ASSERT_GT(subscriber->Subscribe(SIGNAL_TUNE_SUCCESS, 0, 1, 0, tell), 0);
+  static int wakes;
+  wakes = 0;
+  desktop::SetTuneWaker([](int milliseconds) { wakes = milliseconds; });
+  ASSERT_EQ(CTvsUtil::SetService(500, false), 0);
+  EXPECT_GT(wakes, 0);
+  EXPECT_FALSE(CTvsUtil::GetTunerLockStatus());
+  EXPECT_EQ(CTvsUtil::GetCurrentState(PROFILE_MAIN), 1);
+  EXPECT_EQ(CTvsUtil::GetSignalQuality(), 0);
+  EXPECT_EQ(told, 0);
+  MoveClock(1.3);
+  desktop::DeliverTunes();
+  EXPECT_EQ(told, 500);
+  EXPECT_TRUE(CTvsUtil::GetTunerLockStatus());
+  EXPECT_EQ(CTvsUtil::GetCurrentState(PROFILE_MAIN), 0);
+  Change(
+      "UPDATE transponder SET strength = 57, quality = 80, ber = 120, snr = 1234 WHERE id = (SELECT transponder FROM "
+      "picture WHERE profile = 1)");
+  EXPECT_EQ(CTvsUtil::GetSignalStrength(), 57);
+  EXPECT_EQ(CTvsUtil::GetSignalQuality(), 80);
+  EXPECT_EQ(CTvsUtil::GetBitErrorRate(), 120);
+  EXPECT_EQ(CTvsUtil::GetSNR(), 1234);
+  // A transponder without signal is never a success.
+  told = 0;
+  Change("UPDATE transponder SET strength = 0 WHERE id = (SELECT transponder FROM service WHERE id = 510)");
+  ASSERT_EQ(CTvsUtil::SetService(510, false), 0);
+  MoveClock(5);
+  desktop::DeliverTunes();
+  EXPECT_EQ(told, 0);
+  EXPECT_GT(subscriber->Unsubscribe(SIGNAL_TUNE_SUCCESS, 1, 0, tell), 0);
+  delete subscriber;
+  desktop::SetTuneWaker(nullptr);
+}
+
+TEST_F(ServiceTest, ATuneRefreshesTheMenuWhileItIsSubscribed) {
+  const auto iterate = [] {
+    ecore_timer_add(
+        0.01,
+        [](void*) -> Eina_Bool {
+          ecore_main_loop_quit();
+          return ECORE_CALLBACK_CANCEL;
+        },
+        nullptr);
+    ecore_main_loop_begin();
+  };
+  const auto refreshed = [&] { return m_tv.GetInt("db/menu/refresh_menu") == 1; };
+  ecore_app_no_system_modules();
+  ecore_init();
+  CTvsUtil::SubscribeForTuneSuccessSignal();
+  CTvsUtil::SubscribeForTuneSuccessSignal();
+  iterate();
+  EXPECT_TRUE(Contains(TakeLog(), "Succesfully subscribed for signal SIGNAL_TUNE_SUCCESS"));
+  EXPECT_TRUE(refreshed());
+  for (const bool listens : {true, false}) {
+    m_tv.Set("db/menu/refresh_menu", "0");
+    ASSERT_EQ(CTvsUtil::SetService(listens ? 600 : 610, false), 0);
+    EXPECT_FALSE(refreshed());
+    MoveClock(2);
+    desktop::DeliverTunes();
+    EXPECT_EQ(refreshed(), listens);
+    CTvsUtil::UnsubscribeForTuneSuccessSignal();
+    iterate();
+  }
+  EXPECT_TRUE(Contains(TakeLog(), "Succesfully unsubscribed for signal SIGNAL_TUNE_ACCESS"));
+  // Taken back before the main loop has run it, and while it is subscribed.
+  CTvsUtil::SubscribeForTuneSuccessSignal();
+  CTvsUtil::Clean();
+  iterate();
+  EXPECT_FALSE(Contains(TakeLog(), "Succesfully subscribed"));
+  CTvsUtil::SubscribeForTuneSuccessSignal();
+  iterate();
+  CTvsUtil::Clean();
+  EXPECT_TRUE(Contains(TakeLog(), "Succesfully unsubscribed"));
+  ecore_shutdown();
+}
+
+TEST_F(ServiceTest, MovingTheCurrentChannel) {
+  ASSERT_EQ(CTvsUtil::SetService(1126, false), 0);
+  const std::string band = Ask("SELECT bandwidth FROM service WHERE id = 1126"),
+                    from = Ask("SELECT frequency FROM service WHERE id = 1126");
+  EXPECT_EQ(ChannelUtil::SetBandFreqForSignalInformation(BANDWIDTH_7, std::stoi(from)), -1);
+  ForgetKept();
+  EXPECT_EQ(CTvsUtil::SetBandFreqForSignalInformation(static_cast<EBandwidth>(std::stoi(band)), std::stoi(from)), -1);
+  // Where a service is stored, it is tuned to; elsewhere the current one moves there.
+  const std::string other = Ask("SELECT min(frequency) FROM service WHERE antenna = 0 AND frequency > " + from);
+  EXPECT_EQ(ChannelUtil::SetBandFreqForSignalInformation(static_cast<EBandwidth>(std::stoi(band)), std::stoi(other)),
+            0);
+  EXPECT_EQ(Ask("SELECT s.frequency FROM picture p JOIN service s ON s.id = p.service WHERE p.profile = 1"), other);
+  const long long moved = Current();
+  EXPECT_NE(moved, 1126);
+  EXPECT_EQ(ChannelUtil::SetBandFreqForSignalInformation(BANDWIDTH_7, 123456), 0);
+  EXPECT_EQ(Current(), moved);
+  EXPECT_EQ(Ask("SELECT frequency || ' ' || bandwidth || ' ' || ifnull(transponder, '-') FROM service WHERE id = " +
+                std::to_string(moved)),
+            "123456 2 -");
+  MoveClock(5);
+  EXPECT_FALSE(CTvsUtil::GetTunerLockStatus());
+}
+
+TEST_F(ServiceTest, UserTransponders) {
+  const std::string near = Ask("SELECT strength FROM transponder WHERE satellite = 24 ORDER BY id LIMIT 1");
+  desktop::Query t(
+      "SELECT frequency, symbol_rate, polarisation FROM transponder WHERE satellite = 24 ORDER BY id LIMIT 1");
+  ASSERT_TRUE(t.Row());
+  const std::string prefix = "db/menu/broadcasting/channel-settings/satellite-system/";
+  m_tv.Set(prefix + "lnb-settings/satellite", "24");
+  m_tv.Set(prefix + "user-defined-transponder/frequency", t.Text(0));
+  m_tv.Set(prefix + "user-defined-transponder/symbolrate", t.Text(1));
+  m_tv.Set(prefix + "user-defined-transponder/polarity", t.Text(2));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(ChannelUtil::TuneAloneSelectedTransponder(false));
+  EXPECT_EQ(Ask("SELECT count(*) || ' ' || max(id) FROM transponder WHERE user_defined = 1"), "1 60000");
+  EXPECT_EQ(Ask("SELECT transponder FROM picture WHERE profile = 1"), "60000");
+  EXPECT_EQ(std::to_string(CTvsUtil::GetSignalStrength()), near);
+  CTvsUtil::transponderID = 424242;
+  EXPECT_FALSE(CTvsUtil::TuneAloneSelectedTransponder(false));
+  Change("DELETE FROM service");
+  const std::string before = Ask("SELECT tuned_at FROM picture WHERE profile = 1");
+  CTvsUtil::SetDefaultChannelAfterSatellitePropertyChanges();
+  EXPECT_EQ(Ask("SELECT tuned_at FROM picture WHERE profile = 1"), before);
+}
+
+TEST_F(ServiceTest, NotesOfWeakSignal) {
+  const struct {
+    const char *entry, *date, *time, *other;
+  } notes[] = {{"0:7:1:2:3:1", "----/--/--", "--:--", "UHD 7-1"},
+               {"0:65535:65535:2:3:0", "----/--/--", "--:--", "65535"},
+               {"0:65535:3:2:3:0", "----/--/--", "--:--", "65535-3"},
+               {"0:12:65535:7:1:0:99:99", "----/--/--", "--:--", "12"}};
+  char date[512], time[512], other[512];
+  for (const auto& note : notes) {
+    ASSERT_EQ(ChannelUtil::GetHistoryItemInfo(note.entry, date, time, other), 0) << note.entry;
+    EXPECT_EQ(std::string(date) + "|" + time + "|" + other, std::string(note.date) + "|" + note.time + "|" + note.other)
+        << note.entry;
+  }
+  EXPECT_EQ(ChannelUtil::GetHistoryItemInfo("", date, time, other), -1);
+  EXPECT_EQ(ChannelUtil::GetHistoryItemInfo(":::", date, time, other), -1);
+}
+
+TEST(ServiceNameTest, BrokenNamesStayBroken) {
+  EXPECT_EQ(desktop::ToUtf16("Añ€"), u"Añ€");
+  EXPECT_EQ(desktop::ToUtf16("\xF0\x9F\x93\xBA"), u"\U0001F4FA");
+  EXPECT_EQ(desktop::ToUtf16("a\xED\xA0\x80"
+                             "b"),
+            (std::u16string{u'a', char16_t(0xD800), u'b'}));
+  EXPECT_EQ(desktop::ToUtf16("a\xFF\xC3"), u"a\uFFFD\uFFFD");
+}
+
+TEST_F(ServiceTest, SignalInformationTypes) {
+  const struct {
+    int model, setTune, antenna, country, expected;
+  } rows[] = {{0, 1, 2, 8, 5}, {2, 0, 0, 8, 5}, {87, 1, 2, 8, 5}, {34, 1, 2, 8, 0}, {85, 0, 0, 8, 1}, {72, 0, 1, 8, 0},
+              {8, 1, 2, 8, 3}, {8, 0, 0, 8, 2}, {8, 1, 0, 8, 4},  {8, 0, 0, 10, 3}, {8, 1, 0, 10, 4}, {8, 0, 1, 28, 3}};
+  const std::map<int, std::pair<int, int>> channels = {{2, {1, 1}}, {0, {-1, 1126}}, {1, {-1, 1276}}};
+  for (const auto& row : rows) {
+    Change("REPLACE INTO model_value VALUES (1, " + std::to_string(row.model) + "), (94, " +
+           std::to_string(row.setTune) + ")");
+    m_tv.Set("system_settings/57", std::to_string(row.country));
+    ASSERT_EQ(ChannelUtil::SetService(static_cast<unsigned long long>(channels.at(row.antenna).second), false), 0);
+    ForgetKept();
+    EXPECT_EQ(ChannelUtil::GetSignalInfoType(), row.expected) << row.model << " " << row.antenna << " " << row.country;
+    EXPECT_EQ(CTvsUtil::GetSignalInfoType(), row.expected) << row.model << " " << row.antenna << " " << row.country;
+  }
+}
+
+namespace {
+
+/// The other process: zaps through the list and sets the figures that belong to each channel.
+[[noreturn]] void Zap(const std::string& path) {
+  desktop::Store::Open(path);
+  try {
+    for (unsigned long long n = 0;; ++n) {
+      const unsigned long long id = n % 200 + 1;
+      desktop::Store::Get().Write(
+          [&] {
+            desktop::BeginTune(PROFILE_MAIN, id);
+            desktop::Query("UPDATE setting SET value = ? WHERE key = 'db/menu/refresh_menu'", static_cast<int64_t>(id))
+                .Run();
+          },
+          false);
+    }
+  } catch (const std::exception&) {
+    _exit(1);
+  }
+}
+
+}  // namespace
+
+TEST_F(ServiceTest, TwoProcessesOnOneTv) {
+  // Every figure of a channel is its number, so that a torn record shows.
+  Change("UPDATE service SET frequency = id, program = id, stream = id, number = id, transponder = id WHERE id <= 200");
+  desktop::Store::Close();
+  const pid_t child = fork();
+  if (child == 0) Zap(m_tv.Path());
+  desktop::Store::Open(m_tv.Path());
+  int wrong = 0;
+  for (int i = 0; i < 10000; ++i) {
+    tvs_ch_info* r = ChannelUtil::m_TvServiceChannelGetInfo(false);
+    int key = -1;
+    const bool whole = r && r->frequency == static_cast<int>(r->serviceId) && r->programNumber == r->frequency &&
+                       r->transportStreamId == r->frequency && r->major == r->frequency;
+    wrong += !whole || vconf_get_int("db/menu/refresh_menu", &key) != 0 || key < 0 || key > 200;
+    if (i % 10 == 0) wrong += ChannelUtil::GetSignalStrength() == 0;
+    ChannelUtil::m_TvServiceChannelDelInfo(r);
+  }
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, WNOHANG), 0) << "the other process has ended: " << status;
+  kill(child, SIGKILL);
+  waitpid(child, &status, 0);
+  EXPECT_EQ(wrong, 0);
+  EXPECT_FALSE(Contains(TakeLog(), "locked"));
+}
+
+}  // namespace test

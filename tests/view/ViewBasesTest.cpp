@@ -1,0 +1,276 @@
+// The bases of all windows, by small windows of the test's own shown in the real program.
+#include "EventManager.h"
+#include "Harness.h"
+#include "RootWindow.h"
+#include "ThemeNames.h"
+#include "ViewNotifyWindowBase.h"
+#include "ViewProgressWindowBase.h"
+#include "WidgetDim.h"
+
+using test::Remote;
+using test::Tv;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+void Pop(Remote& remote) {
+  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
+  remote.Settle();
+}
+
+// --- buttons -------------------------------------------------------------------------------------
+
+class ButtonsWindow : public CViewWindowBase {
+ public:
+  explicit ButtonsWindow(int count, const char* title = "")
+      : CViewWindowBase("buttons"), m_count(count), m_title(title) {}
+
+  Texts m_calls;
+  std::string m_style = theme::kBottomLarge;
+  int m_type = BASE_TYPE_POPUP;
+
+ protected:
+  int t_GetBaseType() override { return m_type; }
+  std::string t_GetBaseStyle() override { return m_style; }
+  std::string t_GetWindowTitleText() override { return m_title; }
+  void t_InitWindowProperty() override { t_DefaultButtonNum = m_count; }
+  void t_ProcessDefaultButtonOneFocusCallBack() override { m_calls.push_back("focus 1"); }
+  void t_ProcessDefaultButtonTwoFocusCallBack() override { m_calls.push_back("focus 2"); }
+  void t_ProcessDefaultButtonThreeFocusCallBack() override { m_calls.push_back("focus 3"); }
+  void t_ProcessDefaultButtonOneUnFocusCallBack() override { m_calls.push_back("unfocus 1"); }
+  void t_ProcessDefaultButtonTwoUnFocusCallBack() override { m_calls.push_back("unfocus 2"); }
+  void t_ProcessDefaultButtonThreeUnFocusCallBack() override { m_calls.push_back("unfocus 3"); }
+  void t_ProcessDefaultButtonOneClickCallBack() override { m_calls.push_back("click 1"); }
+  void t_ProcessDefaultButtonTwoClickCallBack() override { m_calls.push_back("click 2"); }
+  void t_ProcessDefaultButtonThreeClickCallBack() override { m_calls.push_back("click 3"); }
+  void t_ProcessDefaultButtonOneKeyPressCallBack(std::string key) override { m_calls.push_back(key + " 1"); }
+  void t_ProcessDefaultButtonTwoKeyPressCallBack(std::string key) override { m_calls.push_back(key + " 2"); }
+  void t_ProcessDefaultButtonThreeKeyPressCallBack(std::string key) override { m_calls.push_back(key + " 3"); }
+
+ private:
+  int m_count;
+  std::string m_title;
+};
+
+TEST(WindowBase, HasAsManyButtonsAsItAsksFor) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    Pop(remote);
+    const Texts texts[] = {{}, {"Close"}, {"OK", "Close"}, {"OK", "Close", "Close"}};
+    for (int count = 0; count <= 3; ++count) {
+      test::ClearLog();
+      remote.Push(std::make_unique<ButtonsWindow>(count, "A title"));
+      const Json::Value screen = remote.Screen();
+      EXPECT_EQ(screen["title"].asString(), "A title");
+      ASSERT_EQ(screen["buttons"].size(), static_cast<unsigned int>(count));
+      for (int i = 0; i < count; ++i) EXPECT_EQ(screen["buttons"][i]["text"].asString(), texts[count][i]);
+      EXPECT_EQ(test::Logged("[Debug]DefaultNum:" + std::to_string(count)), count > 0);
+      Pop(remote);
+      EXPECT_TRUE(remote.Texts().empty());
+    }
+  });
+}
+
+TEST(WindowBase, EachButtonCallsItsOwnOperations) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    auto* window = remote.Push(std::make_unique<ButtonsWindow>(3));
+    EXPECT_TRUE(test::Logged("[Debug]no title for this item - intentionally, due to new policy"));
+    EXPECT_EQ(remote.Screen()["title"].asString(), "");
+    const auto took = [&] { return std::exchange(window->m_calls, {}); };
+    EXPECT_EQ(took(), Texts{"focus 1"});
+    remote.Press("Return");
+    EXPECT_EQ(took(), (Texts{"Return 1", "click 1"}));
+    remote.Press("Right");
+    EXPECT_EQ(took(), (Texts{"Right 1", "unfocus 1", "focus 2"}));
+    remote.Press("Right Return");
+    EXPECT_EQ(took(), (Texts{"Right 2", "unfocus 2", "focus 3", "Return 3", "click 3"}));
+    remote.Press("Left Return 5");
+    EXPECT_EQ(took(), (Texts{"Left 3", "unfocus 3", "focus 2", "Return 2", "click 2", "5 2"}));
+  });
+}
+
+TEST(WindowBase, AsksForTheHighContrastVariantOfOneStyle) {
+  struct Case {
+    const char *contrast, *style, *final;
+  };
+  for (const Case& c : {Case{"0", "picturemodepopup_2017", "picturemodepopup_2017"},
+                        Case{"1", "picturemodepopup_2017", "picturemodepopup_2017_hc"},
+                        Case{"1", theme::kBottomLarge, theme::kBottomLarge}}) {
+    Tv tv;
+    tv.Set("db/menu/system/accessibility/highcontrast", c.contrast);
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      auto window = std::make_unique<ButtonsWindow>(0);
+      window->m_style = c.style;
+      remote.Push(std::move(window));
+      EXPECT_TRUE(test::Logged("[Debug]BaseInfo:Type[2],TmpStyle[" + std::string(c.style) + "]"));
+      EXPECT_TRUE(test::Logged("[Debug]Final Style[" + std::string(c.final) + "]"));
+      test::TakeToolkitErrors();  // a theme may have no such style yet
+    });
+  }
+}
+
+TEST(WindowBase, WithoutAMainBaseItStillLivesAndGoes) {
+  struct Case {
+    int type;
+    const char* message;
+  };
+  for (const Case& c : {Case{BASE_TYPE_LAYOUT, "[Error]failed to layout file set"}, Case{3, nullptr}}) {
+    Tv tv;
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      auto window = std::make_unique<ButtonsWindow>(3, "A title");
+      window->m_style = "no-such-group";
+      window->m_type = c.type;
+      remote.Push(std::move(window));
+      test::TakeToolkitErrors();  // the missing group
+      EXPECT_TRUE(!c.message || test::Logged(c.message));
+      EXPECT_TRUE(test::Logged("[Debug]Create MainBase Failed"));
+      remote.Press("Return 5 Back");
+      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
+    });
+  }
+}
+
+TEST(RootWindow, MakesNothingBeforeThereIsAWindow) {
+  Tv tv;
+  for (const int type : {1, 2, 3})
+    EXPECT_EQ(CRootWindow::CreateBase(static_cast<base_type>(type), "dimRect", "file"), nullptr);
+  EXPECT_EQ(test::Log(), (Texts{"[Debug]", "[Error]Null", "[Debug]", "[Error]Null", "[Debug]", "[Error]Null"}));
+}
+
+// --- notices -------------------------------------------------------------------------------------
+
+class Notice : public CViewNotifyWindowBase {
+ public:
+  explicit Notice(const char* text, bool dim = false) : CViewNotifyWindowBase("notice"), m_text(text) {
+    t_FlagDim = dim;
+  }
+
+ protected:
+  void t_GetDisplayText(char* buffer) override {
+    m_text ? static_cast<void>(snprintf(buffer, kDisplayTextSize, "%s", m_text))
+           : CViewNotifyWindowBase::t_GetDisplayText(buffer);
+  }
+
+ private:
+  const char* m_text;
+};
+
+TEST(Notice, ShowsItsTextTranslatedAboveOneButton) {
+  for (const auto& [id, text] :
+       std::map<const char*, const char*>{{"SID_SATELLITE_SELECTION", "Satellite selection"}, {nullptr, "null"}}) {
+    Tv tv;
+    test::Run({"tv-rating"}, [&, id = id, text = text](Remote& remote) {
+      Pop(remote);
+      remote.Push(std::make_unique<Notice>(id));
+      EXPECT_EQ(remote.Texts(), (Texts{text, "OK"}));
+      EXPECT_EQ(remote.Focus(), "OK");
+      EXPECT_TRUE(test::Logged("[Info]displaytext is: " + std::string(id ? id : "null")));
+    });
+  }
+}
+
+TEST(Notice, DimsTheScreenAsLongAsItIsThere) {
+  const auto isDim = [](Remote& remote) { return remote.ColourAt(10, 10) >> 24 != 0; };
+  for (const bool dim : {false, true}) {
+    Tv tv;
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      EXPECT_FALSE(isDim(remote));
+      remote.Push(std::make_unique<Notice>("SID_CLOSE", dim));
+      EXPECT_EQ(isDim(remote), dim);
+      if (dim) {
+        CWidgetDim::GetInstance()->Hide();
+        remote.Settle();
+        EXPECT_FALSE(isDim(remote));
+        CWidgetDim::GetInstance()->Show();
+        remote.Settle();
+        EXPECT_TRUE(isDim(remote));
+      }
+      Pop(remote);
+      EXPECT_FALSE(isDim(remote));
+      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
+      EXPECT_EQ(remote.Focus(), "All, TV-Y") << "the focus is back where it was";
+    });
+  }
+}
+
+// --- progress ------------------------------------------------------------------------------------
+
+class ProgressWindow : public CViewProgressWindowBase {
+ public:
+  /// The step that fails: 0 none, 1 content, 2 bar, 3 other parts.
+  explicit ProgressWindow(int failing = 0) : CViewProgressWindowBase("progress"), m_failing(failing) {}
+  WidgetProgressBar* Bar() { return t_pProgressBar.get(); }
+
+  Texts m_keys;
+
+ protected:
+  std::string t_GetBaseStyle() override { return theme::kBottomLarge; }
+  // A group that has a part for the bar and one for its text.
+  void t_SetContentSettingInfo() override {
+    if (m_failing != 1) t_ContentGroup = theme::kRatingGrid;
+    t_ContentMinWidth = 800, t_ContentMinHeight = 200;
+  }
+  void t_SetProgressSettingInfo() override { t_ProgressPart = "check9", t_ProgressText = "text12"; }
+  std::unique_ptr<WidgetProgressBar> t_CreateProgressBar(Evas_Object* parent) override {
+    return CViewProgressWindowBase::t_CreateProgressBar(m_failing == 2 ? nullptr : parent);
+  }
+  bool t_CreateOtherPartIntoContentLayout(Evas_Object*) override { return m_failing != 3; }
+  void t_ProcessProgressBarKeyPress(std::string key) override { m_keys.push_back(key); }
+
+ private:
+  int m_failing;
+};
+
+TEST(Progress, ShowsItsValueInWholePercentCut) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    Pop(remote);
+    auto* window = remote.Push(std::make_unique<ProgressWindow>());
+    EXPECT_EQ(remote.Texts(), Texts{"0%"});
+    for (const auto& [value, text] : std::map<double, const char*>{{0.505, "50%"}, {0.999, "99%"}, {1.0, "100%"}}) {
+      window->Bar()->SetItemData(value);
+      remote.Settle();
+      EXPECT_EQ(remote.Texts(), Texts{text});
+    }
+    EXPECT_EQ(remote.Screen()["progress"].asInt(), 100);
+    window->Bar()->EnableProgressTextFlag(false, "text12");
+    window->Bar()->SetItemData(0.25);
+    remote.Settle();
+    EXPECT_EQ(remote.Texts(), Texts{"100%"}) << "no text follows the value any more";
+    EXPECT_EQ(remote.Screen()["progress"].asInt(), 25);
+    EXPECT_TRUE(remote.Screen()["buttons"].empty());
+  });
+}
+
+TEST(Progress, ItsBarTakesKeys) {
+  Tv tv;
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    Pop(remote);
+    auto* window = remote.Push(std::make_unique<ProgressWindow>());
+    elm_object_focus_allow_set(window->Bar()->GetObject(), EINA_TRUE);
+    window->Bar()->SetFocus(true);
+    remote.Press("Return 7");
+    EXPECT_EQ(window->m_keys, (Texts{"Return", "7"}));
+  });
+}
+
+TEST(Progress, AFailingStepTakesTheWindowDownAgain) {
+  const Texts messages[] = {{"[Debug]Layout File Failed :[No Defined]", "[Debug]Content Failed"},
+                            {"[Debug]Null Pointer:t_pMainBase", "[Debug]Progress Bar Failed"},
+                            {"[Debug]Other Part Failed"}};
+  for (int failing = 1; failing <= 3; ++failing) {
+    Tv tv;
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      auto* window = remote.Push(std::make_unique<ProgressWindow>(failing));
+      test::TakeToolkitErrors();  // the missing group
+      for (const std::string& message : messages[failing - 1]) EXPECT_TRUE(test::Logged(message)) << message;
+      EXPECT_EQ(window->GetMainBase(), nullptr);
+      EXPECT_EQ(window->Bar(), nullptr);
+      remote.Press("Back");
+      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
+    });
+  }
+}
+
+}  // namespace
