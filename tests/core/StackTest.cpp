@@ -219,7 +219,10 @@ TEST(Stack, EachViewGetsItsLifeCycleInOrder) {
 TEST(Stack, WhatIsLeftWhenTheProgramEndsIsDestroyed) {
   Tv tv;
   Texts calls;
-  test::Run({"tv-rating"}, [&](Remote& remote) { remote.Push(std::make_unique<ProbeView>("a", calls)); });
+  test::Run({"tv-rating"}, [&](Remote& remote) {
+    remote.Push(std::make_unique<ProbeView>("a", calls));
+    remote.End();
+  });
   EXPECT_EQ(calls, (Texts{"a create", "a show", "a destroy", "a delete"}));
 }
 

@@ -96,14 +96,22 @@ TEST(Displays, X11TakesRealKeys) {
   ASSERT_TRUE(Until([&] {
     return display.Ask({"xdotool", "getwindowfocus", "getwindowname"}) == 0 && display.Answer() == "quirelle\n";
   })) << test::ReadWhole(tv / "out");
-  const auto press = [&](const char* key) { EXPECT_EQ(display.Ask({"xdotool", "key", key}), 0); };
-  press("Down");
-  press("Return");
+  // Answered when the program has come to rest with the focus that it was given.
+  EXPECT_EQ(tv.Tv({"resume"}).status, 0);
+  const auto press = [&](const char* key, const std::string& remote) {
+    const size_t before = test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]");
+    EXPECT_EQ(display.Ask({"xdotool", "key", key}), 0);
+    EXPECT_TRUE(Until([&] { return test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]") != before; }, 5))
+        << key << "\n"
+        << test::ReadWhole(tv / "tv.log");
+  };
+  press("Down", "Down");
+  press("Return", "Return");
   EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "48"; })) << tv.Get(kRating + "tv_y7");
-  press("space");
-  EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "0"; })) << tv.Get(kRating + "tv_y7");
+  press("space", "Return");
+  EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "0"; })) << test::ReadWhole(tv / "tv.log");
   EXPECT_FALSE(program.Wait(0)) << "ended too early";
-  press("Escape");
+  press("Escape", "XF86Back");
   EXPECT_EQ(program.Wait(), 0);
 }
 

@@ -21,6 +21,7 @@
 #include "CacheManager.h"
 #include "Clock.h"
 #include "Dump.h"
+#include "EventManager.h"
 #include "Gate.h"
 #include "Keys.h"
 #include "LogOutput.h"
@@ -77,6 +78,13 @@ void ForgetProcess() {
   CVoiceGuide::ReleaseInstance();
   CCacheManager::FlushCache();
   CRootWindow::DeleteWindow();
+}
+
+/// A program that a test leaves running would leave its key handlers to the next one.
+void EndProgram(desktop::Application& application) {
+  if (application.HasExited()) return;
+  CEventManager::GetInstance()->SendEvent(EVENT_EXIT_APP, 0, 0, nullptr, nullptr);
+  application.Settle();
 }
 
 /// The toolkit stays up from the first run to the end of the tests: it cannot be brought up twice.
@@ -288,6 +296,8 @@ bool Remote::IsOn(const std::string& name) {
 
 bool Remote::HasExited() { return desktop::Application::Current()->HasExited(); }
 
+void Remote::End() { desktop::Application::Current()->Exit(); }
+
 void Remote::TakeFocus() {
   desktop::TakeFocus();
   Settle();
@@ -324,6 +334,7 @@ void Run(const std::vector<std::string>& words, const Body& body) {
     } catch (const std::exception& error) {
       ADD_FAILURE() << error.what();
     }
+    EndProgram(application);
   });
 
   std::vector<std::string> arguments = {"quirelle"};

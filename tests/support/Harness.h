@@ -81,6 +81,8 @@ class Remote {
   /// Colour of the screen at a place, as 0xAARRGGBB.
   unsigned int ColourAt(int x, int y);
   bool HasExited();
+  /// The framework ends the program, as when the set is switched off: its views are still there.
+  void End();
   void TakeFocus();
   void Pause();
   void Resume();

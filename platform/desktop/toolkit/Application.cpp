@@ -107,6 +107,7 @@ bool Application::Start() {
   if (m_options.log) LogToStandardError(*m_options.log);
   UseLanguage();
   StartToolkit();
+  m_marker = ecore_event_type_new();
   m_filter = ecore_event_filter_add(nullptr, EventCB, nullptr, this);
   m_signal = ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, SignalCB, this);
   m_idle = ecore_idle_enterer_add(IdleCB, this);
@@ -170,10 +171,18 @@ void Application::Settle() {
       ecore_animator_custom_tick();
     }
     ecore_main_loop_iterate_may_block(g_clock ? 0 : 1);
+    DeliverEvents();
     if (m_active) all += std::exchange(frames, 0);
     m_active = false;
   }
   ecore_animator_del(animator);
+}
+
+/// A turn of the loop may deal with timers alone: an event of our own comes last of those that wait.
+void Application::DeliverEvents() {
+  m_marked = false;
+  ecore_event_add(m_marker, nullptr, [](void*, void*) {}, nullptr);
+  while (!m_marked) ecore_main_loop_iterate_may_block(0);
 }
 
 void Application::Wait(double seconds) {
@@ -284,8 +293,9 @@ Eina_Bool Application::SignalCB(void* data, int, void*) {
   return ECORE_CALLBACK_DONE;
 }
 
-Eina_Bool Application::EventCB(void* data, void*, int, void*) {
-  static_cast<Application*>(data)->m_active = true;
+Eina_Bool Application::EventCB(void* data, void*, int type, void*) {
+  auto* application = static_cast<Application*>(data);
+  (type == application->m_marker ? application->m_marked : application->m_active) = true;
   return EINA_TRUE;
 }
 

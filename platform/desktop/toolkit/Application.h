@@ -55,6 +55,7 @@ class Application {
   void RunStep(const Step& step);
   void Report();
   void WaitForWindow();
+  void DeliverEvents();
   void Listen();
   void Deal(const std::string& notice);
   static Eina_Bool NoticeCB(void* data, Ecore_Fd_Handler* handler);
@@ -68,6 +69,8 @@ class Application {
   void* m_data;
   bool m_exited = false;
   bool m_active = false;
+  int m_marker = 0;
+  bool m_marked = false;
   bool m_toolkit = false;
   int m_socket = -1;
   Ecore_Fd_Handler* m_listener = nullptr;

@@ -60,13 +60,13 @@ void DrawFrame(Evas* canvas, int w, int h) {
   evas_event_callback_del_full(canvas, EVAS_CALLBACK_RENDER_POST, mark, &drawn);
 }
 
-/// The toolkit's frame of a window on Wayland stands a line above the screen.
-void CutFrame(const Evas_Object* window, std::vector<uint32_t>& pixels, int w, int& h) {
+/// With the toolkit's frame around it, a window on Wayland can be a line taller than its screen.
+void CutToScreen(const Evas_Object* window, std::vector<uint32_t>& pixels, int w, int& h) {
   int screenW = 0, screenH = 0;
   ScreenSize(window, screenW, screenH);
   if (screenH <= 0 || h <= screenH || pixels.empty()) return;
-  pixels.erase(pixels.begin(), pixels.begin() + static_cast<std::ptrdiff_t>(w) * (h - screenH));
   h = screenH;
+  pixels.resize(static_cast<size_t>(w) * static_cast<size_t>(h));
 }
 
 /// The menu as it was drawn last; empty when there is no window.
@@ -92,7 +92,7 @@ std::vector<uint32_t> MenuPixels(int& w, int& h) {
   std::vector<uint32_t> copy;
   if (pixels) copy.assign(pixels, pixels + count);
   evas_object_del(snapshot);
-  CutFrame(window, copy, w, h);
+  CutToScreen(window, copy, w, h);
   return copy;
 }
 
