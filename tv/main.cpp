@@ -17,7 +17,8 @@ constexpr int kUsage = 2;
 constexpr int kFailure = 1;
 
 void PrintUsage(FILE* to) {
-  std::fputs("quirelle-tv [--tv FILE] VERB ...   (default TV: $QUIRELLE_TV, else $XDG_DATA_HOME/quirelle/tv.db)\n\n", to);
+  std::fputs("quirelle-tv [--tv FILE] VERB ...   (default TV: $QUIRELLE_TV, else $XDG_DATA_HOME/quirelle/tv.db)\n\n",
+             to);
   for (const Verb& verb : Verbs()) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
   for (const TvVerb& verb : TvServiceVerbs()) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
 }

@@ -175,8 +175,9 @@ std::vector<Figure> TvsFigures(const std::string& directory, long services) {
       "SELECT type, id, locked_mode, number, major, minor, profile, frequency, bandwidth, satellite, code_rate, "
       "modulation, program, network, original_network, stream, symbol_rate, is_default FROM service WHERE id = 1");
   figures.push_back(Compare(
-      "fresh channel record", 2.0, [] { CTvsUtil::m_TvServiceChannelDelInfo(CTvsUtil::m_TvServiceChannelGetInfo(false)); },
-      [&] { bare.Run(); }, 200));
+      "fresh channel record", 2.0,
+      [] { CTvsUtil::m_TvServiceChannelDelInfo(CTvsUtil::m_TvServiceChannelGetInfo(false)); }, [&] { bare.Run(); },
+      200));
   figures.push_back(Compare(
       "cached read against a fresh one", 0.02, [] { CTvsUtil::m_GetSignalInfo(); },
       [] {

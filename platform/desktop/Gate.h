@@ -52,8 +52,7 @@ class Entry {
   static void Add(std::string& to, const std::string& value) { Add(to, std::string_view(value)); }
   static void Add(std::string& to, bool value) { Add(to, std::string_view(value ? "true" : "false")); }
   template <class Number>
-    requires(std::is_arithmetic_v<Number> || std::is_enum_v<Number>)
-  static void Add(std::string& to, Number value) {
+  requires(std::is_arithmetic_v<Number> || std::is_enum_v<Number>) static void Add(std::string& to, Number value) {
     if constexpr (std::is_enum_v<Number>) {
       Add(to, std::string_view(std::to_string(static_cast<long long>(value))));
     } else {

@@ -84,10 +84,14 @@ void LogToFile() {
 void WatchLog(LogWatcher watcher) { g_watcher = watcher; }
 
 bool ParseLogLevel(std::string_view word, LogLevel& level) {
-  if (word == "off") level = LogLevel::kOff;
-  else if (word == "error") level = LogLevel::kError;
-  else if (word == "info") level = LogLevel::kInfo;
-  else return false;
+  if (word == "off")
+    level = LogLevel::kOff;
+  else if (word == "error")
+    level = LogLevel::kError;
+  else if (word == "info")
+    level = LogLevel::kInfo;
+  else
+    return false;
   return true;
 }
 

@@ -1,3 +1,7 @@
+#include "Profile.h"
+
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -6,11 +10,8 @@
 #include <map>
 #include <stdexcept>
 
-#include <unistd.h>
-
 #include "Deployment.h"
 #include "Gate.h"
-#include "Profile.h"
 #include "Schema.h"
 #include "tvs/TvProfile.h"
 
@@ -162,8 +163,8 @@ void MakeEmpty(const std::string& path) {
   int code = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
   // Nobody reads the file before it is moved into place, and what is written last is written through.
   const std::string sql = "PRAGMA synchronous=OFF; PRAGMA journal_mode=WAL; BEGIN; PRAGMA application_id=" +
-                          std::to_string(kApplicationId) +
-                          "; PRAGMA user_version=" + std::to_string(Store::kSchema) + ";" + kSchemaSql + "COMMIT;";
+                          std::to_string(kApplicationId) + "; PRAGMA user_version=" + std::to_string(Store::kSchema) +
+                          ";" + kSchemaSql + "COMMIT;";
   if (code == SQLITE_OK) code = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message);
   std::string what = message ? message : db ? sqlite3_errmsg(db) : sqlite3_errstr(code);
   if (code == SQLITE_FULL) what = "no space left on the device";

@@ -120,8 +120,8 @@ void Store::Check() {
 void Store::ForgetVolatileKeys() {
   const std::string boot = BootId();
   sqlite3_stmt* read = Prepared("SELECT value FROM meta WHERE key = 'boot'");
-  const bool same = sqlite3_step(read) == SQLITE_ROW &&
-                    boot == reinterpret_cast<const char*>(sqlite3_column_text(read, 0));
+  const bool same =
+      sqlite3_step(read) == SQLITE_ROW && boot == reinterpret_cast<const char*>(sqlite3_column_text(read, 0));
   sqlite3_reset(read);
   if (same) return;
   PowerOn(*this, boot);
@@ -131,7 +131,8 @@ void Store::Fail(int code) const {
   const char* what = m_db ? sqlite3_errmsg(m_db) : sqlite3_errstr(code);
   if ((code & 0xff) == SQLITE_BUSY || (code & 0xff) == SQLITE_LOCKED) what = "locked by another program";
   const bool ioError = (code & 0xff) == SQLITE_IOERR || (code & 0xff) == SQLITE_CANTOPEN;
-  if ((code & 0xff) == SQLITE_FULL || (ioError && m_db && sqlite3_system_errno(m_db) == ENOSPC)) what = "no space left on the device";
+  if ((code & 0xff) == SQLITE_FULL || (ioError && m_db && sqlite3_system_errno(m_db) == ENOSPC))
+    what = "no space left on the device";
   throw StoreError(m_path + ": " + what, code);
 }
 

@@ -1,7 +1,7 @@
-#include "string_util.h"
-
 #include <cstring>
 #include <string>
+
+#include "string_util.h"
 
 namespace {
 

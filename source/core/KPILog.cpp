@@ -51,8 +51,8 @@ void CKPILog::SendKpiLog(const char* itemID, LOG_TYPE type) {
   LOG_DEBUG("m_streamDesc = %s", m_streamDesc.c_str());
   LOG_DEBUG("strEventName: %s, strCategory : %s, m_streamDesc : %s", m_strEventName.c_str(), m_strCategory.c_str(),
             m_streamDesc.c_str());
-  const int code = KPILogFramework::CLogger::GetInstance()->AddEventLogSync("20_sqa", m_strCategory, m_strEventName,
-                                                                            m_streamDesc);
+  const int code =
+      KPILogFramework::CLogger::GetInstance()->AddEventLogSync("20_sqa", m_strCategory, m_strEventName, m_streamDesc);
   LOG_DEBUG("RetCode=%d", code);
   if (code == 0) {
     LOG_DEBUG("AddEventLog Success");

@@ -29,13 +29,30 @@ constexpr int kGrab[] = {kGrabMode};
 constexpr int kRegister[] = {kRegisterMode};
 constexpr int kBoth[] = {kGrabMode, kRegisterMode};
 
-constexpr const char* kMenuNormalKeys[] = {"XF86Back", "Return", "Up",            "Left",
-                                           "Right",    "Down",   "XF86AudioStop", "XF86EManual"};
-constexpr const char* kReleasedKeys[] = {
-    "XF86Back",      "Return",           "Up",          "Left",           "Right",         "Down",
-    "XF86WheelRightKey", "XF86WheelLeftKey", "XF86AudioStop", "XF86AudioPlay", "XF86AudioPause", "XF86PlayBack",
-    "XF86Red",       "XF86Green",        "XF86EManual", "XF86ListHome",   "XF86ListEnd",   "XF86VoiceControl",
-    "XF86LeftPage",  "XF86RightPage",    "XF86UpPage",  "XF86DownPage"};
+constexpr const char* kMenuNormalKeys[] = {"XF86Back", "Return",        "Up",         "Left", "Right",
+                                           "Down",     "XF86AudioStop", "XF86EManual"};
+constexpr const char* kReleasedKeys[] = {"XF86Back",
+                                         "Return",
+                                         "Up",
+                                         "Left",
+                                         "Right",
+                                         "Down",
+                                         "XF86WheelRightKey",
+                                         "XF86WheelLeftKey",
+                                         "XF86AudioStop",
+                                         "XF86AudioPlay",
+                                         "XF86AudioPause",
+                                         "XF86PlayBack",
+                                         "XF86Red",
+                                         "XF86Green",
+                                         "XF86EManual",
+                                         "XF86ListHome",
+                                         "XF86ListEnd",
+                                         "XF86VoiceControl",
+                                         "XF86LeftPage",
+                                         "XF86RightPage",
+                                         "XF86UpPage",
+                                         "XF86DownPage"};
 constexpr const char* kNumberKeys[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
 
 constexpr const char* kKeyRouterGlobal = "nyxel_keyrouter";
@@ -58,7 +75,9 @@ void Launch(const char* application, std::initializer_list<ExtraData> extraData)
   app_control_destroy(handle);
 }
 
-void LaunchEManual() { Launch(kEManualService, {{"WIDGET_ID_SRC", "com.vantrel.tv.quirelle"}, {"EVENT_TYPE", "4201"}}); }
+void LaunchEManual() {
+  Launch(kEManualService, {{"WIDGET_ID_SRC", "com.vantrel.tv.quirelle"}, {"EVENT_TYPE", "4201"}});
+}
 
 void HandleCommonKey(std::string_view key) {
   if (key == "XF86Back" || key == "BackSpace") {
@@ -149,7 +168,8 @@ void CKeyManager::m_InitCommonKeyHandler(void* data) {
       {ECORE_EVENT_MOUSE_WHEEL, m_HandleMenuCommonMouseCB},
   };
   size_t slot = 0;
-  for (const auto& [type, callback] : handlers) t_pKeyEventHandler[slot++] = ecore_event_handler_add(type, callback, data);
+  for (const auto& [type, callback] : handlers)
+    t_pKeyEventHandler[slot++] = ecore_event_handler_add(type, callback, data);
 }
 
 void CKeyManager::m_DelCommonKeyHandler() {

@@ -8,7 +8,8 @@
 namespace {
 
 constexpr int kMainPicture = 1;
-constexpr const char* kSignalInformationFeature = "com.vantrel/featureconf/broadcast.quirelle.signal_information_enabled";
+constexpr const char* kSignalInformationFeature =
+    "com.vantrel/featureconf/broadcast.quirelle.signal_information_enabled";
 
 void ReadExtraData(app_control_h request, const char* key, std::string& field) {
   char* value = nullptr;

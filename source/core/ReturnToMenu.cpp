@@ -1,7 +1,7 @@
 #include "ReturnToMenu.h"
 
-#include <ctime>
 #include <cerrno>
+#include <ctime>
 
 #include "Log.h"
 #include "MenuControl.h"

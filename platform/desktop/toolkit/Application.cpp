@@ -2,6 +2,7 @@
 
 #include <Efreet.h>
 #include <Elementary.h>
+
 #include <filesystem>
 #include <sstream>
 
@@ -181,7 +182,8 @@ void Application::Settle() {
 /// A turn of the loop may deal with timers alone: an event of our own comes last of those that wait.
 void Application::DeliverEvents() {
   m_marked = false;
-  ecore_event_add(m_marker, nullptr, [](void*, void*) {}, nullptr);
+  ecore_event_add(
+      m_marker, nullptr, [](void*, void*) {}, nullptr);
   while (!m_marked) ecore_main_loop_iterate_may_block(0);
 }
 
@@ -223,9 +225,12 @@ void Application::RunSteps() {
 
 void Application::RunStep(const Step& step) {
   switch (step.kind) {
-    case Step::kKey: return PressKey(step.text.c_str());
-    case Step::kWait: return Wait(step.seconds);
-    case Step::kShot: return SavePicture(step.text);
+    case Step::kKey:
+      return PressKey(step.text.c_str());
+    case Step::kWait:
+      return Wait(step.seconds);
+    case Step::kShot:
+      return SavePicture(step.text);
   }
 }
 

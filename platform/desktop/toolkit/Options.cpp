@@ -1,7 +1,7 @@
+#include "Options.h"
+
 #include <cstdio>
 #include <stdexcept>
-
-#include "Options.h"
 
 namespace desktop {
 

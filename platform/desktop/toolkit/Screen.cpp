@@ -42,7 +42,10 @@ bool Is(const char* variable, const char* value) {
 
 Ecore_Evas* Canvas() { return g_window ? ecore_evas_ecore_evas_get(evas_object_evas_get(g_window)) : nullptr; }
 
-void WindowDeleted(void*, Evas*, Evas_Object*, void*) { g_window = nullptr; }
+void WindowDeleted(void* canvas, Evas*, Evas_Object*, void*) {
+  g_window = nullptr;
+  if (IsOffScreen()) ecore_event_window_unregister(reinterpret_cast<Ecore_Window>(canvas));
+}
 
 void CloseRequested(void*, Evas_Object*, void*) { ui_app_exit(); }
 
@@ -96,9 +99,9 @@ Evas_Object* MakeWindow(const char* name) {
   if (!window) return nullptr;
   elm_win_title_set(window, name);
   int w = 0, h = 0;
+  Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(window));
   if (IsOffScreen()) {
     OffScreenSize(w, h);
-    Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(window));
     // A canvas that draws off screen takes part in key events only when it is entered for them.
     ecore_event_window_register(reinterpret_cast<Ecore_Window>(canvas), canvas, ecore_evas_get(canvas), nullptr,
                                 nullptr, nullptr, nullptr);
@@ -108,7 +111,7 @@ Evas_Object* MakeWindow(const char* name) {
   }
   evas_object_resize(window, w, h);
   if (!Has("ELM_SCALE")) elm_config_scale_set(kScale * h / kHeight);
-  evas_object_event_callback_add(window, EVAS_CALLBACK_DEL, WindowDeleted, nullptr);
+  evas_object_event_callback_add(window, EVAS_CALLBACK_DEL, WindowDeleted, canvas);
   evas_object_smart_callback_add(window, "delete,request", CloseRequested, nullptr);
   return window;
 }

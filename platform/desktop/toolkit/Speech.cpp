@@ -4,7 +4,6 @@
 
 #include <Efl_Core.h>
 #include <Elementary.h>
-
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>

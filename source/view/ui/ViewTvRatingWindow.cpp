@@ -48,12 +48,11 @@ struct RatingBox {
 };
 
 constexpr RatingBox kBoxTable[CViewTvRatingWindow::kBoxes] = {
-    {Y, ALL, "TV-Y_All"}, {Y7, ALL, "TV-Y7_All"}, {G, ALL, "TV-G_All"}, {PG, ALL, "TV-PG_All"},
-    {R14, ALL, "TV-14_All"}, {MA, ALL, "TV_MA_All"}, {Y7, FV, "TV-Y7_FV"},
-    {PG, V, "TV-PG_V"}, {R14, V, "TV-14_V"}, {MA, V, "TV-MA_V"},
-    {PG, S, "TV-PG_S"}, {R14, S, "TV-14_S"}, {MA, S, "TV-MA_S"},
-    {PG, L, "TV-PG_L"}, {R14, L, "TV-14_L"}, {MA, L, "TV-MA_L"},
-    {PG, D, "TV-PG_D"}, {R14, D, "TV-14_D"},
+    {Y, ALL, "TV-Y_All"},    {Y7, ALL, "TV-Y7_All"}, {G, ALL, "TV-G_All"}, {PG, ALL, "TV-PG_All"},
+    {R14, ALL, "TV-14_All"}, {MA, ALL, "TV_MA_All"}, {Y7, FV, "TV-Y7_FV"}, {PG, V, "TV-PG_V"},
+    {R14, V, "TV-14_V"},     {MA, V, "TV-MA_V"},     {PG, S, "TV-PG_S"},   {R14, S, "TV-14_S"},
+    {MA, S, "TV-MA_S"},      {PG, L, "TV-PG_L"},     {R14, L, "TV-14_L"},  {MA, L, "TV-MA_L"},
+    {PG, D, "TV-PG_D"},      {R14, D, "TV-14_D"},
 };
 
 /// What follows when a box changes: other boxes, and rows whose masks are written behind them.
@@ -71,10 +70,17 @@ const Cascade kOn[CViewTvRatingWindow::kBoxes] = {
     {{5, 8, 11, 14, 17, 9, 12, 15}, {MA}},
     {{9, 12, 15}, {}},
     {{}, {}},
-    {{8, 9}, {}}, {{9}, {}}, {{}, {}},
-    {{11, 12}, {}}, {{12}, {}}, {{}, {}},
-    {{14, 15}, {}}, {{15}, {}}, {{}, {}},
-    {{17}, {}}, {{}, {}},
+    {{8, 9}, {}},
+    {{9}, {}},
+    {{}, {}},
+    {{11, 12}, {}},
+    {{12}, {}},
+    {{}, {}},
+    {{14, 15}, {}},
+    {{15}, {}},
+    {{}, {}},
+    {{17}, {}},
+    {{}, {}},
 };
 
 /// Unlocking a rating unlocks every milder one.
@@ -86,10 +92,17 @@ const Cascade kOff[CViewTvRatingWindow::kBoxes] = {
     {{2, 3, 7, 10, 13, 16, 8, 11, 14, 17}, {G, PG}},
     {{2, 3, 4, 7, 10, 13, 16, 8, 11, 14, 17, 5, 9, 12, 15}, {G, PG, R14}},
     {{1, 0}, {}},
-    {{2, 3}, {}}, {{2, 3, 4, 7}, {}}, {{2, 3, 4, 5, 8, 7}, {}},
-    {{3, 2}, {}}, {{10, 2, 3, 4}, {}}, {{11, 10, 2, 3, 4, 5}, {}},
-    {{2, 3}, {}}, {{13, 2, 3, 4}, {}}, {{14, 13, 2, 3, 4, 5}, {}},
-    {{2, 3}, {}}, {{16, 2, 3, 4}, {}},
+    {{2, 3}, {}},
+    {{2, 3, 4, 7}, {}},
+    {{2, 3, 4, 5, 8, 7}, {}},
+    {{3, 2}, {}},
+    {{10, 2, 3, 4}, {}},
+    {{11, 10, 2, 3, 4, 5}, {}},
+    {{2, 3}, {}},
+    {{13, 2, 3, 4}, {}},
+    {{14, 13, 2, 3, 4, 5}, {}},
+    {{2, 3}, {}},
+    {{16, 2, 3, 4}, {}},
 };
 
 struct FocusPath {
@@ -102,17 +115,15 @@ struct FocusPath {
 constexpr int kClose = -1;
 
 constexpr FocusPath kFocusPaths[] = {
-    {5, ELM_FOCUS_DOWN, kClose},  {6, ELM_FOCUS_DOWN, kClose},  {9, ELM_FOCUS_DOWN, kClose},
-    {12, ELM_FOCUS_DOWN, kClose}, {15, ELM_FOCUS_DOWN, kClose}, {17, ELM_FOCUS_DOWN, kClose},
+    {5, ELM_FOCUS_DOWN, kClose},  {6, ELM_FOCUS_DOWN, kClose},      {9, ELM_FOCUS_DOWN, kClose},
+    {12, ELM_FOCUS_DOWN, kClose}, {15, ELM_FOCUS_DOWN, kClose},     {17, ELM_FOCUS_DOWN, kClose},
     {kClose, ELM_FOCUS_UP, 9},    {kClose, ELM_FOCUS_LEFT, kClose}, {kClose, ELM_FOCUS_RIGHT, kClose},
-    {0, ELM_FOCUS_LEFT, 0},       {0, ELM_FOCUS_RIGHT, 0},
-    {2, ELM_FOCUS_LEFT, 2},       {2, ELM_FOCUS_RIGHT, 2},
-    {6, ELM_FOCUS_RIGHT, 1},      {1, ELM_FOCUS_LEFT, 6},
-    {16, ELM_FOCUS_RIGHT, 3},     {3, ELM_FOCUS_LEFT, 16},
-    {17, ELM_FOCUS_RIGHT, 4},     {4, ELM_FOCUS_LEFT, 17},
-    {15, ELM_FOCUS_RIGHT, 5},     {5, ELM_FOCUS_LEFT, 15},
-    {3, ELM_FOCUS_RIGHT, 7},      {4, ELM_FOCUS_RIGHT, 8},      {5, ELM_FOCUS_RIGHT, 9},
-    {7, ELM_FOCUS_LEFT, 3},       {8, ELM_FOCUS_LEFT, 4},       {9, ELM_FOCUS_LEFT, 5},
+    {0, ELM_FOCUS_LEFT, 0},       {0, ELM_FOCUS_RIGHT, 0},          {2, ELM_FOCUS_LEFT, 2},
+    {2, ELM_FOCUS_RIGHT, 2},      {6, ELM_FOCUS_RIGHT, 1},          {1, ELM_FOCUS_LEFT, 6},
+    {16, ELM_FOCUS_RIGHT, 3},     {3, ELM_FOCUS_LEFT, 16},          {17, ELM_FOCUS_RIGHT, 4},
+    {4, ELM_FOCUS_LEFT, 17},      {15, ELM_FOCUS_RIGHT, 5},         {5, ELM_FOCUS_LEFT, 15},
+    {3, ELM_FOCUS_RIGHT, 7},      {4, ELM_FOCUS_RIGHT, 8},          {5, ELM_FOCUS_RIGHT, 9},
+    {7, ELM_FOCUS_LEFT, 3},       {8, ELM_FOCUS_LEFT, 4},           {9, ELM_FOCUS_LEFT, 5},
 };
 
 /// The columns run the other way in a mirrored layout.
@@ -125,12 +136,18 @@ Elm_Focus_Direction OnScreen(Elm_Focus_Direction direction) {
 
 int ColumnOf(Bit bit) {
   switch (bit) {
-    case ALL: return 0;
-    case FV: return 1;
-    case V: return 2;
-    case S: return 3;
-    case L: return 4;
-    case D: return 5;
+    case ALL:
+      return 0;
+    case FV:
+      return 1;
+    case V:
+      return 2;
+    case S:
+      return 3;
+    case L:
+      return 4;
+    case D:
+      return 5;
   }
   return 0;
 }
@@ -139,8 +156,7 @@ bool IsAllBox(int index) { return kBoxTable[index].bit == ALL; }
 
 std::string BoxName(int index) {
   const RatingBox& box = kBoxTable[index];
-  return Utils::GetTranslationStr(kColumns[ColumnOf(box.bit)]) + ", " +
-         Utils::GetTranslationStr(kRows[box.row].label);
+  return Utils::GetTranslationStr(kColumns[ColumnOf(box.bit)]) + ", " + Utils::GetTranslationStr(kRows[box.row].label);
 }
 
 /// Sets or clears bits of a row's key; false when the key cannot be read or written.
@@ -308,7 +324,8 @@ void CViewTvRatingWindow::t_ProcessDefaultButtonOneClickCallBack() {
 void CViewTvRatingWindow::t_FirstEnter(std::string& text) {
   CViewWindowBase::t_FirstEnter(text);
   char guide[512] = {};
-  CStringUtil::CombinateStrings(guide, sizeof guide, Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
+  CStringUtil::CombinateStrings(guide, sizeof guide,
+                                Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
                                 std::to_string(kBoxes).c_str());
   char* state = m_pCheck[0] ? elm_access_info_get(m_pCheck[0], ELM_ACCESS_STATE) : nullptr;
   text += " " + t_WindowTitle + ", " + guide + ", " + BoxName(0) + ", " +
