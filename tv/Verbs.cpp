@@ -2,7 +2,9 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 
 #include "Gate.h"
@@ -11,6 +13,7 @@
 #include "Profile.h"
 #include "Schema.h"
 #include "settings_api.h"
+#include "tvs/TvProfile.h"
 
 using namespace desktop;
 
@@ -41,14 +44,18 @@ int New(const Arguments& arguments) {
   for (size_t i = 0; i < arguments.size(); ++i) {
     if (arguments[i] == "--force") {
       replace = true;
+    } else if (arguments[i] == "--services") {
+      options.services = Number(i + 1 < arguments.size() ? arguments[++i] : "", "--services", 0, kMostServices);
     } else if (options.profile.empty() && !arguments[i].starts_with("-")) {
       options.profile = arguments[i];
     } else {
-      throw WordError("'" + arguments[i] + "': usage: quirelle-tv new PROFILE [--force]");
+      throw WordError("'" + arguments[i] + "': usage: quirelle-tv new PROFILE [--services N] [--force]");
     }
   }
   if (options.profile.empty()) throw WordError("a profile is missing; quirelle-tv profiles names them");
-  MakeTv(g_tv, options, replace);
+  for (const std::string& skipped : MakeTv(g_tv, options, replace)) {
+    std::fprintf(stderr, "quirelle-tv: %s\n", skipped.c_str());
+  }
   std::printf("%s: a TV of profile %s\n", g_tv.c_str(), options.profile.c_str());
   return 0;
 }
@@ -278,7 +285,7 @@ int RunningState(const Arguments& arguments, int running, const char* usage) {
 }
 
 constexpr Verb kVerbs[] = {
-    {"new", "new PROFILE [--force]", "makes a TV; --force in place of one that is there", false, New},
+    {"new", "new PROFILE [--services N] [--force]", "makes a TV; --force in place of one that is there", false, New},
     {"profiles", "profiles", "lists what TVs there are to make", false, ListProfiles},
     {"power-cycle", "power-cycle", "memory/... keys go back to what the set comes up with", true, PowerCycle},
     {"get", "get KEY", "a key of the settings store, a feature or system-information key", true, Get},

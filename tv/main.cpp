@@ -6,6 +6,7 @@
 #include "Profile.h"
 #include "Store.h"
 #include "Verbs.h"
+#include "tvs/Verbs.h"
 
 using namespace desktop;
 
@@ -18,7 +19,8 @@ constexpr int kFailure = 1;
 
 void PrintUsage(FILE* to) {
   std::fputs("quirelle-tv [--tv FILE] VERB ...   (default TV: $QUIRELLE_TV, else $XDG_DATA_HOME/quirelle/tv.db)\n\n", to);
-  for (const Verb& verb : Verbs()) std::fprintf(to, "  %-34s %s\n", verb.usage, verb.what);
+  for (const Verb& verb : Verbs()) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
+  for (const TvVerb& verb : TvServiceVerbs()) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
 }
 
 /// Takes "--tv FILE" or "--tv=FILE" out of the words, wherever it stands.
@@ -39,9 +41,17 @@ Arguments TakeTv(int argc, char** argv) {
   return words;
 }
 
-const Verb& FindVerb(const std::string& name) {
+/// The TV's own verbs, and those of its reception.
+int RunVerb(const std::string& name, const Arguments& words) {
   for (const Verb& verb : Verbs()) {
-    if (name == verb.name) return verb;
+    if (name != verb.name) continue;
+    if (verb.opens) Store::Open(g_tv);
+    return verb.run(words);
+  }
+  for (const TvVerb& verb : TvServiceVerbs()) {
+    if (name != verb.name) continue;
+    Store::Open(g_tv);
+    return verb.run(words);
   }
   throw WordError("unknown verb '" + name + "'; quirelle-tv --help names them");
 }
@@ -56,10 +66,9 @@ int Run(int argc, char** argv) {
     PrintUsage(stdout);
     return 0;
   }
-  const Verb& verb = FindVerb(words[0]);
+  const std::string name = words[0];
   words.erase(words.begin());
-  if (verb.opens) Store::Open(g_tv);
-  const int status = verb.run(words);
+  const int status = RunVerb(name, words);
   Store::Close();
   return status;
 }
@@ -69,6 +78,9 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
+  } catch (const TvWordError& error) {
+    std::fprintf(stderr, "quirelle-tv: %s\n", error.what());
+    return kUsage;
   } catch (const WordError& error) {
     std::fprintf(stderr, "quirelle-tv: %s\n", error.what());
     return kUsage;

@@ -36,15 +36,7 @@ bool Contains(const int (&list)[N], int value) {
   return false;
 }
 
-int ReadCountry(const char* key, int* country) {
-  if (!country) {
-    LOG_DEBUG("country==NULL");
-    return -1;
-  }
-  const int result = vconf_get_int(key, country);
-  if (result != 0) LOG_ERROR("vconf error %d", result);
-  return result == 0 ? 0 : -1;
-}
+int ReadCountry(const char* key, int* country) { return country && vconf_get_int(key, country) == 0 ? 0 : -1; }
 
 /// Whether a country list of the set has an entry; `name` is "d" or "a".
 bool HasCountries(system_info_key_e key, const char* name) {
@@ -139,7 +131,15 @@ int CCountryUtil::GetDigitalCountryCode(int country) {
   return kOther;
 }
 
-int CCountryUtil::GetPnPCountry(int* country) { return ReadCountry(kPnPKey, country); }
+int CCountryUtil::GetPnPCountry(int* country) {
+  if (!country) {
+    LOG_DEBUG("country==NULL");
+    return -1;
+  }
+  const int result = vconf_get_int(kPnPKey, country);
+  if (result != 0) LOG_ERROR("vconf error %d", result);
+  return result == 0 ? 0 : -1;
+}
 
 int CCountryUtil::SetPnPCountry(int country) {
   int current = 0;

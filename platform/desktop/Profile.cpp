@@ -12,6 +12,7 @@
 #include "Gate.h"
 #include "Profile.h"
 #include "Schema.h"
+#include "tvs/TvProfile.h"
 
 namespace desktop {
 
@@ -135,7 +136,7 @@ void WriteApplication(const ProfileLine& line) {
   Query("REPLACE INTO application VALUES (?, ?)", id, rest == "running" ? 1 : 0).Run();
 }
 
-void WriteSection(const ProfileSection& section, const TvOptions&) {
+void WriteSection(const ProfileSection& section) {
   int place = 0;
   for (const ProfileLine& line : section.lines) {
     if (section.name == "settings" || section.name == "features" || section.name == "system") {
@@ -159,9 +160,10 @@ void MakeEmpty(const std::string& path) {
   sqlite3* db = nullptr;
   char* message = nullptr;
   int code = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-  const std::string sql = "PRAGMA application_id=" + std::to_string(kApplicationId) +
-                          "; PRAGMA user_version=" + std::to_string(Store::kSchema) + ";" + kSchemaSql +
-                          "PRAGMA journal_mode=WAL;";
+  // Nobody reads the file before it is moved into place, and what is written last is written through.
+  const std::string sql = "PRAGMA synchronous=OFF; PRAGMA journal_mode=WAL; BEGIN; PRAGMA application_id=" +
+                          std::to_string(kApplicationId) +
+                          "; PRAGMA user_version=" + std::to_string(Store::kSchema) + ";" + kSchemaSql + "COMMIT;";
   if (code == SQLITE_OK) code = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message);
   const std::string what = message ? message : db ? sqlite3_errmsg(db) : sqlite3_errstr(code);
   sqlite3_free(message);
@@ -223,7 +225,7 @@ std::vector<ProfileSection> ReadProfile(const std::string& name) {
   return sections;
 }
 
-void MakeTv(const std::string& path, const TvOptions& options, bool replace) {
+std::vector<std::string> MakeTv(const std::string& path, const TvOptions& options, bool replace) {
   const std::vector<ProfileSection> sections = ReadProfile(options.profile);
   const fs::path target(path);
   if (!replace && fs::exists(target)) throw StoreError(path + ": is already there");
@@ -231,6 +233,7 @@ void MakeTv(const std::string& path, const TvOptions& options, bool replace) {
   if (target.has_parent_path()) fs::create_directories(target.parent_path(), error);
   if (error) throw StoreError(target.parent_path().string() + ": " + error.message());
 
+  std::vector<std::string> skipped;
   const std::string made = path + ".new-" + std::to_string(getpid());
   Remove(made);
   try {
@@ -238,7 +241,15 @@ void MakeTv(const std::string& path, const TvOptions& options, bool replace) {
     Store::Open(made);
     Store::Get().Write([&] {
       Query("INSERT INTO meta VALUES ('profile', ?)", options.profile).Run();
-      for (const ProfileSection& section : sections) WriteSection(section, options);
+      TvProfile reception;
+      for (const ProfileSection& section : sections) {
+        if (TvProfile::Takes(section.name)) {
+          reception.Read(section);
+        } else {
+          WriteSection(section);
+        }
+      }
+      skipped = reception.Make(options.services);
     });
     Store::Get().Execute("PRAGMA wal_checkpoint(TRUNCATE)");
     Store::Close();
@@ -248,6 +259,7 @@ void MakeTv(const std::string& path, const TvOptions& options, bool replace) {
     throw;
   }
   MoveIntoPlace(made, target, replace);
+  return skipped;
 }
 
 }  // namespace desktop

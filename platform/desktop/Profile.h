@@ -25,6 +25,9 @@ class ProfileError : public std::runtime_error {
   ProfileError(const ProfileLine& line, const std::string& what) : std::runtime_error(line.where + ": " + what) {}
 };
 
+/// What a TV is that nobody asked for by name.
+inline constexpr const char* kDefaultProfile = "america";
+
 /// Names of the profiles there are, sorted, with what each says of itself in its first line.
 std::vector<std::pair<std::string, std::string>> Profiles();
 /// The sections of a profile, those of the files that it includes first.
@@ -36,9 +39,9 @@ struct TvOptions {
   long services = -1;
 };
 
-/// Makes a TV in `path`, as a whole or not at all. Throws ProfileError or StoreError; a file that is already
-/// there is an error unless `replace` is set.
-void MakeTv(const std::string& path, const TvOptions& options, bool replace);
+/// Makes a TV in `path`, as a whole or not at all; what was skipped on the way, a line each. Throws ProfileError
+/// or StoreError; a file that is already there is an error unless `replace` is set.
+std::vector<std::string> MakeTv(const std::string& path, const TvOptions& options, bool replace);
 
 /// The next word of a line, taken off its front; empty at its end.
 std::string TakeWord(std::string& text);

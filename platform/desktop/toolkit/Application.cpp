@@ -20,7 +20,6 @@ namespace desktop {
 
 namespace {
 
-constexpr const char* kDefaultProfile = "america";
 constexpr const char* kSpeechModule = "quirelle_speech>access/api";
 /// Frames without an event before the program counts as at rest: motion that is switched off still ends with
 /// the next frame.
@@ -80,6 +79,7 @@ void Application::StartToolkit() {
   char* arguments[] = {name, nullptr};
   elm_init(1, arguments);
   m_toolkit = true;
+  MeetDisplay();
   elm_policy_set(ELM_POLICY_QUIT, ELM_POLICY_QUIT_NONE);
   if (m_options.IsScripted()) elm_config_transition_duration_factor_set(0.0);
   FollowVoiceGuide();

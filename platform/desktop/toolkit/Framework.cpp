@@ -14,10 +14,10 @@ namespace {
 constexpr int kUsage = 2;
 constexpr int kFailure = 1;
 
-/// The windows of the TV's menu, from the TV when there is one, else from the profile that it would have.
+/// The windows of the settings tree, which is the same on every TV.
 std::vector<std::string> MenuIDs() {
   std::vector<std::string> ids;
-  for (const ProfileSection& section : ReadProfile("america")) {
+  for (const ProfileSection& section : ReadProfile(kDefaultProfile)) {
     if (section.name != "menu") continue;
     for (const ProfileLine& line : section.lines) {
       std::string rest = line.text;

@@ -21,6 +21,7 @@ struct Colour {
 /// The TV's picture: an evening sky from the top left to the bottom right.
 constexpr Colour kTop = {20, 40, 56}, kMiddle = {50, 66, 58}, kBottom = {92, 62, 40};
 constexpr int kDefaultWidth = 1920, kDefaultHeight = 1080;
+constexpr double kFrameSeconds = 2.0;
 
 Colour Between(const Colour& a, const Colour& b, double t) {
   return {a.r + (b.r - a.r) * t, a.g + (b.g - a.g) * t, a.b + (b.b - a.b) * t};
@@ -42,6 +43,19 @@ uint32_t Over(uint32_t pixel, const Colour& below) {
   return 0xff000000U | part(16, below.r) | part(8, below.g) | part(0, below.b);
 }
 
+/// Until the whole canvas has been drawn anew.
+void DrawFrame(Evas* canvas, int w, int h) {
+  bool drawn = false;
+  const Evas_Event_Cb mark = [](void* data, Evas*, void*) { *static_cast<bool*>(data) = true; };
+  evas_event_callback_add(canvas, EVAS_CALLBACK_RENDER_POST, mark, &drawn);
+  evas_damage_rectangle_add(canvas, 0, 0, w, h);
+  const double until = ecore_time_get() + kFrameSeconds;
+  Ecore_Timer* tick = ecore_timer_add(0.01, [](void*) -> Eina_Bool { return ECORE_CALLBACK_RENEW; }, nullptr);
+  while (!drawn && ecore_time_get() < until) ecore_main_loop_iterate_may_block(1);
+  ecore_timer_del(tick);
+  evas_event_callback_del_full(canvas, EVAS_CALLBACK_RENDER_POST, mark, &drawn);
+}
+
 /// The menu as it was drawn last; empty when there is no window.
 std::vector<uint32_t> MenuPixels(int& w, int& h) {
   Evas_Object* window = Window();
@@ -59,7 +73,7 @@ std::vector<uint32_t> MenuPixels(int& w, int& h) {
   evas_object_geometry_set(snapshot, 0, 0, w, h);
   evas_object_layer_set(snapshot, EVAS_LAYER_MAX);
   evas_object_show(snapshot);
-  ecore_evas_manual_render(canvas);
+  DrawFrame(evas_object_evas_get(window), w, h);
   const auto* pixels = static_cast<const uint32_t*>(evas_object_image_data_get(snapshot, EINA_FALSE));
   std::vector<uint32_t> copy;
   if (pixels) copy.assign(pixels, pixels + count);

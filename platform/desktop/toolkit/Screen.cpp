@@ -3,10 +3,13 @@
 #include <Ecore_Evas.h>
 #include <Ecore_Input.h>
 #include <Ecore_Input_Evas.h>
+#include <Ecore_Wl2.h>
+#include <Ecore_X.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <stdexcept>
 
 #include "Gate.h"
 #include "Keys.h"
@@ -21,12 +24,20 @@ constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 /// Sizes of the theme are one to one on a screen of this height at this scale.
 constexpr double kScale = 2.0;
+constexpr double kDisplaySeconds = 3.0;
 
 Evas_Object* g_window = nullptr;
+/// Null unless the display is a Wayland one.
+Ecore_Wl2_Display* g_wayland = nullptr;
 
 bool Has(const char* variable) {
   const char* value = std::getenv(variable);
   return value && *value;
+}
+
+bool Is(const char* variable, const char* value) {
+  const char* own = std::getenv(variable);
+  return own && std::strcmp(own, value) == 0;
 }
 
 Ecore_Evas* Canvas() { return g_window ? ecore_evas_ecore_evas_get(evas_object_evas_get(g_window)) : nullptr; }
@@ -43,6 +54,39 @@ void OffScreenSize(int& w, int& h) {
   if (size && std::sscanf(size, "%dx%d", &wantedW, &wantedH) == 2 && wantedW > 0 && wantedH > 0) {
     w = wantedW, h = wantedH;
   }
+}
+
+/// A Wayland display names its screens and seats some turns of the loop after the program has come to it.
+void MeetWayland() {
+  ecore_wl2_init();
+  g_wayland = ecore_wl2_display_connect(nullptr);
+  if (!g_wayland) throw std::runtime_error(std::string("no Wayland display '") + std::getenv("WAYLAND_DISPLAY") + "'");
+  const double until = ecore_time_get() + kDisplaySeconds;
+  int w = 0, h = 0;
+  Ecore_Timer* tick = ecore_timer_add(0.01, [](void*) -> Eina_Bool { return ECORE_CALLBACK_RENEW; }, nullptr);
+  do {
+    ecore_main_loop_iterate_may_block(1);
+    ecore_wl2_display_screen_size_get(g_wayland, &w, &h);
+  } while ((h <= 1 || !ecore_wl2_display_sync_is_done(g_wayland)) && ecore_time_get() < until);
+  ecore_timer_del(tick);
+}
+
+bool HasSeat() {
+  Eina_Iterator* seats = ecore_wl2_display_inputs_get(g_wayland);
+  void* seat = nullptr;
+  const bool found = seats && eina_iterator_next(seats, &seat);
+  eina_iterator_free(seats);
+  return found;
+}
+
+/// Keys belong to a seat; a display without one still takes those that the program is sent.
+void AddSeat(Ecore_Evas* canvas) {
+  Evas* evas = ecore_evas_get(canvas);
+  if (evas_device_get(evas, "seat")) return;
+  Evas_Device* seat =
+      evas_device_add_full(evas, "seat", nullptr, nullptr, nullptr, EVAS_DEVICE_CLASS_SEAT, EVAS_DEVICE_SUBCLASS_NONE);
+  evas_device_add_full(evas, "keyboard", nullptr, seat, nullptr, EVAS_DEVICE_CLASS_KEYBOARD,
+                       EVAS_DEVICE_SUBCLASS_NONE);
 }
 
 Evas_Object* MakeWindow(const char* name) {
@@ -105,16 +149,22 @@ void ChooseDisplay() {
   }
 }
 
-bool IsOffScreen() {
-  const char* engine = std::getenv("ELM_ENGINE");
-  return engine && std::strcmp(engine, "buffer") == 0;
+bool IsOffScreen() { return Is("ELM_ENGINE", "buffer"); }
+
+void MeetDisplay() {
+  if (Is("ELM_DISPLAY", "wl") && Has("WAYLAND_DISPLAY")) {
+    MeetWayland();
+  } else if (Is("ELM_DISPLAY", "x11") && Has("DISPLAY") && ecore_x_init(nullptr) == 0) {
+    throw std::runtime_error(std::string("no X11 display '") + std::getenv("DISPLAY") + "'");
+  }
 }
 
 Evas_Object* Window() { return g_window; }
 
 void GiveFocus() {
   Ecore_Evas* canvas = Canvas();
-  if (!canvas || !IsOffScreen()) return;
+  if (!canvas || (!IsOffScreen() && !(g_wayland && !HasSeat()))) return;
+  if (g_wayland) AddSeat(canvas);
   ecore_evas_focus_set(canvas, EINA_FALSE);
   ecore_evas_focus_set(canvas, EINA_TRUE);
 }

@@ -8,10 +8,14 @@ namespace desktop {
 /// Chooses Wayland, X11 or drawing off screen from the environment; before the toolkit is started.
 void ChooseDisplay();
 bool IsOffScreen();
+/// Lets the display say how large it is; after the toolkit is started. Throws std::runtime_error when there is
+/// no such display.
+void MeetDisplay();
 
 /// The program's window, null when there is none (any more).
 Evas_Object* Window();
-/// Makes the window the one that has the focus, where no window manager does so.
+/// Makes the window the one that has the focus, where nobody else does so: off screen, and on a display that
+/// nobody sits at.
 void GiveFocus();
 /// Takes the focus away, as another application coming up does.
 void TakeFocus();
