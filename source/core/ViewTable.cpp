@@ -1,5 +1,10 @@
 #include "ViewTable.h"
 
+#include <string_view>
+
+#include "ViewBottomCtxPopup.h"
+#include "ViewControlSpinner.h"
+#include "ViewSublist.h"
 #include "ViewTvRatingWindow.h"
 
 namespace {
@@ -8,6 +13,28 @@ template <class View>
 IView* Make(const char* menuID, unsigned int&) {
   return new View(menuID);
 }
+
+using ControlMaker = IView* (*)(const char* menuID, int x, int y, int w);
+
+template <class Control>
+IView* MakeAt(const char* menuID, int x, int y, int w) {
+  auto* control = new Control(menuID);
+  control->SetParentItemPostion(x, y, w);
+  return control;
+}
+
+struct ControlEntry {
+  std::string_view menuID;
+  ControlMaker make;
+};
+
+constexpr ControlEntry kControls[] = {
+    {"user-defined-transponder-frequency", MakeAt<CViewControlSpinner>},
+    {"user-defined-transponder-symbolrate", MakeAt<CViewControlSpinner>},
+    {"signal-information-bandwidth", MakeAt<CViewControlSpinner>},
+    {"signal-information-frequence", MakeAt<CViewControlSpinner>},
+    {"user-defined-transponder-polarity", MakeAt<CViewSublist>},
+};
 
 constexpr ViewEntry kViews[] = {
     {1, "satellite-selection", nullptr},
@@ -34,7 +61,7 @@ constexpr ViewEntry kViews[] = {
     {22, "installermode-reset-positioner-limit", nullptr},
     {23, "usermode-store-current-position", nullptr},
     {24, "signal-information-weakhistory", nullptr},
-    {25, "hdmi-delay-level", nullptr},
+    {25, "hdmi-delay-level", Make<CViewBottomCtxPopup>},
     {0, "signal-information", nullptr},
     {0, "hdmi-information", nullptr},
     {0, "postype-sat-longitude-settings", nullptr},
@@ -44,4 +71,9 @@ constexpr ViewEntry kViews[] = {
 
 std::span<const ViewEntry> ViewTable() { return kViews; }
 
-IView* MakeControl(const char*, int, int, int) { return nullptr; }
+IView* MakeControl(const char* menuID, int x, int y, int w) {
+  for (const ControlEntry& entry : kControls) {
+    if (menuID && entry.menuID == menuID) return entry.make(menuID, x, y, w);
+  }
+  return nullptr;
+}

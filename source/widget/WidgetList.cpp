@@ -8,6 +8,7 @@
 #include "EventManager.h"
 #include "Log.h"
 #include "RootWindow.h"
+#include "RowFocus.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 
@@ -68,6 +69,7 @@ void WidgetGenList::CreateGenlist(const char* style, bool flag) {
   elm_genlist_mode_set(t_pGenlist, ELM_LIST_COMPRESS);
   elm_object_style_set(t_pGenlist, m_style.c_str());
   LOG_INFO(" style is [%s] ", m_style.c_str());
+  KeepRowFocus(t_pGenlist);
   m_AddRows();
   evas_object_smart_callback_add(t_pGenlist, "realized", m_ItemRealizedCB, this);
   evas_object_smart_callback_add(t_pGenlist, "item,focused", m_ItemFocusedCB, this);
@@ -323,6 +325,7 @@ Elm_Object_Item* WidgetGenList::m_ItemAt(int index) const {
 void WidgetGenList::SetFocus(int index, bool top) {
   Elm_Object_Item* item = m_ItemAt(index);
   if (!item) return;
+  SetFocusRow(item);
   Utils::SetObjectItemFocus(item);
   elm_genlist_item_show(item, top ? ELM_GENLIST_ITEM_SCROLLTO_TOP : ELM_GENLIST_ITEM_SCROLLTO_IN);
 }

@@ -5,6 +5,7 @@
 #include "ChannelUtil.h"
 #include "EventManager.h"
 #include "Log.h"
+#include "RowFocus.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "settings_api.h"
@@ -94,6 +95,7 @@ bool CViewListWindowBase::t_CreateWidgetList() {
   elm_genlist_homogeneous_set(t_pGenlist, EINA_TRUE);
   elm_genlist_mode_set(t_pGenlist, ELM_LIST_COMPRESS);
   elm_object_style_set(t_pGenlist, theme::kListDefault);
+  KeepRowFocus(t_pGenlist);
   return true;
 }
 
