@@ -2,8 +2,12 @@
 
 #include <string_view>
 
+#include "DeviceManager.h"
+#include "Log.h"
+#include "MessageBox.h"
 #include "ViewBottomCtxPopup.h"
 #include "ViewControlSpinner.h"
+#include "ViewFactoryMessageBox.h"
 #include "ViewSublist.h"
 #include "ViewTvRatingWindow.h"
 
@@ -13,6 +17,66 @@ template <class View>
 IView* Make(const char* menuID, unsigned int&) {
   return new View(menuID);
 }
+
+// --- flows with several steps: the case names the step, and some first steps hang on the sticks ---------
+
+struct Step {
+  unsigned int nCase;
+  IView* (*make)(const char* menuID, unsigned int& nCase);
+};
+
+IView* MakeStep(const Step* steps, size_t count, const char* menuID, unsigned int& nCase) {
+  for (size_t i = 0; i < count; ++i) {
+    if (steps[i].nCase == nCase && steps[i].make) return steps[i].make(menuID, nCase);
+  }
+  return nullptr;
+}
+
+const CDeviceManager& ScannedDevices() {
+  CDeviceManager* devices = CDeviceManager::GetInstance();
+  devices->Initialize(false);
+  return *devices;
+}
+
+unsigned int FirstExportStep(const CDeviceManager& devices) {
+  if (devices.m_nDeviceCount == 0) return 3;
+  return devices.m_nDeviceCount > 1 ? 12 : 2;
+}
+
+unsigned int FirstImportStep(const CDeviceManager& devices) {
+  if (devices.m_nDeviceCount == 0) return 3;
+  return devices.m_nDeviceWithMapCount == 0 ? 4 : 1;
+}
+
+constexpr Step kExport[] = {{3, Make<CMessageBox>}, {10, Make<CMessageBox>}};
+constexpr Step kImport[] = {
+    {1, Make<CMessageBox>}, {3, Make<CMessageBox>}, {4, Make<CMessageBox>}, {10, Make<CMessageBox>}};
+constexpr Step kFactoryExport[] = {{3, Make<CViewFactoryMessageBox>}, {10, Make<CViewFactoryMessageBox>}};
+constexpr Step kFactoryImport[] = {{1, Make<CViewFactoryMessageBox>},
+                                   {3, Make<CViewFactoryMessageBox>},
+                                   {4, Make<CViewFactoryMessageBox>},
+                                   {10, Make<CViewFactoryMessageBox>}};
+constexpr Step kSatcr[] = {{17, Make<CMessageBox>}, {20, Make<CMessageBox>}};
+
+template <unsigned int (*FirstStep)(const CDeviceManager&), const auto& steps>
+IView* MakeTransfer(const char* menuID, unsigned int& nCase) {
+  LOG_DEBUG("menuID =%s nCase[%d]", menuID, static_cast<int>(nCase));
+  const CDeviceManager& devices = ScannedDevices();
+  if (nCase == 0) nCase = FirstStep(devices);
+  IView* view = MakeStep(steps, std::size(steps), menuID, nCase);
+  if (!view) LOG_DEBUG("Invalid[%d]", static_cast<int>(nCase));
+  return view;
+}
+
+IView* MakeSatcr(const char* menuID, unsigned int& nCase) {
+  LOG_DEBUG("menuID =%s nCase[%d]", menuID, static_cast<int>(nCase));
+  if (nCase == 0) nCase = 17;
+  IView* view = MakeStep(kSatcr, std::size(kSatcr), menuID, nCase);
+  if (!view) LOG_DEBUG("Invailed[%d]", static_cast<int>(nCase));
+  return view;
+}
+
+// --- controls beside a row -------------------------------------------------------------------------------
 
 using ControlMaker = IView* (*)(const char* menuID, int x, int y, int w);
 
@@ -38,14 +102,14 @@ constexpr ControlEntry kControls[] = {
 
 constexpr ViewEntry kViews[] = {
     {1, "satellite-selection", nullptr},
-    {2, "import-from-usb", nullptr},
-    {3, "export-to-usb", nullptr},
-    {4, "factory-import-from-usb", nullptr},
-    {5, "factory-export-to-usb", nullptr},
-    {6, "satcr-detect-slot-frequency-slot1", nullptr},
-    {7, "satcr-detect-slot-frequency-slot2", nullptr},
-    {8, "satcr-verify-slot-frequency-slot1", nullptr},
-    {9, "satcr-verify-slot-frequency-slot2", nullptr},
+    {2, "import-from-usb", MakeTransfer<FirstImportStep, kImport>},
+    {3, "export-to-usb", MakeTransfer<FirstExportStep, kExport>},
+    {4, "factory-import-from-usb", MakeTransfer<FirstImportStep, kFactoryImport>},
+    {5, "factory-export-to-usb", MakeTransfer<FirstExportStep, kFactoryExport>},
+    {6, "satcr-detect-slot-frequency-slot1", MakeSatcr},
+    {7, "satcr-detect-slot-frequency-slot2", MakeSatcr},
+    {8, "satcr-verify-slot-frequency-slot1", MakeSatcr},
+    {9, "satcr-verify-slot-frequency-slot2", MakeSatcr},
     {10, "tv-rating", Make<CViewTvRatingWindow>},
     {11, "movie-rating", nullptr},
     {12, "canadian-english-rating", nullptr},
@@ -54,8 +118,8 @@ constexpr ViewEntry kViews[] = {
     {15, "fine-tune", nullptr},
     {16, "user-defined-transponder", nullptr},
     {17, "reset-all-settings-satellite", nullptr},
-    {18, "StartFrequency", nullptr},
-    {19, "StopFrequency", nullptr},
+    {18, "StartFrequency", Make<CMessageBox>},
+    {19, "StopFrequency", Make<CMessageBox>},
     {20, "installermode-store-current-position", nullptr},
     {21, "installermode-go-to-zero", nullptr},
     {22, "installermode-reset-positioner-limit", nullptr},

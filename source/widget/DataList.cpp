@@ -17,9 +17,12 @@ struct StyleType {
 };
 
 constexpr StyleType kStyleTypes[] = {
-    {"popup.transfer", DataList::LIST_PAGE},     {"popup.satellite", DataList::LIST_PAGE},
-    {"weakhistorywindow", DataList::LIST_PAGE},  {"ctxpopup.bottom", DataList::LIST_CHOICES},
-    {"ctxpopup.bottom.shortcut", DataList::LIST_CHOICES}, {"ctxpopup", DataList::LIST_CHOICES},
+    {"popup.transfer", DataList::LIST_PAGE},
+    {"popup.satellite", DataList::LIST_PAGE},
+    {"weakhistorywindow", DataList::LIST_PAGE},
+    {"ctxpopup.bottom", DataList::LIST_CHOICES},
+    {"ctxpopup.bottom.shortcut", DataList::LIST_CHOICES},
+    {"ctxpopup", DataList::LIST_CHOICES},
 };
 
 }  // namespace
@@ -33,9 +36,12 @@ void DataList::Create(std::string menuID) {
     if (entry.style == style) m_type = entry.type;
   }
   switch (m_type) {
-    case LIST_CHOICES: return m_CreateChoices();
-    case LIST_PAGE: return m_CreatePageRows();
-    case LIST_NONE: LOG_DEBUG("other case");
+    case LIST_CHOICES:
+      return m_CreateChoices();
+    case LIST_PAGE:
+      return m_CreatePageRows();
+    case LIST_NONE:
+      LOG_DEBUG("other case");
   }
 }
 

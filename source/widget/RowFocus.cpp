@@ -7,7 +7,8 @@ constexpr const char* kRow = "focus-row";
 Elm_Object_Item* RowToFocus(Evas_Object* genlist) {
   const void* wanted = evas_object_data_get(genlist, kRow);
   // The row may be gone by now.
-  for (Elm_Object_Item* row = elm_genlist_first_item_get(genlist); row && wanted; row = elm_genlist_item_next_get(row)) {
+  for (Elm_Object_Item* row = elm_genlist_first_item_get(genlist); row && wanted;
+       row = elm_genlist_item_next_get(row)) {
     if (row == wanted) return row;
   }
   return elm_genlist_first_item_get(genlist);

@@ -126,7 +126,8 @@ bool CViewBottomCtxPopup::t_PrepareHide() {
 void CViewBottomCtxPopup::t_FirstEnter(std::string& text) {
   const int rows = t_pWidgetList ? t_pWidgetList->GetVisibleListCount() : 0;
   char guide[kBufferSize] = {};
-  CStringUtil::CombinateStrings(guide, sizeof guide, Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
+  CStringUtil::CombinateStrings(guide, sizeof guide,
+                                Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
                                 std::to_string(rows).c_str());
   text += t_WindowTitle + ", " + guide;
 }

@@ -58,7 +58,9 @@ void PostPop() { CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, n
 
 }  // namespace
 
-CViewControlSpinner::CViewControlSpinner(const char* menuID) : CView(menuID) { LOG_INFO(" Call Constructor Function "); }
+CViewControlSpinner::CViewControlSpinner(const char* menuID) : CView(menuID) {
+  LOG_INFO(" Call Constructor Function ");
+}
 
 CViewControlSpinner::MinMax CViewControlSpinner::t_GetMinMaxValue(const std::string& menuID) {
   LOG_DEBUG("menuID: %s", menuID.c_str());
@@ -211,7 +213,8 @@ void CViewControlSpinner::m_SubitemKeyPressed(void* data, Evas*, Evas_Object*, v
   feedback_play(kFeedbackKey);
   const std::string key = event->keyname;
   // Arrows step the value: they must not carry the focus to what lies below.
-  if (key != "XF86Back") event->event_flags = static_cast<Evas_Event_Flags>(event->event_flags | EVAS_EVENT_FLAG_ON_HOLD);
+  if (key != "XF86Back")
+    event->event_flags = static_cast<Evas_Event_Flags>(event->event_flags | EVAS_EVENT_FLAG_ON_HOLD);
   pThis->m_HandleKey(key);
 }
 
@@ -293,10 +296,12 @@ void CViewControlSpinner::m_Enter() {
   const char* text = m_pDisplayValue.c_str();
   if (t_MenuID == kBandwidth) {
     const int band = ChannelUtil::SetCacheBandWidth(MENU_KEY_NONE, text, PROFILE_MAIN);
-    ChannelUtil::SetBandFreqForSignalInformation(static_cast<EBandwidth>(band), ChannelUtil::GetFrequency(PROFILE_MAIN));
+    ChannelUtil::SetBandFreqForSignalInformation(static_cast<EBandwidth>(band),
+                                                 ChannelUtil::GetFrequency(PROFILE_MAIN));
   } else if (t_MenuID == kFrequency) {
     const auto band = static_cast<EBandwidth>(ChannelUtil::GetBandWidth(PROFILE_MAIN));
-    ChannelUtil::SetBandFreqForSignalInformation(band, ChannelUtil::SetCacheFrequency(MENU_KEY_NONE, text, PROFILE_MAIN));
+    ChannelUtil::SetBandFreqForSignalInformation(band,
+                                                 ChannelUtil::SetCacheFrequency(MENU_KEY_NONE, text, PROFILE_MAIN));
   } else {
     m_StoreSetting();
   }

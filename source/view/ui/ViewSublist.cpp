@@ -79,7 +79,8 @@ bool CViewSublist::m_CreateList() {
     elm_genlist_item_append(m_pGenlist, m_pItemClass, &choice, nullptr, ELM_GENLIST_ITEM_NONE, m_ItemSelectedCB, this);
   }
   evas_object_event_callback_add(m_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_KeyPressCB, this);
-  Evas_Object* table = Utils::WidgetMinSet(m_pGenlist, t_pMainBase, kMinWidth, m_nControlPopupHeight - kMarginHeight, 1);
+  Evas_Object* table =
+      Utils::WidgetMinSet(m_pGenlist, t_pMainBase, kMinWidth, m_nControlPopupHeight - kMarginHeight, 1);
   evas_object_show(table);
   elm_object_content_set(t_pMainBase, table);
   return true;
