@@ -8,6 +8,7 @@
 #include "ViewBottomCtxPopup.h"
 #include "ViewControlSpinner.h"
 #include "ViewFactoryMessageBox.h"
+#include "ViewFineTuneWindow.h"
 #include "ViewSublist.h"
 #include "ViewTvRatingWindow.h"
 
@@ -115,7 +116,7 @@ constexpr ViewEntry kViews[] = {
     {12, "canadian-english-rating", nullptr},
     {13, "canadian-french-rating", nullptr},
     {14, "dynamic-rating", nullptr},
-    {15, "fine-tune", nullptr},
+    {15, "fine-tune", Make<CViewFineTuneWindow>},
     {16, "user-defined-transponder", nullptr},
     {17, "reset-all-settings-satellite", nullptr},
     {18, "StartFrequency", Make<CMessageBox>},
