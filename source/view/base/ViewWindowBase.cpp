@@ -189,12 +189,13 @@ void CViewWindowBase::t_Show() {
 }
 
 void CViewWindowBase::t_Hide() {
+  // The base first: it takes the focus with it, where a button alone would look for a heir.
+  if (t_pMainBase) evas_object_hide(t_pMainBase);
   for (size_t i = 0; i < t_pDefaultButtons.size(); ++i) {
     if (!t_pDefaultButtons[i]) continue;
     elm_object_part_content_unset(t_pMainBase, t_ButtonSettings[i].part.c_str());
     evas_object_hide(t_pDefaultButtons[i]);
   }
-  if (t_pMainBase) evas_object_hide(t_pMainBase);
   CView::t_Hide();
 }
 

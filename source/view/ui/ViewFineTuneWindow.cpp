@@ -21,6 +21,7 @@ namespace {
 
 constexpr double kWidth = 918, kHeight = 251.9964;
 constexpr double kLowest = -32.0, kHighest = 32.0, kStep = 0.015625;
+constexpr double kHair = 0.00001;
 constexpr double kPopupSeconds = 5.0;
 constexpr double kVoiceDelaySeconds = 0.2;
 constexpr int kPopupWrap = 2, kPopupTextWidth = 1122, kPopupFontSize = 48;
@@ -131,7 +132,6 @@ void CViewFineTuneWindow::t_CreateSlider() {
 
 void CViewFineTuneWindow::m_SetFocusDirections() {
   if (!m_pSlider) return;
-  if (t_pDefaultButtons[1]) elm_object_focus_next_object_set(m_pSlider, t_pDefaultButtons[1], ELM_FOCUS_DOWN);
   for (Evas_Object* button : t_pDefaultButtons) {
     if (button) elm_object_focus_next_object_set(button, m_pSlider, ELM_FOCUS_UP);
   }
@@ -198,7 +198,8 @@ void CViewFineTuneWindow::t_UpdateSliderValue() {
     elm_slider_value_set(m_pSlider, value);
     m_bWrap = false;
   }
-  m_nCurrentOffset = static_cast<int>(value);
+  // Steps of the slider add up to a hair less than a whole number.
+  m_nCurrentOffset = static_cast<int>(value + (value < 0 ? -kHair : kHair));
   t_nFineTunered = 0;
   t_SetTextSliderLabel(m_nCurrentOffset);
   t_SetTextChannelName();
@@ -236,7 +237,7 @@ void CViewFineTuneWindow::t_SetTextResultValue(int offset) {
 
 void CViewFineTuneWindow::m_SliderKeyPressCB(void* data, Evas*, Evas_Object* object, void* info) {
   auto* pThis = static_cast<CViewFineTuneWindow*>(data);
-  const auto* event = static_cast<Evas_Event_Key_Down*>(info);
+  auto* event = static_cast<Evas_Event_Key_Down*>(info);
   if (!pThis || !object || !event) {
     LOG_ERROR("Assertion failed");
     return;
@@ -247,6 +248,12 @@ void CViewFineTuneWindow::m_SliderKeyPressCB(void* data, Evas*, Evas_Object* obj
   elm_slider_min_max_get(object, &lowest, &highest);
   LOG_INFO("keyname is [ %s ] ", event->keyname);
   LOG_DEBUG(" value = %f, min = %f, max = %f ", value, lowest, highest);
+  if (key == "Down" && pThis->t_pDefaultButtons[1]) {
+    // The toolkit would take the button that had the focus last.
+    event->event_flags = static_cast<Evas_Event_Flags>(event->event_flags | EVAS_EVENT_FLAG_ON_HOLD);
+    elm_object_focus_set(pThis->t_pDefaultButtons[1], EINA_TRUE);
+    return;
+  }
   const bool toTop = key == "Left" && Utils::CompareDouble(value, lowest);
   const bool toBottom = key == "Right" && Utils::CompareDouble(value, highest);
   if (!toTop && !toBottom) return;
