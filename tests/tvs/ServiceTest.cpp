@@ -72,7 +72,9 @@ TEST_F(ServiceTest, HoldsTheSatellitesOfTheScanTables) {
   std::mt19937 random(seed);
   for (int i = 0; i < 3; ++i) {
     const size_t at = random() % tables.size();
-    const auto expected = ParseTable(tables[at].file);
+    auto expected = ParseTable(tables[at].file);
+    // A symbol rate that no tuner has is skipped, with a line that says so.
+    std::erase_if(expected, [](const auto& fields) { return std::stol(fields.at("SYMBOL_RATE")) > 65'535'000; });
     desktop::Query q(
         "SELECT frequency, symbol_rate, polarisation, fec, standard FROM transponder WHERE satellite = ? ORDER BY id",
         static_cast<int>(at + 1));
