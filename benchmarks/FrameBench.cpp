@@ -66,6 +66,7 @@ void RunFirstFrame(desktop::Application&) {
   ecore_main_loop_begin();
 }
 
+/// Frames come when they are ready: where in a frame's time the press falls is not what is measured.
 void Turn() {
   ecore_animator_custom_tick();
   ecore_main_loop_iterate();
@@ -74,8 +75,6 @@ void Turn() {
 void RunKeys(desktop::Application& application, int presses) {
   static bool drawn = false;
   elm_config_transition_duration_factor_set(0.0);
-  // Frames come when they are ready: where in a frame's time the press falls is not what is measured.
-  ecore_animator_source_set(ECORE_ANIMATOR_SOURCE_CUSTOM);
   desktop::Application::SetClock([](double seconds) {
     const double until = Now() + std::min(seconds, kRestSeconds);
     while (Now() < until) Turn();

@@ -5,6 +5,7 @@
 #include <Ecore_Evas.h>
 #include <Efl_Core.h>
 #include <Elementary.h>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -36,6 +37,14 @@
 #include "WrapPatterns.h"
 #include "config.h"
 #include "dlog.h"
+
+/// Making a window asks the toolkit for frames from a thread, if only for a moment. Between two runs in one process
+/// that starts the thread, which minds a moved clock. A program's own functions come before a library's.
+extern "C" __attribute__((visibility("default"))) void ecore_animator_source_set(Ecore_Animator_Source) {
+  using SetSource = void (*)(Ecore_Animator_Source);
+  static const auto setSource = reinterpret_cast<SetSource>(dlsym(RTLD_NEXT, "ecore_animator_source_set"));
+  setSource(ECORE_ANIMATOR_SOURCE_CUSTOM);
+}
 
 /// Lets the tests put a view of their own on the stack, which only the view manager does otherwise.
 bool PushOnStack(CViewManager* manager, IView* view);
@@ -86,6 +95,26 @@ void EndProgram(desktop::Application& application) {
   CEventManager::GetInstance()->SendEvent(EVENT_EXIT_APP, 0, 0, nullptr, nullptr);
   application.Settle();
 }
+
+/// The program chooses a display and a language for its process; the programs that tests start choose their own.
+class KeptEnvironment {
+ public:
+  KeptEnvironment() {
+    for (char** variable = environ; *variable; ++variable) m_variables.emplace_back(*variable);
+  }
+  ~KeptEnvironment() {
+    clearenv();
+    for (const std::string& variable : m_variables) {
+      const size_t equals = variable.find('=');
+      setenv(variable.substr(0, equals).c_str(), variable.c_str() + equals + 1, 1);
+    }
+  }
+  KeptEnvironment(const KeptEnvironment&) = delete;
+  KeptEnvironment& operator=(const KeptEnvironment&) = delete;
+
+ private:
+  std::vector<std::string> m_variables;
+};
 
 /// The toolkit stays up from the first run to the end of the tests: it cannot be brought up twice.
 void KeepToolkit() {
@@ -319,13 +348,13 @@ void Remote::Launch(const std::string& menuID) {
 }
 
 void Run(const std::vector<std::string>& words, const Body& body) {
+  const KeptEnvironment environment;
   g_toolkitErrors.clear();
   desktop::Application::SetClock(MoveClock);
   std::string theme;
   desktop::Application::SetDriver([&](desktop::Application& application) {
     KeepToolkit();
     elm_config_transition_duration_factor_set(0.0);
-    ecore_animator_source_set(ECORE_ANIMATOR_SOURCE_CUSTOM);
     theme = Utils::GetEDJFile();
     application.Settle();
     try {

@@ -59,6 +59,26 @@ void OffScreenSize(int& w, int& h) {
   }
 }
 
+/// Off screen the toolkit takes its frames from a thread of its own, which complains on a busy machine; a timer
+/// does the same. Each window that is made sets the toolkit's source again.
+void TakeFramesFromTimer() {
+  static Ecore_Timer* timer = nullptr;
+  const auto begin = [](void*) {
+    const auto tick = [](void*) -> Eina_Bool {
+      ecore_animator_custom_tick();
+      return ECORE_CALLBACK_RENEW;
+    };
+    if (!timer) timer = ecore_timer_add(ecore_animator_frametime_get(), tick, nullptr);
+  };
+  const auto end = [](void*) {
+    if (timer) ecore_timer_del(timer);
+    timer = nullptr;
+  };
+  ecore_animator_custom_source_tick_begin_callback_set(begin, nullptr);
+  ecore_animator_custom_source_tick_end_callback_set(end, nullptr);
+  ecore_animator_source_set(ECORE_ANIMATOR_SOURCE_CUSTOM);
+}
+
 /// Keys belong to a seat; a display without one still takes those that the program is sent.
 void AddSeat(Evas* evas) {
   Evas_Device* seat =
@@ -102,6 +122,7 @@ Evas_Object* MakeWindow(const char* name) {
   Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(window));
   if (IsOffScreen()) {
     OffScreenSize(w, h);
+    TakeFramesFromTimer();
     // A canvas that draws off screen takes part in key events only when it is entered for them.
     ecore_event_window_register(reinterpret_cast<Ecore_Window>(canvas), canvas, ecore_evas_get(canvas), nullptr,
                                 nullptr, nullptr, nullptr);
