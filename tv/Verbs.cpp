@@ -12,6 +12,7 @@
 #include "Notices.h"
 #include "Profile.h"
 #include "Schema.h"
+#include "Usb.h"
 #include "settings_api.h"
 #include "tvs/TvProfile.h"
 
@@ -247,6 +248,26 @@ int Usage(const Arguments& arguments) {
   return 0;
 }
 
+// --- sticks -------------------------------------------------------------------------------------
+
+int Plug(const Arguments& arguments) {
+  Want(arguments, 1, 1, "plug NAME");
+  PlugStick(arguments[0]);
+  return 0;
+}
+
+int Unplug(const Arguments& arguments) {
+  Want(arguments, 1, 1, "unplug NAME");
+  UnplugStick(arguments[0]);
+  return 0;
+}
+
+int Sticks(const Arguments& arguments) {
+  Want(arguments, 0, 0, "sticks");
+  for (const auto& stick : UsbSticks()) std::puts(stick.filename().c_str());
+  return 0;
+}
+
 // --- the running program -------------------------------------------------------------------------
 
 int Notify(const std::string& notice) {
@@ -296,6 +317,9 @@ constexpr Verb kVerbs[] = {
     {"heal", "heal [OPERATION]", "takes faults back", true, Heal},
     {"journal", "journal [--follow]", "every operation that a program made", true, Journal},
     {"usage", "usage", "the usage log", true, Usage},
+    {"plug", "plug NAME", "a USB stick comes: the folder NAME beside the TV", true, Plug},
+    {"unplug", "unplug NAME", "it goes, and keeps what is on it", true, Unplug},
+    {"sticks", "sticks", "lists the sticks that are there", true, Sticks},
     {"key", "key KEY...", "presses keys on the running program", true, Key},
     {"launch", "launch MENU-ID", "sends the running program another launch request", true, Launch},
     {"pause", "pause", "pauses the running program", true, Pause},

@@ -68,7 +68,8 @@ CREATE TABLE service (
   profile INTEGER, frequency INTEGER, bandwidth INTEGER, modulation INTEGER, symbol_rate INTEGER,
   major INTEGER NOT NULL DEFAULT 65535, minor INTEGER NOT NULL DEFAULT 65535, program INTEGER, code_rate INTEGER,
   stream INTEGER, locked_mode INTEGER, is_default INTEGER, network INTEGER, original_network INTEGER,
-  satellite INTEGER, standard INTEGER, transponder INTEGER, favourites INTEGER, name TEXT
+  satellite INTEGER, standard INTEGER, transponder INTEGER, favourites INTEGER, name TEXT,
+  fine_tune_type INTEGER, fine_tune_offset INTEGER
 );
 -- the pictures on screen; service is what was chosen last, transponder what the tuner is on
 CREATE TABLE picture (

@@ -75,7 +75,7 @@ class ITunerControl : public ITVSProxy {
   /// 0 is failure. Errors per 10^7 bits; hundredths of a decibel.
   virtual int GetBER(int& ber) = 0;
   virtual int GetSNR(int& snr) = 0;
-  /// Manual fine tuning of an analogue channel: one byte, 128 is the middle. Preset tries a value, set stores it.
+  /// Manual fine tuning of an analogue channel: one byte, 32 is the middle. Preset tries a value, set stores it.
   virtual int ResetMFT() = 0;
   virtual int PresetMFT(unsigned char offset) = 0;
   virtual int SetMFT() = 0;

@@ -24,6 +24,8 @@ enum EColumn : int {
   COLUMN_TRANSPORT_STREAM_ID = 18,
   COLUMN_LOCKED_MODE = 22,
   COLUMN_IS_DEFAULT = 30,
+  COLUMN_FINE_TUNE_TYPE = 31,    ///< 1 tuned by hand, 6 reset
+  COLUMN_FINE_TUNE_OFFSET = 32,  ///< one byte, 32 is the middle
   COLUMN_NETWORK_ID = 40,
   COLUMN_ORIGINAL_NETWORK_ID = 41,
   COLUMN_SATELLITE_ID = 71,

@@ -69,20 +69,3 @@ void Utils::setColorChips(const char* colorClass, const char* chip) {
 }
 
 void Utils::DisableBgRect(Evas_Object* popup) { elm_object_signal_emit(popup, theme::kHideBackground, theme::kSource); }
-
-int Utils::Scaled(const Evas_Object* object, int pixels) {
-  return static_cast<int>(pixels * elm_object_scale_get(object) * elm_config_scale_get() / elm_app_base_scale_get());
-}
-
-Evas_Object* Utils::WidgetMinSet(Evas_Object* object, Evas_Object* parent, int w, int h, int scaled) {
-  Evas_Object* table = elm_table_add(parent);
-  if (!table) return nullptr;
-  Evas_Object* rectangle = evas_object_rectangle_add(evas_object_evas_get(table));
-  evas_object_size_hint_min_set(rectangle, scaled ? Scaled(parent, w) : w, scaled ? Scaled(parent, h) : h);
-  evas_object_color_set(rectangle, 0, 0, 0, 0);
-  evas_object_size_hint_weight_set(object, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
-  evas_object_size_hint_align_set(object, EVAS_HINT_FILL, EVAS_HINT_FILL);
-  elm_table_pack(table, rectangle, 0, 0, 1, 1);
-  elm_table_pack(table, object, 0, 0, 1, 1);
-  return table;
-}

@@ -29,11 +29,20 @@ class Utils {
   // Layout.
 
   /// Pixels of a 1920-pixel screen as pixels of this one, scaled as `object` is.
-  static int Scaled(const Evas_Object* object, int pixels);
+  static int Scaled(const Evas_Object* object, double pixels);
 
   /// Wraps `object` in a table on `parent` that is at least w x h pixels of a 1920-pixel screen, scaled with
   /// the interface where `scaled` is set. The caller owns the table, and the table the object.
   static Evas_Object* WidgetMinSet(Evas_Object* object, Evas_Object* parent, int w, int h, int scaled);
+
+  /// The same with margins around the object: the first at its leading top, the second at its trailing bottom.
+  static Evas_Object* WidgetMinSetWithGap(Evas_Object* object, Evas_Object* parent, int w, int h, int leadingGap,
+                                          int trailingGap, int scaled);
+  /// An unseen table of at least that size.
+  static Evas_Object* CreateRectTable(Evas_Object* parent, int w, int h, int scaled);
+  /// Gives an object the colour of a colour class.
+  static void SetObjectColor(Evas_Object* object, const char* colorClass);
+  static void SetObjectItemFocus(Elm_Object_Item* item);
 
   // What the windows share of the TV.
 

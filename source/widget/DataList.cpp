@@ -52,6 +52,7 @@ void DataList::m_CreateChoices() {
   SettingsAPI::Get()->GetItemDataList(m_parentMenuID, choices);
   for (const auto& [first, second] : choices) {
     LOG_DEBUG("First[%s],Second[%s]", first.c_str(), second.c_str());
+    if (first == value) m_initFocus = GetCount();
     m_nodes.push_back(m_MakeElementaryNode(first, second, m_type));
   }
 }
@@ -91,36 +92,46 @@ ElementaryNode* DataList::GetNode(int index) const {
   return nullptr;
 }
 
-bool DataList::m_EnableCheckAsync(const ElementaryNode& node) {
-  return CMenuDataProvider::GetItemEnable(node.GetNodeMenuItemId().c_str(), false);
+bool DataList::m_EnableCheckAsync(int index) const {
+  if (m_type != LIST_CHOICES) {
+    return CMenuDataProvider::GetItemEnable(m_nodes[static_cast<size_t>(index)]->GetNodeMenuItemId().c_str(), false);
+  }
+  // A choice is no item of the tree: its item answers for it.
+  bool enabled = false;
+  return SettingsAPI::Get()->GetItemEnable(m_parentMenuID, enabled, index) && enabled;
 }
 
 void DataList::FetchEnableStatus() {
-  for (const auto& node : m_nodes) {
+  for (int i = 0; i < GetCount(); ++i) {
+    ElementaryNode* node = GetNode(i);
     if (!node->IsShown()) {
       LOG_DEBUG(" INVISIBLE STATUS : %s", node->GetNodeMenuItemId().c_str());
       continue;
     }
-    const bool enabled = m_EnableCheckAsync(*node);
+    const bool enabled = m_EnableCheckAsync(i);
     LOG_DEBUG("Enable Check status : %d", enabled);
     node->SetStatus(enabled ? ITEM_STATUS_ENABLED : ITEM_STATUS_DISABLED);
   }
 }
 
 void DataList::FetchText() {
-  for (const auto& node : m_nodes) {
-    if (!node->IsShown()) continue;
-    char name[kBufferSize] = {}, value[kBufferSize] = {}, title[kBufferSize] = {};
-    const char* id = node->GetNodeMenuItemId().c_str();
-    if (CMenuDataProvider::GetItemValue(id, name, value)) {
-      node->SetContent(ElementaryNode::kValue, value);
-      node->SetContent(ElementaryNode::kDisplayValue, name);
-    }
-    if (CMenuDataProvider::GetItemDisplayName(id, title)) node->SetContent(ElementaryNode::kTitle, title);
+  for (int i = 0; i < GetCount(); ++i) FetchText(i);
+}
+
+void DataList::FetchText(int index) {
+  ElementaryNode* node = GetNode(index);
+  if (!node || !node->IsShown()) return;
+  char name[kBufferSize] = {}, value[kBufferSize] = {}, title[kBufferSize] = {};
+  const char* id = node->GetNodeMenuItemId().c_str();
+  if (CMenuDataProvider::GetItemValue(id, name, value)) {
+    node->SetContent(ElementaryNode::kValue, value);
+    node->SetContent(ElementaryNode::kDisplayValue, name);
   }
+  if (CMenuDataProvider::GetItemDisplayName(id, title)) node->SetContent(ElementaryNode::kTitle, title);
 }
 
 void DataList::Destroy() {
   m_nodes.clear();
   m_type = LIST_NONE;
+  m_initFocus = 0;
 }

@@ -35,9 +35,13 @@ class DataList {
   ElementaryNode* GetNode(int index) const;
   int GetCount() const { return static_cast<int>(m_nodes.size()); }
   LIST_TYPE GetType() const { return m_type; }
+  /// The row that is focused first: of choices the one that is set.
+  int GetInitFocusIndex() const { return m_initFocus; }
   /// Asks the TV again which of the shown rows are enabled, or for their texts.
   void FetchEnableStatus();
   void FetchText();
+  /// The same for one row.
+  void FetchText(int index);
   void Destroy();
 
  private:
@@ -46,9 +50,10 @@ class DataList {
   static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& value, const std::string& name,
                                                               LIST_TYPE type);
   static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& menuID, const DataInfo& info);
-  static bool m_EnableCheckAsync(const ElementaryNode& node);
+  bool m_EnableCheckAsync(int index) const;
 
   LIST_TYPE m_type = LIST_NONE;
   std::string m_parentMenuID;
+  int m_initFocus = 0;
   std::vector<std::unique_ptr<ElementaryNode>> m_nodes;
 };

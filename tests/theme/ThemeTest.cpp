@@ -104,6 +104,60 @@ std::vector<std::string> NumberedParts(const char* part, int first, int last) {
   return parts;
 }
 
+void AddLists(std::vector<Needed>& needed) {
+  needed.push_back({"elm/genlist/base/" + std::string(theme::kListDefault),
+                    {},
+                    {theme::kShowTopShadow, theme::kHideTopShadow, theme::kShowBottomShadow, theme::kHideBottomShadow}});
+  needed.push_back({theme::kListGround, {}, {}});
+  for (const char* kind : {"item", "item_compress"}) {
+    const auto row = [kind](const char* style) { return std::string("elm/genlist/") + kind + "/" + style + "/default"; };
+    for (const char* style : {theme::kRow, theme::kRowLite, theme::kRowGrey}) {
+      needed.push_back({row(style), {theme::kRowText}, {theme::kItemFocus, theme::kItemIconText}});
+    }
+    for (const char* style : {theme::kRowValue, theme::kRowValueLite, theme::kRowValueGrey}) {
+      needed.push_back({row(style),
+                        {theme::kRowText, theme::kRowValueText},
+                        {theme::kItemFocus, theme::kItemIconTwoTexts}});
+    }
+    for (const char* style : {theme::kFact, theme::kFactAbbreviated, theme::kMeasure, theme::kMeasureAbbreviated}) {
+      needed.push_back({row(style), {theme::kRowText, theme::kRowValueText, theme::kRowValueTextReversed}, {}});
+    }
+    for (const char* style : {theme::kMeasure, theme::kMeasureAbbreviated}) {
+      needed.push_back({row(style), {theme::kMeasureBar}, {}});
+    }
+  }
+}
+
+void AddControls(std::vector<Needed>& needed) {
+  for (const std::string style : {theme::kSpinner, theme::kSpinnerTouch}) {
+    needed.push_back({"elm/spinner/base/" + style, {theme::kIncreasePart, theme::kDecreasePart}, {}});
+  }
+  for (const std::string style :
+       {theme::kIncrease, theme::kIncreaseTouch, theme::kDecrease, theme::kDecreaseTouch}) {
+    needed.push_back({"elm/button/base/" + style, {}, {theme::kActionFocus, theme::kPressed}});
+  }
+  for (const char* group : {theme::kBottomList, theme::kBottomListContrast}) {
+    needed.push_back({group,
+                      {theme::kBottomListTitle, theme::kBottomListSize, theme::kBottomListPart},
+                      {theme::kRise, theme::kSink}});
+  }
+  needed.push_back({"elm/slider/horizontal/" + std::string(theme::kSlider), {"elm.dragable.slider"}, {}});
+  needed.push_back({"elm/progressbar/horizontal/" + std::string(theme::kMeasureBarStyle), {}, {}});
+}
+
+void AddInformation(std::vector<Needed>& needed) {
+  needed.push_back({theme::kInformation,
+                    {theme::kInformationText, theme::kInformationItems, theme::kInformationAction,
+                     theme::kInformationActionPad, theme::kInformationImage, theme::kInformationImagePad},
+                    {theme::kInformationActionShown}});
+  needed.push_back({theme::kSignalImage, {}, {theme::kSignalLevel}});
+  needed.push_back({theme::kHistory, {theme::kInformationText, theme::kInformationItems}, {theme::kHistoryEmpty}});
+  needed.push_back({theme::kFineTune,
+                    {theme::kFineTuneSlider, theme::kFineTuneChannel, theme::kFineTuneStatus,
+                     theme::kFineTuneStatusReversed},
+                    {theme::kShowStatus, theme::kHideStatus}});
+}
+
 std::vector<Needed> EverythingNeeded() {
   std::vector<Needed> needed = {
       {"elm/button/base/" + std::string(theme::kButton), {"elm.text"}, {"elm,action,focus", "elm,action,unfocus"}},
@@ -115,7 +169,8 @@ std::vector<Needed> EverythingNeeded() {
       {theme::kRatingGrid, NumberedParts(theme::kRatingText, 1, 12), {}},
       {theme::kRatingGrid, NumberedParts(theme::kRatingBox, 0, 17), {}},
   };
-  for (const std::string style : {theme::kBottomLarge, theme::kSmallBottom}) {
+  for (const std::string style :
+       {theme::kBottomLarge, theme::kSmallBottom, theme::kBottom, theme::kRight, theme::kRightLarge}) {
     needed.push_back({"elm/popup/base/" + style,
                       {theme::kContent, "elm.text.title", "elm.swallow.action_area"},
                       {theme::kHideBackground, "elm,state,title,text,visible", "elm,state,action_area,visible"}});
@@ -126,6 +181,14 @@ std::vector<Needed> EverythingNeeded() {
                         {}});
     }
   }
+  for (const std::string style : {theme::kDropDown, theme::kSpinnerPopup}) {
+    needed.push_back({"elm/popup/base/" + style, {theme::kContent}, {}});
+    needed.push_back({"elm/popup/content/popup/" + style, {theme::kContent}, {}});
+  }
+  needed.push_back({"elm/popup/base/" + std::string(theme::kRightLarge), {}, {theme::kDim50, theme::kUndim}});
+  AddLists(needed);
+  AddControls(needed);
+  AddInformation(needed);
   return needed;
 }
 
@@ -142,7 +205,8 @@ TEST(ThemeNames, EachIsInBothThemes) {
 }
 
 TEST(ThemeNames, NoneIsForgottenByTheTestAbove) {
-  std::string known = "elm title,text button1 button2 button3 elm.swallow.progressbar";  // the toolkit's, or a window's
+  std::string known = "elm title,text button1 button2 button3 elm.text.title";  // the toolkit's, or a window's
+  known += " startanimfinish endanimfinish clicked_outside";  // said by the theme
   for (const Needed& needed : EverythingNeeded()) {
     known += " " + needed.group;
     for (const auto& names : {needed.parts, needed.signals}) {
@@ -218,6 +282,7 @@ const OnGround kTexts[] = {
     {"MENU_BALCKTEXT_CALLOUT_1_COLOR_F", {"focus_ground"}},
     // Marks, which are read like letters.
     {"set_mark", {"set"}},
+    {"contrast_line", {"contrast_ground"}},
 };
 
 TEST(Contrast, OfEveryTextOnItsGroundIsEnough) {

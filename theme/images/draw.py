@@ -73,8 +73,29 @@ def draw_tick():
     write_png("tick.png", 48, coverage)
 
 
-for corner in (5, 10, 16, 20, 28):
+def draw_arrow():
+    """An arrow head that points up."""
+    points = [(12, 30), (24, 18), (36, 30)]
+    width = 5.5
+
+    def coverage(x, y):
+        near = min(segment_distance(x, y, *a, *b) for a, b in zip(points, points[1:]))
+        return inside(near - width / 2)
+
+    write_png("arrow-up.png", 48, coverage)
+    write_png("arrow-down.png", 48, lambda x, y: coverage(x, 48 - y))
+
+
+def draw_shade():
+    """Thick at the edge, clear within."""
+    write_png("shade-top.png", 48, lambda x, y: (1 - y / 48) ** 1.5)
+    write_png("shade-bottom.png", 48, lambda x, y: (y / 48) ** 1.5)
+
+
+for corner in (5, 6, 10, 16, 20, 24, 28):
     draw_round(corner)
 for corner, line in ((10, 4), (16, 3), (20, 3), (28, 4)):
     draw_ring(corner, line)
 draw_tick()
+draw_arrow()
+draw_shade()

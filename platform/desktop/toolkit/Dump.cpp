@@ -43,7 +43,7 @@ struct Found {
   std::vector<std::string> stack;
   Evas_Object* topView = nullptr;
   std::vector<SeenText> texts;
-  std::vector<Evas_Object*> checks, buttons;
+  std::vector<Evas_Object*> checks, buttons, lists, rowChecks;
   Evas_Object* progress = nullptr;
 };
 
@@ -92,6 +92,12 @@ std::string TextOf(Evas_Object* object) {
 
 bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\n") == std::string::npos; }
 
+/// A button without a text is an arrow of a control.
+bool HasWords(const Evas_Object* button) {
+  const char* text = elm_object_text_get(button);
+  return text && *text;
+}
+
 void TakeView(Evas_Object* object, Found& found) {
   const char* name = evas_object_name_get(object);
   if (!name || !std::string_view(name).starts_with(kViewPrefix)) return;
@@ -99,19 +105,21 @@ void TakeView(Evas_Object* object, Found& found) {
   found.topView = object;
 }
 
-void Walk(Evas_Object* object, Found& found) {
+void Walk(Evas_Object* object, Found& found, bool inList = false) {
   TakeView(object, found);
   if (!evas_object_visible_get(object)) return;
-  if (IsA(object, "elm_check")) found.checks.push_back(object);
-  if (IsA(object, "elm_button") && IsSeen(object)) found.buttons.push_back(object);
-  if (IsA(object, "elm_progressbar")) found.progress = object;
+  if (IsA(object, "elm_genlist") && IsSeen(object)) found.lists.push_back(object);
+  inList = inList || IsA(object, "elm_genlist");
+  if (IsA(object, "elm_check")) (inList ? found.rowChecks : found.checks).push_back(object);
+  if (IsA(object, "elm_button") && IsSeen(object) && HasWords(object)) found.buttons.push_back(object);
+  if (IsA(object, "elm_progressbar") && !inList) found.progress = object;
   if (const std::string text = TextOf(object); !IsBlank(text) && IsSeen(object)) {
     found.texts.push_back({PlaceOf(object), text});
   }
   if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return;
   Eina_List* members = evas_object_smart_members_get(object);
   void* member = nullptr;
-  EINA_LIST_FREE(members, member) Walk(static_cast<Evas_Object*>(member), found);
+  EINA_LIST_FREE(members, member) Walk(static_cast<Evas_Object*>(member), found, inList);
 }
 
 Found LookAtScreen() {
@@ -144,10 +152,70 @@ std::string NameOfCheck(const Evas_Object* check) {
   return name;
 }
 
+std::string TextOfRow(const Elm_Object_Item* row, const char* part) {
+  return row ? Plain(elm_object_item_part_text_get(row, part)) : "";
+}
+
+/// What stands at the trailing edge of a row, whichever way the layout runs.
+std::string ValueOfRow(const Elm_Object_Item* row) {
+  for (const char* part : {"elm.text.1", "elm.text.1.rtl"}) {
+    if (std::string value = TextOfRow(row, part); !value.empty()) return value;
+  }
+  return {};
+}
+
+Rect PlaceOfRow(Elm_Object_Item* row) {
+  const Rect place = PlaceOf(elm_object_item_track(row));
+  elm_object_item_untrack(row);
+  return place;
+}
+
+bool Holds(const Rect& outer, const Rect& inner) {
+  const int x = inner.x + inner.w / 2, y = inner.y + inner.h / 2;
+  return x >= outer.x && x < outer.x + outer.w && y >= outer.y && y < outer.y + outer.h;
+}
+
+void AddRow(Json::Value& rows, Elm_Object_Item* row, const Rect& place, const Found& found) {
+  Json::Value one;
+  one["text"] = TextOfRow(row, "elm.text");
+  one["value"] = ValueOfRow(row);
+  one["enabled"] = elm_object_item_disabled_get(row) == EINA_FALSE;
+  for (const Evas_Object* check : found.rowChecks) {
+    if (Holds(place, PlaceOf(check))) one["on"] = elm_check_state_get(check) == EINA_TRUE;
+  }
+  rows.append(one);
+}
+
+/// The rows that are seen at least by half, from top to bottom.
+Json::Value Rows(const Found& found) {
+  Json::Value rows(Json::arrayValue);
+  for (Evas_Object* list : found.lists) {
+    Eina_List* realized = elm_genlist_realized_items_get(list);
+    std::vector<std::pair<Rect, Elm_Object_Item*>> seen;
+    void* data = nullptr;
+    EINA_LIST_FREE(realized, data) {
+      auto* row = static_cast<Elm_Object_Item*>(data);
+      if (const Rect place = PlaceOfRow(row); Holds(PlaceOf(list), place)) seen.emplace_back(place, row);
+    }
+    std::stable_sort(seen.begin(), seen.end(), [](auto& a, auto& b) { return a.first.y < b.first.y; });
+    for (const auto& [place, row] : seen) AddRow(rows, row, place, found);
+  }
+  return rows;
+}
+
+/// A layout has its title in a part of its own.
+std::string TitleOf(Evas_Object* view) {
+  if (!view) return {};
+  return Plain(elm_object_part_text_get(view, IsA(view, "elm_popup") ? "title,text" : "elm.text.sliding"));
+}
+
 Json::Value Focus() {
   const Evas_Object* focused = Window() ? elm_object_focused_object_get(Window()) : nullptr;
   if (!focused || focused == Window()) return Json::nullValue;
   if (IsA(focused, "elm_check")) return NameOfCheck(focused);
+  if (IsA(focused, "elm_genlist")) return TextOfRow(elm_object_focused_item_get(focused), "elm.text");
+  if (IsA(focused, "elm_slider")) return Plain(elm_layout_text_get(focused, "elm.indicator"));
+  if (IsA(focused, "elm_spinner")) return Plain(elm_layout_text_get(focused, "elm.text"));
   return Plain(elm_object_text_get(focused));
 }
 
@@ -205,10 +273,10 @@ Json::Value DumpScreen() {
   SortForReading(found.texts);
   Json::Value dump;
   dump["stack"] = Array(found.stack);
-  dump["title"] = found.topView ? Plain(elm_object_part_text_get(found.topView, "title,text")) : "";
+  dump["title"] = TitleOf(found.topView);
   dump["texts"] = Json::arrayValue;
   for (const SeenText& seen : found.texts) dump["texts"].append(seen.text);
-  dump["rows"] = Json::arrayValue;
+  dump["rows"] = Rows(found);
   dump["checks"] = Checks(found);
   dump["buttons"] = Buttons(found);
   dump["focus"] = Focus();

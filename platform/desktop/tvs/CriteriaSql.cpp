@@ -31,6 +31,8 @@ constexpr Column kColumns[] = {
     {COLUMN_TRANSPORT_STREAM_ID,      "stream",               nullptr,         nullptr},
     {COLUMN_LOCKED_MODE,              "locked_mode",          nullptr,         nullptr},
     {COLUMN_IS_DEFAULT,               "is_default",           nullptr,         nullptr},
+    {COLUMN_FINE_TUNE_TYPE,           "fine_tune_type",       nullptr,         nullptr},
+    {COLUMN_FINE_TUNE_OFFSET,         "fine_tune_offset",     nullptr,         nullptr},
     {COLUMN_NETWORK_ID,               "network",              nullptr,         nullptr},
     {COLUMN_ORIGINAL_NETWORK_ID,      "original_network",     nullptr,         nullptr},
     {COLUMN_SATELLITE_ID,             "satellite",            "satellite",     "id"},

@@ -10,7 +10,7 @@ namespace {
 
 enum SourceState { kShown = 0, kTuning = 1, kOff = 2 };
 
-constexpr int kMiddle = 128;
+constexpr int kMiddle = 32;
 
 class SourceControl : public ISourceControl {
  public:

@@ -53,8 +53,8 @@ Evas_Object* CViewWindowBase::m_CreateMainBase() {
   const int type = t_GetBaseType();
   std::string style = t_GetBaseStyle();
   LOG_DEBUG("BaseInfo:Type[%d],TmpStyle[%s]", type, style.c_str());
-  if (style == "picturemodepopup_2017" && Singleton<MenuConfig>::GetInstance()->GetHighContrast() != 0) {
-    style = "picturemodepopup_2017_hc";
+  if (style == theme::kBottomList && Singleton<MenuConfig>::GetInstance()->GetHighContrast() != 0) {
+    style = theme::kBottomListContrast;
   }
   LOG_DEBUG("Final Style[%s]", style.c_str());
   return CRootWindow::CreateBase(static_cast<base_type>(type), style.c_str(), app_get_deployed_path(kLayoutFile));

@@ -1,0 +1,82 @@
+// Tells the program of sticks that come and go: a watch on the folder that holds them.
+#include <Ecore.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include "Gate.h"
+#include "Usb.h"
+
+namespace desktop {
+
+namespace {
+
+constexpr uint32_t kComing = IN_CREATE | IN_MOVED_TO;
+constexpr uint32_t kGoing = IN_DELETE | IN_MOVED_FROM;
+
+struct Watch {
+  int descriptor = -1;
+  Ecore_Fd_Handler* handler = nullptr;
+  usb_device_connected_cb callback = nullptr;
+  void* data = nullptr;
+};
+
+Watch g_watch;
+
+void Tell(const inotify_event& event) {
+  const std::string name = event.len ? event.name : "";
+  if (!(event.mask & IN_ISDIR) || name.empty() || name.starts_with(".") || !g_watch.callback) return;
+  const std::string path = std::filesystem::absolute(UsbDirectory() / name);
+  g_watch.callback(MakeUsbDevice(name, event.mask & kComing ? path : "n/a"), g_watch.data);
+}
+
+Eina_Bool ReadEvents(void*, Ecore_Fd_Handler*) {
+  alignas(inotify_event) char buffer[4096];
+  const ssize_t length = read(g_watch.descriptor, buffer, sizeof buffer);
+  for (ssize_t at = 0; at < length && g_watch.callback;) {
+    const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
+    at += static_cast<ssize_t>(sizeof *event + event->len);
+    Tell(*event);
+  }
+  return ECORE_CALLBACK_RENEW;
+}
+
+void StopWatching() {
+  if (g_watch.handler) ecore_main_fd_handler_del(g_watch.handler);
+  if (g_watch.descriptor >= 0) close(g_watch.descriptor);
+  g_watch = {};
+}
+
+int StartWatching() {
+  g_watch.descriptor = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+  const std::string directory = UsbDirectory();
+  if (g_watch.descriptor < 0 ||
+      inotify_add_watch(g_watch.descriptor, directory.c_str(), kComing | kGoing | IN_ONLYDIR) < 0) {
+    StopWatching();
+    return -1;
+  }
+  g_watch.handler = ecore_main_fd_handler_add(g_watch.descriptor, ECORE_FD_READ, ReadEvents, nullptr, nullptr, nullptr);
+  return 0;
+}
+
+}  // namespace
+
+}  // namespace desktop
+
+using namespace desktop;
+
+int usb_set_connected_cb(usb_device_connected_cb callback, void* data) {
+  return Gate::Pass<int>(op::usb_set_connected_cb, Entry(callback != nullptr), [&](Entry&) {
+    StopWatching();
+    if (StartWatching() != 0) return -1;
+    g_watch.callback = callback;
+    g_watch.data = data;
+    return 0;
+  });
+}
+
+int usb_unset_connected_cb() {
+  return Gate::Pass<int>(op::usb_unset_connected_cb, Entry(), [](Entry&) {
+    StopWatching();
+    return 0;
+  });
+}

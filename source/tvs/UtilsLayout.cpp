@@ -1,0 +1,68 @@
+// Tables that hold objects at a size, colours, and the focus of list rows.
+#include "Log.h"
+#include "Utils.h"
+
+namespace {
+
+Evas_Object* AddSpacer(Evas_Object* table, int column, int row, int w, int h) {
+  Evas_Object* spacer = evas_object_rectangle_add(evas_object_evas_get(table));
+  evas_object_color_set(spacer, 0, 0, 0, 0);
+  evas_object_size_hint_min_set(spacer, w, h);
+  elm_table_pack(table, spacer, column, row, 1, 1);
+  return spacer;
+}
+
+void Fill(Evas_Object* object) {
+  evas_object_size_hint_weight_set(object, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
+  evas_object_size_hint_align_set(object, EVAS_HINT_FILL, EVAS_HINT_FILL);
+}
+
+}  // namespace
+
+int Utils::Scaled(const Evas_Object* object, double pixels) {
+  return static_cast<int>(pixels * elm_object_scale_get(object) * elm_config_scale_get() / elm_app_base_scale_get());
+}
+
+Evas_Object* Utils::WidgetMinSet(Evas_Object* object, Evas_Object* parent, int w, int h, int scaled) {
+  Evas_Object* table = CreateRectTable(parent, w, h, scaled);
+  if (!table) return nullptr;
+  Fill(object);
+  elm_table_pack(table, object, 0, 0, 1, 1);
+  return table;
+}
+
+Evas_Object* Utils::WidgetMinSetWithGap(Evas_Object* object, Evas_Object* parent, int w, int h, int leadingGap,
+                                        int trailingGap, int scaled) {
+  Evas_Object* table = elm_table_add(parent);
+  if (!table) return nullptr;
+  const auto size = [&](int pixels) { return scaled ? Scaled(parent, pixels) : pixels; };
+  AddSpacer(table, 0, 0, size(leadingGap), size(leadingGap));
+  AddSpacer(table, 1, 1, size(w), size(h));
+  AddSpacer(table, 2, 2, size(trailingGap), size(trailingGap));
+  Fill(object);
+  elm_table_pack(table, object, 1, 1, 1, 1);
+  return table;
+}
+
+Evas_Object* Utils::CreateRectTable(Evas_Object* parent, int w, int h, int scaled) {
+  Evas_Object* table = elm_table_add(parent);
+  if (table) AddSpacer(table, 0, 0, scaled ? Scaled(parent, w) : w, scaled ? Scaled(parent, h) : h);
+  return table;
+}
+
+void Utils::SetObjectColor(Evas_Object* object, const char* colorClass) {
+  int r = 0, g = 0, b = 0, a = 0;
+  if (!edje_color_class_get(colorClass, &r, &g, &b, &a, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                            nullptr)) {
+    LOG_DEBUG("Failed to Get Color Class");
+    return;
+  }
+  // The canvas wants colours multiplied by their opacity.
+  evas_object_color_set(object, r * a / 255, g * a / 255, b * a / 255, a);
+  LOG_DEBUG("Color[%s]", colorClass);
+}
+
+void Utils::SetObjectItemFocus(Elm_Object_Item* item) {
+  elm_object_item_focus_set(item, EINA_TRUE);
+  LOG_INFO("set focus to the object item");
+}

@@ -1,0 +1,272 @@
+#include "ViewListWindowBase.h"
+
+#include <string_view>
+
+#include "ChannelUtil.h"
+#include "EventManager.h"
+#include "Log.h"
+#include "RowFocus.h"
+#include "ThemeNames.h"
+#include "Utils.h"
+#include "settings_api.h"
+
+namespace {
+
+constexpr double kEdge = 19.99944;
+constexpr double kSide = 20.00064;
+constexpr int kListHeight = 535;
+
+constexpr std::string_view kTransponder = "user-defined-transponder";
+constexpr std::string_view kSatelliteSelection = "satellite-selection";
+constexpr std::string_view kTransferWindows[] = {"import-from-usb", "export-to-usb", "factory-export-to-usb",
+                                                 "factory-import-from-usb"};
+
+/// How the list is framed in a window of each style.
+struct Frame {
+  std::string_view style;
+  int width;
+  bool fixed;
+  int height;
+};
+
+constexpr Frame kFrames[] = {
+    {theme::kBottom, 877, true, 0},
+    {theme::kSmallBottom, 877, true, 0},
+    {theme::kBottomLarge, 1220, false, 480},
+    {theme::kRightLarge, 820, false, 600},
+};
+
+bool IsUnset(const char* item) {
+  std::string name, value;
+  SettingsAPI::Get()->GetItemValue(item, name, value);
+  return value == "----";
+}
+
+Evas_Object* AddSpacer(Evas_Object* table, int column, int row, int w, int h, double weight) {
+  Evas_Object* spacer = evas_object_rectangle_add(evas_object_evas_get(table));
+  evas_object_color_set(spacer, 0, 0, 0, 0);
+  evas_object_size_hint_min_set(spacer, w, h);
+  evas_object_size_hint_weight_set(spacer, EVAS_HINT_EXPAND, weight);
+  evas_object_size_hint_align_set(spacer, EVAS_HINT_FILL, EVAS_HINT_FILL);
+  elm_table_pack(table, spacer, column, row, 1, 1);
+  return spacer;
+}
+
+void PackFilling(Evas_Object* table, Evas_Object* object, int column, int row) {
+  evas_object_size_hint_weight_set(object, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
+  evas_object_size_hint_align_set(object, EVAS_HINT_FILL, EVAS_HINT_FILL);
+  elm_table_pack(table, object, column, row, 1, 1);
+  evas_object_show(object);
+}
+
+void PostPop() { CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr); }
+
+}  // namespace
+
+// --- the window ----------------------------------------------------------------------------------
+
+std::string CViewListWindowBase::t_GetBaseStyle() { return "NoneDifined"; }
+
+void CViewListWindowBase::t_InitWindowProperty() { t_DefaultButtonNum = 1; }
+
+void CViewListWindowBase::t_Create() {
+  CViewWindowBase::t_Create();
+  if (!m_CreateList()) {
+    LOG_DEBUG("CreataList Failed");
+    return;
+  }
+  t_AddWidgetToWindowContent();
+  t_RegisterListKeyEvent();
+}
+
+bool CViewListWindowBase::m_CreateList() {
+  LOG_DEBUG("");
+  if (t_CreateWidgetList() && t_AddGenListItems()) return true;
+  LOG_DEBUG("Create List Failed");
+  return false;
+}
+
+bool CViewListWindowBase::t_CreateWidgetList() {
+  if (!t_pMainBase) return false;
+  t_pGenlist = elm_genlist_add(t_pMainBase);
+  if (!t_pGenlist) return false;
+  elm_genlist_select_mode_set(t_pGenlist, ELM_OBJECT_SELECT_MODE_ALWAYS);
+  elm_object_scroll_item_loop_enabled_set(t_pGenlist, EINA_FALSE);
+  elm_genlist_homogeneous_set(t_pGenlist, EINA_TRUE);
+  elm_genlist_mode_set(t_pGenlist, ELM_LIST_COMPRESS);
+  elm_object_style_set(t_pGenlist, theme::kListDefault);
+  KeepRowFocus(t_pGenlist);
+  return true;
+}
+
+bool CViewListWindowBase::t_AddGenListItems() { return true; }
+
+void CViewListWindowBase::t_AddWidgetToWindowContent() {
+  const std::string style = t_GetBaseStyle();
+  if (t_MenuID == kSatelliteSelection) return t_AddListToUserDefineContent();
+  for (const Frame& frame : kFrames) {
+    if (frame.style == style) return t_PackListToTable(t_pMainBase, frame.width, frame.fixed, frame.height);
+  }
+  if (style != theme::kRight) return t_AddListToUserDefineContent();
+  elm_object_part_content_unset(t_pMainBase, theme::kContent);
+  elm_object_part_content_set(t_pMainBase, theme::kContent, t_pGenlist);
+}
+
+void CViewListWindowBase::t_AddListToUserDefineContent() { LOG_DEBUG("Needs to add list into content by yourself"); }
+
+void CViewListWindowBase::t_PackListToTable(Evas_Object* parent, int width, bool fixed, int height) {
+  if (!parent || !t_pGenlist) return;
+  elm_scroller_policy_set(t_pGenlist, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_AUTO);
+  elm_object_scroll_item_loop_enabled_set(t_pGenlist, EINA_FALSE);
+  LOG_DEBUG("nItemCount=%d", static_cast<int>(elm_genlist_items_count(t_pGenlist)));
+
+  const auto scaled = [parent](double pixels) { return Utils::Scaled(parent, pixels); };
+  const int w = scaled(width), edge = scaled(kEdge), listHeight = scaled(kListHeight);
+  const int below = fixed || height == 0 ? edge : scaled(height - kListHeight - kEdge);
+  Evas_Object* table = elm_table_add(parent);
+  AddSpacer(table, 1, 0, w, edge, 0.0);
+  AddSpacer(table, 1, 2, w, below < 1 ? edge : below, 0.0);
+  AddSpacer(table, 0, 1, scaled(kSide), listHeight, 0.0);
+  AddSpacer(table, 2, 1, scaled(kSide), listHeight, 0.0);
+
+  Evas_Object* ground = elm_layout_add(table);
+  elm_layout_file_set(ground, Utils::GetEDJFile().c_str(), theme::kListGround);
+  evas_object_size_hint_min_set(ground, w, listHeight);
+  PackFilling(table, ground, 1, 1);
+  PackFilling(table, t_pGenlist, 1, 1);
+  evas_object_size_hint_weight_set(table, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
+  evas_object_size_hint_align_set(table, EVAS_HINT_FILL, EVAS_HINT_FILL);
+  evas_object_show(table);
+  elm_object_content_set(parent, table);
+}
+
+void CViewListWindowBase::t_Show() {
+  CViewWindowBase::t_Show();
+  if (t_pGenlist) evas_object_show(t_pGenlist);
+  m_CheckTransponder();
+}
+
+void CViewListWindowBase::t_Refresh() {
+  LOG_DEBUG("");
+  CView::t_Refresh();
+  if (t_pGenlist) elm_genlist_realized_items_update(t_pGenlist);
+  m_CheckTransponder();
+}
+
+void CViewListWindowBase::t_Hide() { CViewWindowBase::t_Hide(); }
+
+void CViewListWindowBase::t_Pause() { CView::t_Pause(); }
+
+void CViewListWindowBase::t_Destroy() {
+  t_UnRegisterListKeyEvent();
+  if (t_pGenlist) evas_object_del(t_pGenlist);
+  if (t_pItemClass) elm_genlist_item_class_free(t_pItemClass);
+  t_pGenlist = nullptr;
+  t_pItemClass = nullptr;
+  CViewWindowBase::t_Destroy();
+}
+
+// --- the user's transponder ----------------------------------------------------------------------
+
+bool CViewListWindowBase::m_IsTransponderWindow() const { return t_MenuID == kTransponder; }
+
+/// A transponder can be saved once it has a frequency and a symbol rate.
+void CViewListWindowBase::m_CheckTransponder() {
+  if (!m_IsTransponderWindow() || !t_pDefaultButtons[0]) return;
+  const bool unset = IsUnset("user-defined-transponder-frequency") || IsUnset("user-defined-transponder-symbolrate");
+  elm_object_disabled_set(t_pDefaultButtons[0], unset);
+}
+
+void CViewListWindowBase::t_ProcessDefaultButtonOneClickCallBack() {
+  if (m_IsTransponderWindow()) ChannelUtil::TuneAloneSelectedTransponder(false);
+  PostPop();
+}
+
+void CViewListWindowBase::t_ProcessDefaultButtonTwoClickCallBack() {
+  if (m_IsTransponderWindow()) PostPop();
+}
+
+// --- the list's events ---------------------------------------------------------------------------
+
+void CViewListWindowBase::t_RegisterListKeyEvent() {
+  if (!t_pGenlist) {
+    LOG_DEBUG("Null Pointer");
+    return;
+  }
+  evas_object_smart_callback_add(t_pGenlist, "realized", m_ItemRealized, this);
+  evas_object_smart_callback_add(t_pGenlist, "item,focused", m_GenlistFocusedCB, this);
+  evas_object_smart_callback_add(t_pGenlist, "item,unfocused", m_GenlistUnFocusedCB, this);
+  evas_object_event_callback_add(t_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+}
+
+void CViewListWindowBase::t_UnRegisterListKeyEvent() {
+  if (!t_pGenlist) return;
+  evas_object_smart_callback_del_full(t_pGenlist, "realized", m_ItemRealized, this);
+  evas_object_smart_callback_del_full(t_pGenlist, "item,focused", m_GenlistFocusedCB, this);
+  evas_object_smart_callback_del_full(t_pGenlist, "item,unfocused", m_GenlistUnFocusedCB, this);
+  evas_object_event_callback_del_full(t_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+}
+
+void CViewListWindowBase::t_ProcessListFocusCB(Evas_Object*, void* item) {
+  LOG_DEBUG("CurSubFocusItemNum : %d", elm_genlist_item_index_get(static_cast<Elm_Object_Item*>(item)) - 1);
+}
+
+void CViewListWindowBase::t_ProcessListUnFocusCB(Evas_Object*, void*) { LOG_DEBUG(""); }
+
+void CViewListWindowBase::t_ProcessListKeyPressCB(std::string) { LOG_DEBUG(""); }
+
+void CViewListWindowBase::t_ProcessItemSelected(void*, Evas_Object*, void*) { LOG_DEBUG(""); }
+
+void CViewListWindowBase::t_ConfigueTTS(Evas_Object*) { LOG_DEBUG(""); }
+
+void CViewListWindowBase::m_GenlistFocusedCB(void* data, Evas_Object* object, void* info) {
+  auto* pThis = static_cast<CViewListWindowBase*>(data);
+  if (!pThis || !object || !info) {
+    LOG_ERROR("Assertion failed");
+    return;
+  }
+  pThis->t_ProcessListFocusCB(object, info);
+}
+
+void CViewListWindowBase::m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info) {
+  auto* pThis = static_cast<CViewListWindowBase*>(data);
+  if (!pThis || !object || !info) {
+    LOG_ERROR("Assertion failed");
+    return;
+  }
+  pThis->t_ProcessListUnFocusCB(object, info);
+}
+
+void CViewListWindowBase::m_GenlistKeyPressedCB(void* data, Evas*, Evas_Object* object, void* info) {
+  auto* pThis = static_cast<CViewListWindowBase*>(data);
+  const auto* key = static_cast<Evas_Event_Key_Down*>(info);
+  if (!pThis || !object || !key) {
+    LOG_ERROR("Assertion failed");
+    return;
+  }
+  LOG_DEBUG("keyname is [ %s ] ", key->keyname);
+  pThis->t_ProcessListKeyPressCB(key->keyname);
+}
+
+void CViewListWindowBase::m_ItemSelectedCB(void* data, Evas_Object* object, void* info) {
+  auto* pThis = static_cast<CViewListWindowBase*>(data);
+  if (!pThis) {
+    LOG_DEBUG("Null Pointer");
+    return;
+  }
+  pThis->t_ProcessItemSelected(data, object, info);
+}
+
+void CViewListWindowBase::m_ItemRealized(void* data, Evas_Object*, void* info) {
+  auto* pThis = static_cast<CViewListWindowBase*>(data);
+  auto* item = static_cast<Elm_Object_Item*>(info);
+  if (!pThis || !item) {
+    LOG_ERROR("Null");
+    return;
+  }
+  if (pThis->t_MenuID == kSatelliteSelection) elm_object_item_signal_emit(item, theme::kItemIconTwoTexts, "");
+  for (const std::string_view window : kTransferWindows) {
+    if (pThis->t_MenuID == window) elm_object_item_signal_emit(item, theme::kItemIconText, "");
+  }
+  pThis->t_ConfigueTTS(static_cast<Evas_Object*>(info));
+}

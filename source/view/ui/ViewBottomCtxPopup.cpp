@@ -1,0 +1,143 @@
+#include "ViewBottomCtxPopup.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "EventManager.h"
+#include "KPILog.h"
+#include "Log.h"
+#include "RootWindow.h"
+#include "ThemeNames.h"
+#include "Utils.h"
+#include "settings_api.h"
+#include "string_util.h"
+#include "toolkit_ext.h"
+
+namespace {
+
+constexpr int kListWidth = 640;
+constexpr int kRowHeight = 80;
+constexpr int kMostRows = 6;
+constexpr size_t kBufferSize = 512;
+
+std::string DisplayName(const std::string& menuID) {
+  std::string name;
+  SettingsAPI::Get()->GetItemDisplayName(menuID, name);
+  return name;
+}
+
+bool IsBack(std::string_view key) { return key == "XF86Back" || key == "BackSpace"; }
+
+}  // namespace
+
+int CViewBottomCtxPopup::t_GetBaseType() { return BASE_TYPE_LAYOUT; }
+
+std::string CViewBottomCtxPopup::t_GetBaseStyle() { return theme::kBottomList; }
+
+void CViewBottomCtxPopup::t_Create() {
+  CViewWidgetListWindowBase::t_Create();
+  if (!t_pMainBase) return;
+  m_AddTitle();
+  m_behavior.Create(t_MenuID);
+  elm_layout_signal_callback_add(t_pMainBase, theme::kRisen, "*", t_EndMotionCB, this);
+  elm_layout_signal_callback_add(t_pMainBase, theme::kSunk, "*", t_EndMotionCB, this);
+  elm_layout_signal_callback_add(t_pMainBase, theme::kClickedOutside, "*", m_ClickedOutsideCB, this);
+}
+
+void CViewBottomCtxPopup::m_AddTitle() {
+  t_WindowTitle = DisplayName(t_MenuID);
+  elm_object_part_text_set(t_pMainBase, theme::kBottomListTitle, t_WindowTitle.c_str());
+  LOG_DEBUG("Add Bottom Title");
+}
+
+void CViewBottomCtxPopup::t_AddListToUserDefineContent() {
+  const int rows = std::clamp(t_pWidgetList->GetVisibleListCount(), 1, kMostRows);
+  Evas_Object* size = Utils::CreateRectTable(t_pMainBase, kListWidth, rows * kRowHeight, 1);
+  elm_object_part_content_set(t_pMainBase, theme::kBottomListSize, size);
+  if (!t_List()) return;
+  elm_scroller_policy_set(t_List(), ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_AUTO);
+  Evas_Object* table = Utils::WidgetMinSetWithGap(t_List(), t_pMainBase, kListWidth, rows * kRowHeight, 0, 0, 1);
+  elm_object_part_content_set(t_pMainBase, theme::kBottomListPart, table);
+}
+
+void CViewBottomCtxPopup::t_Show() {
+  CViewWidgetListWindowBase::t_Show();
+  SetViewStatus(VIEW_STATUS_ANIMATING);
+  t_pWidgetList->SetFocusPresetItem();
+  LOG_DEBUG("SetFocusPresetItem");
+  if (t_pMainBase) elm_layout_signal_emit(t_pMainBase, theme::kRise, "");
+}
+
+void CViewBottomCtxPopup::t_EndMotionCB(void* data, Evas_Object*, const char* signal, const char*) {
+  auto* pThis = static_cast<CViewBottomCtxPopup*>(data);
+  LOG_DEBUG("t_EndMotionCB");
+  if (std::string_view(signal) == theme::kRisen) {
+    LOG_DEBUG("%s", theme::kRisen);
+    pThis->SetViewStatus(VIEW_STATUS_ACTIVE);
+  } else {
+    LOG_DEBUG("%s", theme::kSunk);
+    CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
+  }
+}
+
+void CViewBottomCtxPopup::m_ClickedOutsideCB(void* data, Evas_Object*, const char*, const char*) {
+  static_cast<CViewBottomCtxPopup*>(data)->m_Close();
+}
+
+/// The end of the motion posts the one pop that closes the popup.
+void CViewBottomCtxPopup::m_Close() {
+  if (m_closing || !t_pMainBase) return;
+  m_closing = true;
+  elm_layout_signal_emit(t_pMainBase, theme::kSink, "");
+}
+
+void CViewBottomCtxPopup::t_ProcessListFocusCB(Evas_Object* list, void* item) {
+  CViewWidgetListWindowBase::t_ProcessListFocusCB(list, item);
+  std::string value;
+  if (!t_pWidgetList->GetFocusGenlistItemValue(&value)) return;
+  LOG_DEBUG("### sItemValue %s", value.c_str());
+  m_behavior.DoBehaviorAfterItemFocusChange(value);
+  if (elm_config_access_get()) elm_access_force_say(" ");
+}
+
+void CViewBottomCtxPopup::t_SublistItemPress() {
+  if (m_closing) return;
+  m_behavior.DoBehaviorAfterItemSelected();
+  m_Close();
+}
+
+void CViewBottomCtxPopup::t_ProcessListKeyPressCB(std::string keyName) {
+  if (IsBack(keyName)) m_Close();
+}
+
+bool CViewBottomCtxPopup::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
+  const auto* key = static_cast<Ecore_Event_Key*>(event);
+  if (!key || !IsBack(key->keyname)) return false;
+  m_Close();
+  return true;
+}
+
+bool CViewBottomCtxPopup::t_PrepareHide() {
+  CKPILog::SendKpiLog(t_MenuID.c_str(), CKPILog::LOG_TYPE_SELECT_VALUE);
+  CKPILog::SendKpiLog(t_MenuID.c_str(), CKPILog::LOG_TYPE_CLICK);
+  return CViewWidgetListWindowBase::t_PrepareHide();
+}
+
+void CViewBottomCtxPopup::t_FirstEnter(std::string& text) {
+  const int rows = t_pWidgetList ? t_pWidgetList->GetVisibleListCount() : 0;
+  char guide[kBufferSize] = {};
+  CStringUtil::CombinateStrings(guide, sizeof guide,
+                                Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
+                                std::to_string(rows).c_str());
+  text += t_WindowTitle + ", " + guide;
+}
+
+void CViewBottomCtxPopup::t_Destroy() {
+  if (t_pMainBase) {
+    elm_layout_signal_callback_del(t_pMainBase, theme::kRisen, "*", t_EndMotionCB);
+    elm_layout_signal_callback_del(t_pMainBase, theme::kSunk, "*", t_EndMotionCB);
+    elm_layout_signal_callback_del(t_pMainBase, theme::kClickedOutside, "*", m_ClickedOutsideCB);
+  }
+  CViewWidgetListWindowBase::t_Destroy();
+  m_behavior.Destroy();
+}

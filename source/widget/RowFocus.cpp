@@ -1,0 +1,64 @@
+#include "RowFocus.h"
+
+namespace {
+
+constexpr const char* kRow = "focus-row";
+
+Elm_Object_Item* RowToFocus(Evas_Object* genlist) {
+  const void* wanted = evas_object_data_get(genlist, kRow);
+  // The row may be gone by now.
+  for (Elm_Object_Item* row = elm_genlist_first_item_get(genlist); row && wanted;
+       row = elm_genlist_item_next_get(row)) {
+    if (row == wanted) return row;
+  }
+  return elm_genlist_first_item_get(genlist);
+}
+
+void FocusRow(void* data) {
+  auto* genlist = static_cast<Evas_Object*>(data);
+  if (elm_object_focused_object_get(genlist) != genlist || elm_object_focused_item_get(genlist)) return;
+  if (Elm_Object_Item* row = RowToFocus(genlist)) elm_object_item_focus_set(row, EINA_TRUE);
+}
+
+/// A list takes the focus only when the handlers that are under way are through.
+void FocusRowLater(Evas_Object* genlist) {
+  ecore_job_add(
+      [](void* held) {
+        auto* list = static_cast<Evas_Object*>(held);
+        FocusRow(list);
+        evas_object_unref(list);
+      },
+      genlist);
+  evas_object_ref(genlist);
+}
+
+void CanvasFocused(void* data, Evas*, void*) { FocusRowLater(static_cast<Evas_Object*>(data)); }
+
+void ListFocused(void*, Evas_Object* genlist, void*) { FocusRow(genlist); }
+
+/// A list without rows on screen can hand the focus to none: it does when they are made.
+void RowMade(void*, Evas_Object* genlist, void* row) {
+  if (RowToFocus(genlist) == row && !elm_object_focused_item_get(genlist)) FocusRowLater(genlist);
+}
+
+void RowFocused(void*, Evas_Object* genlist, void* row) { evas_object_data_set(genlist, kRow, row); }
+
+void ListGone(void*, Evas* canvas, Evas_Object* genlist, void*) {
+  evas_event_callback_del_full(canvas, EVAS_CALLBACK_CANVAS_FOCUS_IN, CanvasFocused, genlist);
+}
+
+}  // namespace
+
+void KeepRowFocus(Evas_Object* genlist) {
+  evas_object_smart_callback_add(genlist, "focused", ListFocused, nullptr);
+  evas_object_smart_callback_add(genlist, "item,focused", RowFocused, nullptr);
+  evas_object_smart_callback_add(genlist, "realized", RowMade, nullptr);
+  evas_event_callback_add(evas_object_evas_get(genlist), EVAS_CALLBACK_CANVAS_FOCUS_IN, CanvasFocused, genlist);
+  evas_object_event_callback_add(genlist, EVAS_CALLBACK_DEL, ListGone, nullptr);
+}
+
+void SetFocusRow(Elm_Object_Item* row) {
+  Evas_Object* genlist = elm_object_item_widget_get(row);
+  evas_object_data_set(genlist, kRow, row);
+  FocusRowLater(genlist);
+}
