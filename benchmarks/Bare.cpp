@@ -7,16 +7,19 @@
 #include <Efreet.h>
 #include <Elementary.h>
 #include <sqlite3.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <string>
 #include <vector>
+
+#include "Readings.h"
+
+using bench::Now;
+using bench::PeakKibibytes;
 
 namespace {
 
@@ -28,21 +31,6 @@ Evas_Object* g_boxes[kBoxes];
 sqlite3* g_db = nullptr;
 sqlite3_stmt* g_update = nullptr;
 bool g_drawn = false;
-
-double Now() {
-  timespec now;
-  clock_gettime(CLOCK_MONOTONIC, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-long PeakKibibytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    long peak = 0;
-    if (word == "VmHWM:" && status >> peak) return peak;
-  }
-  return 0;
-}
 
 void FirstFrame(void*, Evas*, void*) {
   std::printf("%.9f %ld\n", Now(), PeakKibibytes());

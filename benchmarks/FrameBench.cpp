@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,6 +18,7 @@
 #include "Log.h"
 #include "LogOutput.h"
 #include "Profile.h"
+#include "Readings.h"
 #include "Screen.h"
 #include "ViewManager.h"
 
@@ -35,21 +35,6 @@ constexpr double kRestSeconds = 0.1;
 constexpr int kEvents = 1000;
 constexpr int kLines = 100000;
 constexpr int kWrittenLines = 2000;
-
-double Now() {
-  timespec now;
-  clock_gettime(CLOCK_MONOTONIC, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-long PeakKibibytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    long peak = 0;
-    if (word == "VmHWM:" && status >> peak) return peak;
-  }
-  return 0;
-}
 
 // --- the program as a process of its own ----------------------------------------------------------
 

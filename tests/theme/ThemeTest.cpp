@@ -105,19 +105,21 @@ std::vector<std::string> NumberedParts(const char* part, int first, int last) {
 }
 
 void AddLists(std::vector<Needed>& needed) {
-  needed.push_back({"elm/genlist/base/" + std::string(theme::kListDefault),
-                    {},
-                    {theme::kShowTopShadow, theme::kHideTopShadow, theme::kShowBottomShadow, theme::kHideBottomShadow}});
+  needed.push_back(
+      {"elm/genlist/base/" + std::string(theme::kListDefault),
+       {},
+       {theme::kShowTopShadow, theme::kHideTopShadow, theme::kShowBottomShadow, theme::kHideBottomShadow}});
   needed.push_back({theme::kListGround, {}, {}});
   for (const char* kind : {"item", "item_compress"}) {
-    const auto row = [kind](const char* style) { return std::string("elm/genlist/") + kind + "/" + style + "/default"; };
+    const auto row = [kind](const char* style) {
+      return std::string("elm/genlist/") + kind + "/" + style + "/default";
+    };
     for (const char* style : {theme::kRow, theme::kRowLite, theme::kRowGrey}) {
       needed.push_back({row(style), {theme::kRowText}, {theme::kItemFocus, theme::kItemIconText}});
     }
     for (const char* style : {theme::kRowValue, theme::kRowValueLite, theme::kRowValueGrey}) {
-      needed.push_back({row(style),
-                        {theme::kRowText, theme::kRowValueText},
-                        {theme::kItemFocus, theme::kItemIconTwoTexts}});
+      needed.push_back(
+          {row(style), {theme::kRowText, theme::kRowValueText}, {theme::kItemFocus, theme::kItemIconTwoTexts}});
     }
     for (const char* style : {theme::kFact, theme::kFactAbbreviated, theme::kMeasure, theme::kMeasureAbbreviated}) {
       needed.push_back({row(style), {theme::kRowText, theme::kRowValueText, theme::kRowValueTextReversed}, {}});
@@ -132,8 +134,7 @@ void AddControls(std::vector<Needed>& needed) {
   for (const std::string style : {theme::kSpinner, theme::kSpinnerTouch}) {
     needed.push_back({"elm/spinner/base/" + style, {theme::kIncreasePart, theme::kDecreasePart}, {}});
   }
-  for (const std::string style :
-       {theme::kIncrease, theme::kIncreaseTouch, theme::kDecrease, theme::kDecreaseTouch}) {
+  for (const std::string style : {theme::kIncrease, theme::kIncreaseTouch, theme::kDecrease, theme::kDecreaseTouch}) {
     needed.push_back({"elm/button/base/" + style, {}, {theme::kActionFocus, theme::kPressed}});
   }
   for (const char* group : {theme::kBottomList, theme::kBottomListContrast}) {
@@ -152,10 +153,10 @@ void AddInformation(std::vector<Needed>& needed) {
                     {theme::kInformationActionShown}});
   needed.push_back({theme::kSignalImage, {}, {theme::kSignalLevel}});
   needed.push_back({theme::kHistory, {theme::kInformationText, theme::kInformationItems}, {theme::kHistoryEmpty}});
-  needed.push_back({theme::kFineTune,
-                    {theme::kFineTuneSlider, theme::kFineTuneChannel, theme::kFineTuneStatus,
-                     theme::kFineTuneStatusReversed},
-                    {theme::kShowStatus, theme::kHideStatus}});
+  needed.push_back(
+      {theme::kFineTune,
+       {theme::kFineTuneSlider, theme::kFineTuneChannel, theme::kFineTuneStatus, theme::kFineTuneStatusReversed},
+       {theme::kShowStatus, theme::kHideStatus}});
 }
 
 std::vector<Needed> EverythingNeeded() {
@@ -206,7 +207,7 @@ TEST(ThemeNames, EachIsInBothThemes) {
 
 TEST(ThemeNames, NoneIsForgottenByTheTestAbove) {
   std::string known = "elm title,text button1 button2 button3 elm.text.title";  // the toolkit's, or a window's
-  known += " startanimfinish endanimfinish clicked_outside";  // said by the theme
+  known += " startanimfinish endanimfinish clicked_outside";                    // said by the theme
   for (const Needed& needed : EverythingNeeded()) {
     known += " " + needed.group;
     for (const auto& names : {needed.parts, needed.signals}) {
