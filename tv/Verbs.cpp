@@ -83,7 +83,7 @@ std::string TypeOf(const std::string& key) {
 }
 
 std::string KnownType(const std::string& key) {
-  const std::string type = TypeOf(key);
+  std::string type = TypeOf(key);
   if (type.empty()) throw std::runtime_error(g_tv + ": no key '" + key + "'");
   return type;
 }

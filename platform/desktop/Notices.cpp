@@ -100,7 +100,7 @@ int SendNotice(const std::string& notice) {
     const int result = SendTo(name, notice);
     if (result > 0) ++reached;
     if (result < 0) throw StoreError("program " + std::to_string(pid) + " does not answer");
-    if (result == 0) Store::Get().Write([&] { Query("DELETE FROM program WHERE pid = ?", pid).Run(); }, false);
+    if (result == 0) Store::Get().Write([pid = pid] { Query("DELETE FROM program WHERE pid = ?", pid).Run(); }, false);
   }
   return reached;
 }

@@ -68,14 +68,11 @@ ENavigationMode NavigationOf(const TSTvMode& mode) {
   return NAVIGATION_ALL;
 }
 
-/// Runs `operation` on the tuner; -1 without one.
-template <class Operation>
-int OnTuner(Operation&& operation) {
-  CTVSApiWrapper wrapper;
+/// Null without one; the wrapper owns it.
+ITunerControl* TunerOf(CTVSApiWrapper& wrapper) {
   ITunerControl* tuner = wrapper.CreateTunerControl(PROFILE_MAIN, 0);
-  if (tuner) return operation(*tuner);
-  LOG_ERROR("Interface creation failed!");
-  return -1;
+  if (!tuner) LOG_ERROR("Interface creation failed!");
+  return tuner;
 }
 
 }  // namespace
@@ -202,54 +199,38 @@ void FineTuneUtil::SetFinetuneFreq(int offset) {
 // --- on the tuner --------------------------------------------------------------------------------
 
 int FineTuneUtil::GetTunerMft() {
-  return OnTuner([](ITunerControl& tuner) {
-    unsigned char byte = 0;
-    if (tuner.GetMFT(byte) < 1) {
-      LOG_DEBUG("GET TUNER MFT VALUE Error,Using 0");
-      return 0;
-    }
-    const int offset = byte - kZero;
-    LOG_DEBUG("GET TUNER MFT VALUE is %d", offset);
-    return offset;
-  });
+  CTVSApiWrapper wrapper;
+  ITunerControl* tuner = TunerOf(wrapper);
+  if (!tuner) return -1;
+  unsigned char byte = 0;
+  if (tuner->GetMFT(byte) < 1) {
+    LOG_DEBUG("GET TUNER MFT VALUE Error,Using 0");
+    return 0;
+  }
+  const int offset = byte - kZero;
+  LOG_DEBUG("GET TUNER MFT VALUE is %d", offset);
+  return offset;
 }
 
 void FineTuneUtil::PresetTunerMft(int offset) {
-  OnTuner([offset](ITunerControl& tuner) {
-    const unsigned char byte = ByteOf(offset);
-    LOG_DEBUG("pre Set Tuner MFT %c[%d]", byte, byte);
-    const int result = tuner.PresetMFT(byte);
-    if (result >= 1) {
-      LOG_DEBUG("Pre Set Tuner MFT Succ.");
-    } else {
-      LOG_DEBUG("Pre Set Tuner MFT Error.");
-    }
-    return result;
-  });
+  CTVSApiWrapper wrapper;
+  ITunerControl* tuner = TunerOf(wrapper);
+  if (!tuner) return;
+  const unsigned char byte = ByteOf(offset);
+  LOG_DEBUG("pre Set Tuner MFT %c[%d]", byte, byte);
+  LOG_DEBUG("%s", tuner->PresetMFT(byte) >= 1 ? "Pre Set Tuner MFT Succ." : "Pre Set Tuner MFT Error.");
 }
 
 void FineTuneUtil::SetTunerMft() {
-  OnTuner([](ITunerControl& tuner) {
-    const int result = tuner.SetMFT();
-    if (result >= 1) {
-      LOG_DEBUG("Set Tuner MFT Succ.");
-    } else {
-      LOG_DEBUG("Set Tuner MFT Error.");
-    }
-    return result;
-  });
+  CTVSApiWrapper wrapper;
+  ITunerControl* tuner = TunerOf(wrapper);
+  if (tuner) LOG_DEBUG("%s", tuner->SetMFT() >= 1 ? "Set Tuner MFT Succ." : "Set Tuner MFT Error.");
 }
 
 void FineTuneUtil::ResetTurnerMft() {
-  OnTuner([](ITunerControl& tuner) {
-    const int result = tuner.ResetMFT();
-    if (result >= 1) {
-      LOG_DEBUG("reset tuner mft Succ.");
-    } else {
-      LOG_DEBUG("reset tuner mft Error.");
-    }
-    return result;
-  });
+  CTVSApiWrapper wrapper;
+  ITunerControl* tuner = TunerOf(wrapper);
+  if (tuner) LOG_DEBUG("%s", tuner->ResetMFT() >= 1 ? "reset tuner mft Succ." : "reset tuner mft Error.");
 }
 
 int FineTuneUtil::CheckIfInitialFinetuned() {

@@ -71,7 +71,7 @@ class CEventLaunchData : public IEventData {
   std::string GetMenuID() override { return {}; }
 
  private:
-  bool m_flag;
+  [[maybe_unused]] bool m_flag;
   std::string m_first, m_second;
 };
 
