@@ -66,7 +66,8 @@ int main(int argc, char** argv) {
       for (const bench::Figure& figure : bench::FrameFigures(directory)) Print(figure);
     }
     if (only.empty() || only == "tvs") {
-      for (const bench::Figure& figure : bench::TvsFigures(directory, kServices)) Print(figure);
+      const long services = argc > 2 ? std::atol(argv[2]) : kServices;
+      for (const bench::Figure& figure : bench::TvsFigures(directory, services)) Print(figure);
     }
   } catch (const std::exception& error) {
     std::fprintf(stderr, "quirelle-bench: %s\n", error.what());
