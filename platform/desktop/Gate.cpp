@@ -50,7 +50,8 @@ constexpr int kMostLines = 100000;
 struct Line {
   int64_t at;
   const Operation* operation;
-  std::string arguments, result, outputs;
+  Entry entry;
+  std::string result;
 };
 
 struct Fault {
@@ -157,10 +158,10 @@ bool Gate::NthReached() { return S().reached; }
 
 void Gate::Watch(Watcher watcher) { S().watcher = std::move(watcher); }
 
-void Gate::Record(const Operation& operation, const Entry& entry, const std::string& result) {
+void Gate::Record(const Operation& operation, Entry entry, std::string result) {
   State& s = S();
-  s.pending.push_back({Now(), &operation, entry.Arguments(), result, entry.Outputs()});
   if (s.watcher) s.watcher(operation, entry, result);
+  s.pending.push_back({Now(), &operation, std::move(entry), std::move(result)});
   if (s.pending.size() >= kMostPending) Flush();
 }
 
@@ -185,10 +186,9 @@ void Gate::WritePending() {
   s.writing = s.pending.size();
   if (s.pending.empty()) return;
   const int pid = getpid();
+  Query insert("INSERT INTO journal (at, pid, operation, arguments, result, outputs) VALUES (?, ?, ?, ?, ?, ?)");
   for (const Line& line : s.pending) {
-    Query("INSERT INTO journal (at, pid, operation, arguments, result, outputs) VALUES (?, ?, ?, ?, ?, ?)", line.at,
-          pid, line.operation->name, line.arguments, line.result, line.outputs)
-        .Run();
+    insert.RunWith(line.at, pid, line.operation->name, line.entry.Arguments(), line.result, line.entry.Outputs());
   }
   const int64_t last = sqlite3_last_insert_rowid(Store::Get().Handle());
   constexpr int64_t step = kMostLines / 100;

@@ -74,14 +74,14 @@ class Gate {
     if (!Faulted(operation, failure)) {
       try {
         R result = body(entry);
-        Record(operation, entry, ResultText(result));
+        Record(operation, std::move(entry), ResultText(result));
         return result;
       } catch (const StoreError& error) {
         failure = operation.failures.empty() ? "" : operation.failures.front();
         Report(operation, error);
       }
     }
-    Record(operation, entry, failure);
+    Record(operation, std::move(entry), failure);
     return Failure<R>(failure);
   }
 
@@ -113,7 +113,7 @@ class Gate {
   friend class Store;
   static std::recursive_mutex& Mutex();
   static bool Faulted(const Operation& operation, std::string& failure);
-  static void Record(const Operation& operation, const Entry& entry, const std::string& result);
+  static void Record(const Operation& operation, Entry entry, std::string result);
   static void Report(const Operation& operation, const StoreError& error);
   static void WritePending();
   static void PendingWritten();

@@ -217,7 +217,8 @@ Query& Query::Bind(double value) {
 }
 
 Query& Query::Bind(std::string_view value) {
-  sqlite3_bind_text64(m_statement, ++m_bound, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  sqlite3_bind_text64(m_statement, ++m_bound, value.data(), value.size(), m_copies ? SQLITE_TRANSIENT : SQLITE_STATIC,
+                      SQLITE_UTF8);
   return *this;
 }
 
@@ -231,6 +232,12 @@ bool Query::Row() {
   if (code == SQLITE_ROW) return true;
   if (code != SQLITE_DONE) m_store.Fail(code);
   return false;
+}
+
+void Query::Rewind() {
+  sqlite3_reset(m_statement);
+  m_bound = 0;
+  m_copies = false;
 }
 
 int Query::Run() {

@@ -98,6 +98,13 @@ class Query {
   bool Row();
   /// Runs a statement to its end; returns the number of rows that it changed.
   int Run();
+  /// Runs it once more with other parameters, whose texts are not copied.
+  template <class... Values>
+  int RunWith(const Values&... values) {
+    Rewind();
+    (Bind(values), ...);
+    return Run();
+  }
 
   int64_t Int(int column) const;
   std::string Text(int column) const;
@@ -105,11 +112,14 @@ class Query {
 
  private:
   Query(Store& store, std::string_view sql);
+  /// Texts that are bound from here on outlive the run.
+  void Rewind();
 
   Store& m_store;
   std::unique_lock<std::recursive_mutex> m_lock;
   sqlite3_stmt* m_statement;
   bool m_owned = false;
+  bool m_copies = true;
   int m_bound = 0;
 };
 
