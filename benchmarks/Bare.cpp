@@ -1,6 +1,7 @@
 // The same window made with nothing but the toolkit: what quirelle is measured against.
-//   bench-bare THEME first-frame
+//   bench-bare THEME first-frame MENU-ID
 //   bench-bare THEME key DATABASE PRESSES
+//   bench-bare THEME idle SECONDS
 #include <Ecore_Evas.h>
 #include <Ecore_Input.h>
 #include <Ecore_Input_Evas.h>
@@ -86,15 +87,90 @@ void MakeWindow(const char* theme) {
   evas_object_show(g_window);
 }
 
-void MakePopup(const char* theme) {
+Evas_Object* AddPopup(const char* style, const char* title) {
   Evas_Object* popup = elm_popup_add(g_window);
-  elm_object_style_set(popup, "C_PopupBasic_WhiteBottomLarge");
+  elm_object_style_set(popup, style);
   elm_popup_align_set(popup, ELM_NOTIFY_ALIGN_FILL, ELM_NOTIFY_ALIGN_FILL);
-  elm_object_part_text_set(popup, "title,text", "TV rating");
-  Evas_Object* button = elm_button_add(popup);
-  elm_object_style_set(button, "C_ButtonBasic_WhiteText");
-  elm_object_text_set(button, "Close");
+  elm_object_part_text_set(popup, "title,text", title);
+  return popup;
+}
 
+void Show(Evas_Object* popup, Evas_Object* content, int w, int h, int buttons) {
+  elm_object_part_content_set(popup, "elm.swallow.content", MinimumSize(content, popup, w, h));
+  elm_object_signal_emit(popup, "elm,popup,content,bg,hide", "elm");
+  evas_object_show(popup);
+  for (int i = 1; i <= buttons; ++i) {
+    Evas_Object* button = elm_button_add(popup);
+    elm_object_style_set(button, "C_ButtonBasic_WhiteText");
+    elm_object_text_set(button, "Close");
+    elm_object_part_content_set(popup, ("button" + std::to_string(i)).c_str(), button);
+    evas_object_show(button);
+    if (i == 1) elm_object_focus_set(button, EINA_TRUE);
+  }
+}
+
+/// A window of facts: a layout with a genlist in it.
+struct Facts {
+  const char* menuID;
+  const char* group;
+  const char* rowStyle;
+  int rows;
+  int buttons;
+  /// Of the rows, those with a bar.
+  const char* barStyle = nullptr;
+  int bars = 0;
+};
+
+constexpr Facts kFacts[] = {
+    {"signal-information", "signalinfo_content", "styleSignalInfo.2Text", 4, 2, "styleSignalInfo.2Text.1progressbar",
+     2},
+    {"signal-information-weakhistory", "weakhistory_content", "C_TextItem_WhiteSingleline05_Lite", 6, 1},
+    {"hdmi-information", "signalinfo_content", "styleSignalInfo.2Text", 2, 3},
+};
+
+void AddRows(Evas_Object* list, const char* style, int count, Elm_Gen_Item_Content_Get_Cb content) {
+  Elm_Genlist_Item_Class* itemClass = elm_genlist_item_class_new();
+  itemClass->item_style = style;
+  itemClass->func.text_get = [](void*, Evas_Object*, const char*) { return strdup("A row of text"); };
+  itemClass->func.content_get = content;
+  for (int i = 0; i < count; ++i) {
+    elm_genlist_item_append(list, itemClass, nullptr, nullptr, ELM_GENLIST_ITEM_NONE, nullptr, nullptr);
+  }
+  elm_genlist_item_class_unref(itemClass);
+}
+
+void MakeFacts(const char* theme, const Facts& facts) {
+  Evas_Object* popup = AddPopup("C_PopupBasic_WhiteRightLarge", "Signal information");
+  Evas_Object* layout = elm_layout_add(popup);
+  elm_layout_file_set(layout, theme, facts.group);
+  elm_object_part_text_set(layout, "elm.content.text", "What is known of the signal that comes in just now.");
+  Evas_Object* list = elm_genlist_add(layout);
+  elm_genlist_homogeneous_set(list, EINA_TRUE);
+  AddRows(list, facts.rowStyle, facts.rows, nullptr);
+  AddRows(list, facts.barStyle, facts.bars, [](void*, Evas_Object* rows, const char* part) -> Evas_Object* {
+    if (std::strcmp(part, "elm.swallow.progressbar") != 0) return nullptr;
+    Evas_Object* bar = elm_progressbar_add(rows);
+    elm_object_style_set(bar, "C_ProgressBar_White");
+    elm_progressbar_value_set(bar, 0.5);
+    return bar;
+  });
+  elm_object_part_content_set(layout, "elm.content.swallow.items", list);
+  Show(popup, layout, 880, 600, facts.buttons);
+}
+
+void MakeFineTune(const char* theme) {
+  Evas_Object* popup = AddPopup("C_PopupBasic_WhiteBottom", "Fine tune");
+  Evas_Object* layout = elm_layout_add(popup);
+  elm_layout_file_set(layout, theme, "finetune_layout");
+  elm_object_part_text_set(layout, "channeltext", "6 Programme");
+  Evas_Object* slider = elm_slider_add(layout);
+  elm_object_style_set(slider, "C_SliderBasic_WhiteH");
+  elm_object_part_content_set(layout, "sliderswallow", slider);
+  Show(popup, layout, 1280, 300, 3);
+}
+
+void MakeRating(const char* theme) {
+  Evas_Object* popup = AddPopup("C_PopupBasic_WhiteBottomLarge", "TV rating");
   Evas_Object* layout = elm_layout_add(popup);
   elm_layout_file_set(layout, theme, "tv_rating_style");
   for (size_t i = 0; i < std::size(kTexts); ++i) {
@@ -105,12 +181,15 @@ void MakePopup(const char* theme) {
     elm_object_style_set(g_boxes[i], "menu_tvrating_checkbox");
     elm_object_part_content_set(layout, ("check" + std::to_string(i)).c_str(), g_boxes[i]);
   }
-  elm_object_part_content_set(popup, "elm.swallow.content", MinimumSize(layout, popup, 1280, 520));
-  elm_object_signal_emit(popup, "elm,popup,content,bg,hide", "elm");
-  evas_object_show(popup);
-  elm_object_part_content_set(popup, "button1", button);
-  evas_object_show(button);
+  Show(popup, layout, 1280, 520, 1);
   elm_object_focus_set(g_boxes[0], EINA_TRUE);
+}
+
+void MakePopup(const char* theme, const char* menuID) {
+  for (const Facts& facts : kFacts) {
+    if (std::strcmp(menuID, facts.menuID) == 0) return MakeFacts(theme, facts);
+  }
+  std::strcmp(menuID, "fine-tune") == 0 ? MakeFineTune(theme) : MakeRating(theme);
 }
 
 void Press(const char* name) {
@@ -156,7 +235,7 @@ void MeasureKeys(int presses) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 3) return 2;
+  if (argc < 4) return 2;
   setenv("ELM_DISPLAY", "buffer", 1);
   setenv("ELM_ENGINE", "buffer", 1);
   setenv("ELM_SCALE", "2.0", 1);
@@ -164,11 +243,12 @@ int main(int argc, char** argv) {
   efreet_cache_disable();
   elm_init(1, argv);
   MakeWindow(argv[1]);
-  MakePopup(argv[1]);
+  const bool first = std::strcmp(argv[2], "first-frame") == 0;
+  MakePopup(argv[1], first ? argv[3] : "tv-rating");
   Ecore_Evas* canvas = ecore_evas_ecore_evas_get(evas_object_evas_get(g_window));
   ecore_evas_focus_set(canvas, EINA_FALSE);
   ecore_evas_focus_set(canvas, EINA_TRUE);
-  if (std::strcmp(argv[2], "first-frame") == 0) {
+  if (first) {
     evas_event_callback_add(evas_object_evas_get(g_window), EVAS_CALLBACK_RENDER_POST, FirstFrame, nullptr);
     elm_run();
   } else if (argc == 5) {
@@ -176,6 +256,10 @@ int main(int argc, char** argv) {
     elm_config_transition_duration_factor_set(0.0);
     ecore_animator_source_set(ECORE_ANIMATOR_SOURCE_CUSTOM);
     MeasureKeys(std::atoi(argv[4]));
+  } else {
+    ecore_timer_add(
+        2.0, [](void*) -> Eina_Bool { return ECORE_CALLBACK_RENEW; }, nullptr);
+    bench::PrintIdle(std::atof(argv[3]));
   }
   return 0;
 }

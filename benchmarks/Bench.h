@@ -27,7 +27,16 @@ double SecondsOf(const std::function<void()>& body, int times);
 
 /// The frame and the rating window; TVs are made in `directory`.
 std::vector<Figure> FrameFigures(const std::string& directory);
-/// What the process does that FrameFigures runs as "the program"; the first word says which.
+/// The other windows, and lists.
+std::vector<Figure> WindowFigures(const std::string& directory);
+
+/// Launch to first frame of a window against a bare one of the same widgets, and the memory of both.
+std::vector<Figure> StartFigures(const std::string& menuID, int starts);
+/// Where the built programs are, with the slash at the end.
+std::string OwnDirectory();
+/// Runs a program; the numbers that it prints.
+std::vector<double> Child(const std::vector<std::string>& words);
+/// What such a process does as "the program": WHAT MENU-ID [NUMBER].
 int RunChild(const std::vector<std::string>& words);
 
 }  // namespace bench

@@ -1,8 +1,11 @@
 // What a measured process reads of itself.
 #pragma once
 
+#include <Ecore.h>
+#include <sys/resource.h>
 #include <time.h>
 
+#include <cstdio>
 #include <fstream>
 #include <string>
 
@@ -23,6 +26,40 @@ inline long PeakKibibytes() {
     if (word == "VmHWM:" && status >> peak) return peak;
   }
   return 0;
+}
+
+inline double ProcessorSeconds() {
+  rusage usage;
+  getrusage(RUSAGE_SELF, &usage);
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+  };
+  return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+/// Lets the loop run, then prints how often it woke and how many milliseconds of processor it took, a minute each.
+inline void PrintIdle(double seconds) {
+  const auto pass = [](double time) {
+    ecore_timer_add(
+        time,
+        [](void*) -> Eina_Bool {
+          ecore_main_loop_quit();
+          return ECORE_CALLBACK_CANCEL;
+        },
+        nullptr);
+    ecore_main_loop_begin();
+  };
+  pass(1.0);  // what opening the window left to do
+  static int wakes = 0;
+  ecore_idle_exiter_add(
+      [](void*) -> Eina_Bool {
+        ++wakes;
+        return ECORE_CALLBACK_RENEW;
+      },
+      nullptr);
+  const double before = ProcessorSeconds();
+  pass(seconds);
+  std::printf("%.3f %.3f\n", wakes * 60 / seconds, (ProcessorSeconds() - before) * 1000 * 60 / seconds);
 }
 
 }  // namespace bench

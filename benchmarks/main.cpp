@@ -65,6 +65,9 @@ int main(int argc, char** argv) {
     if (only.empty() || only == "frame") {
       for (const bench::Figure& figure : bench::FrameFigures(directory)) Print(figure);
     }
+    if (only.empty() || only == "windows") {
+      for (const bench::Figure& figure : bench::WindowFigures(directory)) Print(figure);
+    }
     if (only.empty() || only == "tvs") {
       const long services = argc > 2 ? std::atol(argv[2]) : kServices;
       for (const bench::Figure& figure : bench::TvsFigures(directory, services)) Print(figure);
