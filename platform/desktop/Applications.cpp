@@ -55,6 +55,14 @@ int app_control_destroy(app_control_h handle) {
   });
 }
 
+int app_control_set_operation(app_control_h handle, const char* operation) {
+  return Gate::Pass<int>(op::app_control_set_operation, Entry(operation), [&](Entry&) {
+    if (!handle || !operation) return -1;
+    handle->operation = operation;
+    return 0;
+  });
+}
+
 int app_control_set_app_id(app_control_h handle, const char* app_id) {
   return Gate::Pass<int>(op::app_control_set_app_id, Entry(app_id), [&](Entry&) {
     if (!handle || !app_id) return -1;
@@ -86,7 +94,8 @@ int app_control_send_launch_request(app_control_h handle, app_control_reply_cb, 
   const std::string application = handle ? handle->application : "";
   const std::string extra = handle ? ToJson(handle->extra) : "{}";
   return Gate::Pass<int>(op::app_control_send_launch_request, Entry(application, extra), [&](Entry&) {
-    if (application.empty()) return -1;
+    // No application of this machine offers any other operation.
+    if (application.empty() || handle->operation != APP_CONTROL_OPERATION_DEFAULT) return -1;
     Store::Get().Write([&] {
       Query("INSERT INTO launch (pid, application, extra) VALUES (?, ?, ?)", static_cast<int>(getpid()), application,
             extra)

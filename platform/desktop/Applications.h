@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "app_framework.h"
+
 struct app_control_s {
   std::string application;
   std::map<std::string, std::string> extra;
+  std::string operation = APP_CONTROL_OPERATION_DEFAULT;
 };
 
 namespace desktop {

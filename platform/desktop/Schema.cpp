@@ -82,6 +82,12 @@ CREATE TABLE shown (
   PRIMARY KEY (profile, antenna, service_mode)
 ) WITHOUT ROWID;
 CREATE TABLE fine_tune (service INTEGER PRIMARY KEY, offset INTEGER NOT NULL);
+-- the external inputs; rate is in hundredths of hertz, format the service's code
+CREATE TABLE input (
+  source INTEGER PRIMARY KEY, name TEXT NOT NULL DEFAULT '', width INTEGER NOT NULL DEFAULT 0,
+  height INTEGER NOT NULL DEFAULT 0, rate INTEGER NOT NULL DEFAULT 0, progressive INTEGER NOT NULL DEFAULT 1,
+  format INTEGER NOT NULL DEFAULT 2
+);
 CREATE TABLE weak_signal (seq INTEGER PRIMARY KEY, entry TEXT NOT NULL);
 CREATE TABLE recorder (service INTEGER PRIMARY KEY, recording INTEGER NOT NULL, timeshifting INTEGER NOT NULL);
 CREATE TABLE model_value (number INTEGER PRIMARY KEY, value INTEGER NOT NULL);
@@ -96,7 +102,8 @@ CREATE TABLE satcr (
   tuner INTEGER PRIMARY KEY, slot INTEGER NOT NULL, frequency INTEGER NOT NULL, line_slot INTEGER NOT NULL,
   line_frequency INTEGER NOT NULL, command INTEGER NOT NULL DEFAULT 2, began INTEGER NOT NULL DEFAULT 0
 );
--- single numbers of the service: broadcaster, category, category_parameter, country_letters, clock_mode, ...
+-- single numbers of the service: broadcaster, category, category_parameter, country_letters, clock_mode,
+-- clock_hours (12 or 24), ...
 CREATE TABLE tv_state (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
 )sql";
 

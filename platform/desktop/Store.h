@@ -24,7 +24,7 @@ class StoreError : public std::runtime_error {
 class Store {
  public:
   /// Schema that this program reads and writes.
-  static constexpr int kSchema = 1;
+  static constexpr int kSchema = 2;
 
   /// Opens the TV in `path`; a TV that is already open is closed first. Throws StoreError when the file is
   /// missing, is no TV, or was made by a program with a newer schema.

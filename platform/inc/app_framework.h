@@ -9,6 +9,9 @@ extern "C" {
 struct app_control_s;
 typedef app_control_s* app_control_h;
 
+/// The operation of a launch that just starts the application.
+#define APP_CONTROL_OPERATION_DEFAULT "default"
+
 struct ui_app_lifecycle_callback_s {
   /// Toolkit is up; false refuses the start.
   bool (*create)(void* user_data);
@@ -31,6 +34,8 @@ struct _Eo_Opaque* app_get_preinitialized_window(const char* window_name);
 /// All of these return 0 on success and a negative code otherwise; `*handle` is set only on success.
 int app_control_create(app_control_h* handle);
 int app_control_destroy(app_control_h handle);
+/// What the application is to do. The text is copied.
+int app_control_set_operation(app_control_h handle, const char* operation);
 int app_control_set_app_id(app_control_h handle, const char* app_id);
 int app_control_add_extra_data(app_control_h handle, const char* key, const char* value);
 /// `*value` is a `malloc` copy that the caller frees; untouched when the key is absent (negative result).

@@ -3,11 +3,15 @@
 
 #include <string>
 
-/// A broken-down local time.
+/// A broken-down local time, with how the TV shows it.
 class CTimeInfo {
  public:
+  enum Clock { CLOCK_24_HOURS, CLOCK_12_HOURS, CLOCK_12_HOURS_WORD_FIRST };
+
   int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
-  /// Time of day as the TV shows it: "HH:MM".
+  Clock clock = CLOCK_24_HOURS;
+  /// Time of day as the TV shows it: "HH:MM", or by a clock of twelve hours "HH:MM AM", where the word is the menu
+  /// language's and stands before the hour in Korean and Japanese.
   std::string GetTimeString() const;
 };
 

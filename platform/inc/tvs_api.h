@@ -82,6 +82,13 @@ class ITunerControl : public ITVSProxy {
   virtual int GetMFT(unsigned char& offset) = 0;
 };
 
+/// The picture and sound of a picture's input.
+class IAVControl : public ITVSProxy {
+ public:
+  /// 0 is success, also when nothing comes in.
+  virtual int GetResolution(int& videoFormat, TSResolution& resolution) = 0;
+};
+
 /// Values that the set's make and country fix.
 class ISOSpecApp : public ITVSProxy {
  public:
@@ -167,6 +174,7 @@ class CTVSApiWrapper {
   IServiceNavigation* CreateServiceNavigation(EProfile profile, int option);
   ISourceControl* CreateSourceControl(EProfile profile, int option);
   ITunerControl* CreateTunerControl(EProfile profile, int option);
+  IAVControl* CreateAVControl(EProfile profile, int option);
   ISOSpecApp* CreateSOSpecApp(EProfile profile, int option);
   IChannelData* CreateChannelData(EProfile profile, int option);
   IService* CreateService();

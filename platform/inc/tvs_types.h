@@ -40,7 +40,17 @@ enum EChannelType : int {
 };
 
 /// 0 is the TV tuner; every other value is an external input.
-enum ESource : int { SOURCE_TYPE_TV = 0 };
+enum ESource : int {
+  SOURCE_TYPE_TV = 0,
+  SOURCE_TYPE_HDMI1 = 13,
+  SOURCE_TYPE_HDMI2 = 14,
+  SOURCE_TYPE_HDMI3 = 15,
+  SOURCE_TYPE_HDMI4 = 16,
+  SOURCE_TYPE_HDMI5 = 38,
+  SOURCE_TYPE_HDMI6 = 39,
+  SOURCE_TYPE_HDMI7 = 46,
+  SOURCE_TYPE_HDMI8 = 47
+};
 
 /// What the tuner receives; 4 and 5 are the satellite kinds.
 enum ESignalKind : int {
@@ -116,6 +126,15 @@ class TSTvMode : public TCMarshalable {
 
   EAntennaMode antennaMode = ANTENNA_NONE;
   EServiceMode serviceMode = SERVICE_MODE_NONE;
+};
+
+/// What comes in at an input; without a picture the sizes are 0.
+class TSResolution : public TCMarshalable {
+ public:
+  int horizontal = 0;
+  int vertical = 0;
+  int frameRate = 0;  ///< hundredths of hertz
+  bool progressive = true;
 };
 
 /// One satellite. Positions count eastwards in tenths of a degree from 0 to 3599.

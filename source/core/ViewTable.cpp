@@ -9,8 +9,10 @@
 #include "ViewControlSpinner.h"
 #include "ViewFactoryMessageBox.h"
 #include "ViewFineTuneWindow.h"
+#include "ViewHDMIInfoWindow.h"
 #include "ViewSublist.h"
 #include "ViewTvRatingWindow.h"
+#include "ViewWeakSignalHistoryWindow.h"
 
 namespace {
 
@@ -125,10 +127,10 @@ constexpr ViewEntry kViews[] = {
     {21, "installermode-go-to-zero", nullptr},
     {22, "installermode-reset-positioner-limit", nullptr},
     {23, "usermode-store-current-position", nullptr},
-    {24, "signal-information-weakhistory", nullptr},
+    {24, "signal-information-weakhistory", Make<CViewWeakSignalHistoryWindow>},
     {25, "hdmi-delay-level", Make<CViewBottomCtxPopup>},
     {0, "signal-information", nullptr},
-    {0, "hdmi-information", nullptr},
+    {0, "hdmi-information", Make<CViewHDMIInfoWindow>},
     {0, "postype-sat-longitude-settings", nullptr},
 };
 

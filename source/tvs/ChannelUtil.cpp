@@ -100,14 +100,13 @@ bool ParseNote(const std::string& entry, unsigned long (&data)[6]) {
 }
 
 void WriteTime(unsigned long seconds, char* date, char* time) {
-  if (seconds == 0) {
+  CTimeInfo info;
+  if (seconds == 0 || CTimeUtil::ConvertToLocalTime(seconds, info) != 0) {
     LOG_ERROR(" Invalid Date ");
     snprintf(date, kTextSize, "----/--/--");
     snprintf(time, kTextSize, "--:--");
     return;
   }
-  CTimeInfo info;
-  CTimeUtil::ConvertToLocalTime(seconds, info);
   snprintf(date, kTextSize, "%d/%02d/%02d", info.year, info.month, info.day);
   snprintf(time, kTextSize, "%s", info.GetTimeString().c_str());
 }

@@ -11,10 +11,12 @@
 
 /// One page row as its window provides it.
 struct DataInfo {
-  std::string id;
   std::string displayName;
   std::string value;
+  /// In place of the value; empty where the value itself is shown.
   std::string displayValue;
+  /// Of the row's own item; empty for the parent's.
+  std::string id;
   std::string extra;
 };
 

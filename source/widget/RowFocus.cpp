@@ -3,6 +3,7 @@
 namespace {
 
 constexpr const char* kRow = "focus-row";
+constexpr const char* kPending = "focus-pending";
 
 Elm_Object_Item* RowToFocus(Evas_Object* genlist) {
   const void* wanted = evas_object_data_get(genlist, kRow);
@@ -22,14 +23,12 @@ void FocusRow(void* data) {
 
 /// A list takes the focus only when the handlers that are under way are through.
 void FocusRowLater(Evas_Object* genlist) {
-  ecore_job_add(
-      [](void* held) {
-        auto* list = static_cast<Evas_Object*>(held);
-        FocusRow(list);
-        evas_object_unref(list);
-      },
-      genlist);
-  evas_object_ref(genlist);
+  if (evas_object_data_get(genlist, kPending)) return;
+  const auto focus = [](void* data) {
+    evas_object_data_del(static_cast<Evas_Object*>(data), kPending);
+    FocusRow(data);
+  };
+  evas_object_data_set(genlist, kPending, ecore_job_add(focus, genlist));
 }
 
 void CanvasFocused(void* data, Evas*, void*) { FocusRowLater(static_cast<Evas_Object*>(data)); }
@@ -44,7 +43,9 @@ void RowMade(void*, Evas_Object* genlist, void* row) {
 void RowFocused(void*, Evas_Object* genlist, void* row) { evas_object_data_set(genlist, kRow, row); }
 
 void ListGone(void*, Evas* canvas, Evas_Object* genlist, void*) {
+  if (void* pending = evas_object_data_del(genlist, kPending)) ecore_job_del(static_cast<Ecore_Job*>(pending));
   evas_event_callback_del_full(canvas, EVAS_CALLBACK_CANVAS_FOCUS_IN, CanvasFocused, genlist);
+  evas_event_callback_del_full(canvas, EVAS_CALLBACK_CANVAS_OBJECT_FOCUS_IN, CanvasFocused, genlist);
 }
 
 }  // namespace
@@ -53,7 +54,10 @@ void KeepRowFocus(Evas_Object* genlist) {
   evas_object_smart_callback_add(genlist, "focused", ListFocused, nullptr);
   evas_object_smart_callback_add(genlist, "item,focused", RowFocused, nullptr);
   evas_object_smart_callback_add(genlist, "realized", RowMade, nullptr);
-  evas_event_callback_add(evas_object_evas_get(genlist), EVAS_CALLBACK_CANVAS_FOCUS_IN, CanvasFocused, genlist);
+  Evas* canvas = evas_object_evas_get(genlist);
+  evas_event_callback_add(canvas, EVAS_CALLBACK_CANVAS_FOCUS_IN, CanvasFocused, genlist);
+  // The list itself says nothing when an arrow key brings the focus from a button.
+  evas_event_callback_add(canvas, EVAS_CALLBACK_CANVAS_OBJECT_FOCUS_IN, CanvasFocused, genlist);
   evas_object_event_callback_add(genlist, EVAS_CALLBACK_DEL, ListGone, nullptr);
 }
 

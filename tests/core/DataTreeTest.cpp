@@ -101,7 +101,7 @@ TEST(DataList, MakesChoicesPageRowsOrNothing) {
   EXPECT_EQ(rows.GetCount(), 0) << "nobody provides them yet";
   auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
   providers["signal-information-weakhistory"] = [](std::vector<DataInfo>& data) {
-    data = {{"row-1", "First", "1", "One", ""}, {"", "Second", "2", "Two", ""}};
+    data = {{"First", "1", "One", "row-1", ""}, {"Second", "2", "Two", "", ""}};
   };
   rows.Create("signal-information-weakhistory");
   providers.clear();
@@ -120,7 +120,7 @@ TEST(DataList, MakesChoicesPageRowsOrNothing) {
 TEST(DataList, FetchesStatesAndTextsOfShownRowsOnly) {
   Tv tv;
   Singleton<FuncEvents>::GetInstance()->providers["signal-information-weakhistory"] = [](std::vector<DataInfo>& data) {
-    data = {{"hdmi-delay-level", "", "", "", ""}, {"tv-rating", "kept", "", "", ""}, {"fine-tune", "", "", "", ""}};
+    data = {{"", "", "", "hdmi-delay-level", ""}, {"kept", "", "", "tv-rating", ""}, {"", "", "", "fine-tune", ""}};
   };
   DataList list;
   list.Create("signal-information-weakhistory");

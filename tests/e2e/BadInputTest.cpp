@@ -94,6 +94,15 @@ TEST(BadInput, OfTheTvsCommandLine) {
       {{"pause"}, 1, "no program runs on this TV"},
       {{"launch", "tv-rating"}, 1, "no program runs on this TV"},
       {{"--tv"}, 2, "--tv: a file is missing"},
+      {{"history", "add"}, 2, "usage: quirelle-tv history"},
+      {{"history", "paint"}, 2, "usage: quirelle-tv history"},
+      {{"history", "add", "noon:7"}, 2, "'noon:7': wants up to six numbers"},
+      {{"clock", "13"}, 2, "'13' is neither 12 nor 24"},
+      {{"hdmi", "--port", "9"}, 2, "--port '9': wants 1 to 8"},
+      {{"hdmi", "--port", "1", "--resolution", "1920x1080"}, 2, "--resolution '1920x1080': wants none"},
+      {{"hdmi", "--port", "1", "--format", "0x100000"}, 2, "--format '0x100000': wants "},
+      {{"hdmi", "--port", "1", "--name"}, 2, "--name: a value is missing"},
+      {{"hdmi", "--name", "Console"}, 1, "no HDMI input is shown"},
   };
   for (const BadWords& bad : cases) {
     ExpectRefused(tv.Tv(bad.words), bad.status, bad.said, "quirelle-tv" + Joined(bad.words));

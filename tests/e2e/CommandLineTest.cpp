@@ -135,6 +135,29 @@ TEST(TvCommand, ChangesAndShowsATv) {
   EXPECT_EQ(tv.Get(kRating + "tv_14"), "0");
 }
 
+TEST(TvCommand, SetsInputsAndHistory) {
+  const TvFile tv;
+  const Outcome hdmi =
+      tv.Tv({"hdmi", "--port", "5", "--name", "Console", "--resolution", "3840x2160@119.88p", "--format", "0x70001"});
+  EXPECT_NE(hdmi.output.find("5  yes    Console  3840x2160@119.88p  0x70001\n"), std::string::npos) << hdmi.output;
+  const Json::Value screen = Parsed(tv.Program({"hdmi-information", "--dump", "-"}).output);
+  EXPECT_EQ(screen["rows"][0]["value"].asString(), "Console (HDMI 5)");
+  EXPECT_EQ(screen["rows"][1]["value"].asString(), "3840x2160 Freesync");
+
+  EXPECT_EQ(tv.Tv({"clock", "24"}).output, "hours\n   24\n");
+  EXPECT_EQ(Parsed(tv.Tv({"history", "clear", "--json"}).output).size(), 0u);
+  EXPECT_EQ(tv.Tv({"history", "add", "0:7:1"}).status, 0);
+  const Json::Value notes = Parsed(tv.Tv({"history", "add", "1700000000:8:65535:2:0:0", "--json"}).output);
+  ASSERT_EQ(notes.size(), 2u);
+  EXPECT_TRUE(notes[0]["time"].isNull());
+  EXPECT_EQ(notes[1]["entry"].asString(), "1700000000:8:65535:2:0:0");
+  EXPECT_EQ(tv.Tv({"source", "0"}).status, 0);
+  const Json::Value rows = Parsed(tv.Program({"signal-information-weakhistory", "--dump", "-"}).output)["rows"];
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0]["value"].asString(), "8");
+  EXPECT_EQ(rows[1]["text"].asString(), "----/--/--         --:--");
+}
+
 TEST(TvCommand, FaultsLastAsLongAsAsked) {
   const TvFile tv;
   const Outcome list = tv.Tv({"fail", "--list"});

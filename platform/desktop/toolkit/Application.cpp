@@ -90,8 +90,9 @@ void Application::StartToolkit() {
   SetDefault("ELM_MODULES", kSpeechModule);
   ecore_app_no_system_modules();
   efreet_cache_disable();
-  char name[] = "quirelle";
-  char* arguments[] = {name, nullptr};
+  // The toolkit keeps them, and names an X11 window by them.
+  static char name[] = "quirelle";
+  static char* arguments[] = {name, nullptr};
   elm_init(1, arguments);
   m_toolkit = true;
   MeetDisplay();

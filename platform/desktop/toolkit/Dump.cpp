@@ -102,7 +102,8 @@ void TakeView(Evas_Object* object, Found& found) {
   const char* name = evas_object_name_get(object);
   if (!name || !std::string_view(name).starts_with(kViewPrefix)) return;
   found.stack.emplace_back(name + kViewPrefix.size());
-  found.topView = object;
+  // Behind a layout there may still be popups, hidden.
+  if (!found.topView || evas_object_visible_get(object)) found.topView = object;
 }
 
 void Walk(Evas_Object* object, Found& found, bool inList = false) {
@@ -152,8 +153,10 @@ std::string NameOfCheck(const Evas_Object* check) {
   return name;
 }
 
+/// Rows have plain texts, whatever they are made of.
 std::string TextOfRow(const Elm_Object_Item* row, const char* part) {
-  return row ? Plain(elm_object_item_part_text_get(row, part)) : "";
+  const char* text = row ? elm_object_item_part_text_get(row, part) : nullptr;
+  return text ? text : "";
 }
 
 /// What stands at the trailing edge of a row, whichever way the layout runs.

@@ -10,6 +10,7 @@ namespace desktop {
 std::unique_ptr<ITVSProxy> MakeServiceNavigation(EProfile profile);
 std::unique_ptr<ITVSProxy> MakeSourceControl(EProfile profile);
 std::unique_ptr<ITVSProxy> MakeTunerControl(EProfile profile);
+std::unique_ptr<ITVSProxy> MakeAVControl(EProfile profile);
 std::unique_ptr<ITVSProxy> MakeSOSpecApp();
 std::unique_ptr<ITVSProxy> MakeChannelData(EProfile profile);
 std::unique_ptr<ITVSProxy> MakeService();

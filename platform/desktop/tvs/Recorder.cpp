@@ -1,4 +1,6 @@
 // The recorder, and the clock.
+#include <libintl.h>
+
 #include <ctime>
 
 #include "Gate.h"
@@ -11,6 +13,13 @@ using namespace desktop;
 namespace {
 
 constexpr int kCallFailed = -2;
+constexpr int kHalfDay = 12, kWholeDay = 24;
+
+CTimeInfo::Clock ReadClock() {
+  if (TvState("clock_hours", kWholeDay) != kHalfDay) return CTimeInfo::CLOCK_24_HOURS;
+  Query q("SELECT value IN ('ko_KR.utf8', 'ja_JP.utf8') FROM setting WHERE key = 'db/menu_widget/language'");
+  return q.Row() && q.Int(0) ? CTimeInfo::CLOCK_12_HOURS_WORD_FIRST : CTimeInfo::CLOCK_12_HOURS;
+}
 
 int Ask(const Operation& operation, const char* sql, unsigned long long serviceId, int* result) {
   return Gate::Pass<int>(operation, Entry(serviceId), [&](Entry& entry) {
@@ -63,12 +72,18 @@ int CTimeUtil::ConvertToLocalTime(unsigned long epochSeconds, CTimeInfo& info) {
     info.hour = parts.tm_hour;
     info.minute = parts.tm_min;
     info.second = parts.tm_sec;
+    info.clock = ReadClock();
     return 0;
   });
 }
 
 std::string CTimeInfo::GetTimeString() const {
   char text[32];
-  snprintf(text, sizeof text, "%02d:%02d", hour, minute);
-  return text;
+  if (clock == CLOCK_24_HOURS) {
+    snprintf(text, sizeof text, "%02d:%02d", hour, minute);
+    return text;
+  }
+  const std::string word = dgettext("quirelle", hour < kHalfDay ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
+  snprintf(text, sizeof text, "%02d:%02d", (hour + kHalfDay - 1) % kHalfDay + 1, minute);
+  return clock == CLOCK_12_HOURS ? text + (" " + word) : word + " " + text;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Gate.h"
+#include "Inputs.h"
 #include "State.h"
 #include "tvs_criteria.h"
 
@@ -142,6 +143,16 @@ void WriteOperator(const ProfileLine& line, std::string rest) {
       .Run();
 }
 
+void WriteHdmi(const ProfileLine& line, std::string rest) {
+  const ESource source = HdmiSource(Number(line, TakeWord(rest), 1, kHdmiPorts));
+  const std::string resolution = TakeWord(rest);
+  const auto parsed = ParseResolution(resolution);
+  if (!parsed) throw ProfileError(line, "'" + resolution + "' is no resolution");
+  SetInputResolution(source, *parsed);
+  SetInputFormat(source, Number(line, TakeWord(rest), 0, kMostFormat));
+  SetInputName(source, rest);
+}
+
 void WriteTv(const ProfileLine& line) {
   std::string rest = line.text;
   const std::string what = TakeWord(rest);
@@ -164,6 +175,8 @@ void WriteTv(const ProfileLine& line) {
     SetTvState(name.c_str(), Number(line, rest, INT32_MIN, INT32_MAX));
   } else if (what == "weak-signal") {
     Query("INSERT INTO weak_signal (entry) VALUES (?)", rest).Run();
+  } else if (what == "hdmi") {
+    WriteHdmi(line, rest);
   } else if (what == "select") {
     while (!rest.empty()) {
       Query("UPDATE satellite SET selected = 1 WHERE position = ? AND user_defined = 0",

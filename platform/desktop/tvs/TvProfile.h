@@ -26,7 +26,7 @@ struct ListPlan {
 ///                               broadcaster NUMBER [COUNTRY]  letters DEU
 ///                               operator-profile SLOT ANTENNA SERVICE-MODE NAME
 ///                               satcr TUNER SLOT MHZ          select POSITION ...
-///                               weak-signal ENTRY
+///                               weak-signal ENTRY             hdmi PORT RESOLUTION FORMAT NAME
 ///   [reception]                 satellites all|POSITION ...   air|cable TABLE ...
 ///                               package ID POSITION
 ///   [channels]                  services COUNT

@@ -3,12 +3,16 @@
 #include <json/json.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <optional>
+#include <regex>
 
 #include "CriteriaSql.h"
 #include "Gate.h"
+#include "Inputs.h"
 #include "Notices.h"
+#include "State.h"
 #include "Tuning.h"
 
 namespace desktop {
@@ -292,6 +296,129 @@ int Signal(const Words& words) {
   return Print(q, {"transponder", "kind", "state", "strength", "quality", "ber", "snr"}, command.json);
 }
 
+// --- notes of weak signal, and the clock that they are shown by ----------------------------------
+
+int PrintNotes(const Command& command) {
+  // The number before the first colon is the time; 0 while the set's clock was not set.
+  Query q(
+      "SELECT seq, datetime(nullif(CAST(entry AS INTEGER), 0), 'unixepoch', 'localtime'), entry FROM weak_signal "
+      "ORDER BY seq LIMIT ?",
+      static_cast<int64_t>(command.limit));
+  return Print(q, {"number", "time", "entry"}, command.json);
+}
+
+/// Time in seconds since the epoch, major and minor number, channel type, service mode, and whether it is in ultra high
+/// definition; as many of these as are known.
+void AddNote(const std::string& entry) {
+  static const std::regex form("[0-9]{1,12}(:[0-9]{1,10}){0,5}");
+  if (!std::regex_match(entry, form)) {
+    throw TvWordError("'" + entry + "': wants up to six numbers, like 1700000000:7:1:2:0:0");
+  }
+  Store::Get().Write([&] { Query("INSERT INTO weak_signal (entry) VALUES (?)", entry).Run(); });
+}
+
+int History(const Words& words) {
+  constexpr const char* kUsage = "history [list|clear|add TIME:MAJOR:MINOR:TYPE:MODE:UHD] [--limit N] [--json]";
+  const Command command = Parse(words, 2, kUsage);
+  const std::string what = command.words.empty() ? "list" : command.words[0];
+  const size_t wanted = what == "add" ? 2 : what == "list" || what == "clear" ? 1 : 0;
+  if (command.words.size() > wanted || (what == "add" && command.words.size() < wanted)) {
+    throw TvWordError(std::string("usage: quirelle-tv ") + kUsage);
+  }
+  if (what == "add") AddNote(command.words[1]);
+  if (what == "clear") Store::Get().Write([] { Query("DELETE FROM weak_signal").Run(); });
+  return PrintNotes(command);
+}
+
+int Clock(const Words& words) {
+  const Command command = Parse(words, 1, "clock [12|24] [--json]");
+  if (!command.words.empty()) {
+    if (command.words[0] != "12" && command.words[0] != "24") {
+      throw TvWordError("'" + command.words[0] + "' is neither 12 nor 24");
+    }
+    SetTvState("clock_hours", Number(command.words[0], "clock", 12, 24));
+  }
+  Query q("SELECT ?", TvState("clock_hours", 24));
+  return Print(q, {"hours"}, command.json);
+}
+
+// --- HDMI inputs ---------------------------------------------------------------------------------
+
+int PrintHdmi(bool json) {
+  std::string ports;
+  for (int port = 1; port <= kHdmiPorts; ++port) {
+    ports += (ports.empty() ? "(" : "), (") + std::to_string(port) + ", " + std::to_string(HdmiSource(port));
+  }
+  Query q("WITH port (number, source) AS (VALUES " + ports +
+          ")) SELECT t.number, iif(t.source = p.source, 'yes', 'no'), i.name, iif(i.width > 0, "
+          "printf('%dx%d@%d.%02d%s', i.width, i.height, i.rate / 100, i.rate % 100, iif(i.progressive, 'p', 'i')), "
+          "'none'), printf('0x%x', coalesce(i.format, 2)) FROM port t JOIN picture p ON p.profile = 1 LEFT JOIN input "
+          "i ON i.source = t.source ORDER BY t.number");
+  return Print(q, {"port", "shown", "name", "resolution", "format"}, json);
+}
+
+/// The HDMI input that the main picture shows.
+ESource ShownHdmi() {
+  Query q("SELECT source FROM picture WHERE profile = ?", PROFILE_MAIN);
+  const int64_t source = q.Row() ? q.Int(0) : -1;
+  for (int port = 1; port <= kHdmiPorts; ++port) {
+    if (HdmiSource(port) == source) return HdmiSource(port);
+  }
+  throw std::runtime_error(Store::Get().Path() + ": no HDMI input is shown; --port shows one");
+}
+
+/// What the options of `hdmi` say; everything is read before anything is changed.
+struct HdmiChange {
+  std::optional<ESource> source;
+  std::optional<std::string> name;
+  std::optional<TSResolution> resolution;
+  std::optional<long> format;
+};
+
+void ReadHdmiOption(HdmiChange& change, const std::string& option, const std::string& value) {
+  if (option == "--port") {
+    change.source = HdmiSource(Number(value, option, 1, kHdmiPorts));
+  } else if (option == "--name") {
+    change.name = value;
+  } else if (option == "--format") {
+    const bool hexadecimal = value.starts_with("0x") && value.size() > 2 && std::isxdigit(value[2]);
+    char* end = nullptr;
+    const long code = hexadecimal ? std::strtol(value.c_str(), &end, 16) : Number(value, option, 0, kMostFormat);
+    if (hexadecimal && (*end || code > kMostFormat))
+      throw TvWordError(option + " '" + value + "': wants up to 0xfffff");
+    change.format = code;
+  } else {
+    change.resolution = ParseResolution(value);
+    if (!change.resolution)
+      throw TvWordError(option + " '" + value + "': wants none or something like 1920x1080@59.94p");
+  }
+}
+
+int Hdmi(const Words& words) {
+  constexpr const char* kUsage = "hdmi [--port N] [--name NAME] [--resolution WxH@RATEp|i] [--format CODE] [--json]";
+  HdmiChange change;
+  Words left;
+  for (size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (word == "--port" || word == "--name" || word == "--resolution" || word == "--format") {
+      if (++i == words.size()) throw TvWordError(word + ": a value is missing");
+      ReadHdmiOption(change, word, words[i]);
+    } else {
+      left.push_back(word);
+    }
+  }
+  const Command command = Parse(left, 0, kUsage);
+  Store::Get().Write([&] {
+    if (change.source) {
+      Query("UPDATE picture SET source = ?, active = 1 WHERE profile = ?", *change.source, PROFILE_MAIN).Run();
+    }
+    if (change.name) SetInputName(ShownHdmi(), *change.name);
+    if (change.resolution) SetInputResolution(ShownHdmi(), *change.resolution);
+    if (change.format) SetInputFormat(ShownHdmi(), *change.format);
+  });
+  return PrintHdmi(command.json);
+}
+
 }  // namespace
 
 const std::vector<TvVerb>& TvServiceVerbs() {
@@ -304,6 +431,10 @@ const std::vector<TvVerb>& TvServiceVerbs() {
       {"mode", "mode [ANTENNA [MODE]]", "shows or changes what is received (--pip, --json)", Mode},
       {"signal", "signal [--strength N ...]", "shows or sets the tuner's figures (--quality, --ber, --snr, --json)",
        Signal},
+      {"history", "history [list|clear|add ENTRY]", "the notes of weak signal (--limit N, --json)", History},
+      {"clock", "clock [12|24]", "shows or sets by how many hours the TV shows the time (--json)", Clock},
+      {"hdmi", "hdmi [--port N ...]", "shows an HDMI input, or changes it (--name, --resolution, --format, --json)",
+       Hdmi},
   };
   return verbs;
 }

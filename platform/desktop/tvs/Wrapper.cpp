@@ -33,6 +33,11 @@ ITunerControl* CTVSApiWrapper::CreateTunerControl(EProfile profile, int option) 
       m_proxies, op::CreateTunerControl, [&] { return MakeTunerControl(profile); }, profile, option);
 }
 
+IAVControl* CTVSApiWrapper::CreateAVControl(EProfile profile, int option) {
+  return Create<IAVControl>(
+      m_proxies, op::CreateAVControl, [&] { return MakeAVControl(profile); }, profile, option);
+}
+
 ISOSpecApp* CTVSApiWrapper::CreateSOSpecApp(EProfile profile, int option) {
   return Create<ISOSpecApp>(m_proxies, op::CreateSOSpecApp, MakeSOSpecApp, profile, option);
 }

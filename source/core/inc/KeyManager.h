@@ -16,10 +16,10 @@ class CKeyManager {
   void FiniKeyEvent();
 
   /// One further key, or the ten number keys; refused before InitKeyEvent.
-  void RegisterKey(const char* keyName);
-  void UnRegisterKey(const char* keyName);
-  void RegisterNumberKey();
-  void UnRegisterNumberKey();
+  static void RegisterKey(const char* keyName);
+  static void UnRegisterKey(const char* keyName);
+  static void RegisterNumberKey();
+  static void UnRegisterNumberKey();
 
   /// The program exits after so many seconds without a key release or a mouse action; 0 or less: never.
   static void SetTimeOut(int seconds);

@@ -185,6 +185,8 @@ void CViewWindowBase::t_Show() {
   for (size_t i = 0; i < t_pDefaultButtons.size(); ++i) {
     if (!t_pDefaultButtons[i]) continue;
     elm_object_part_content_set(t_pMainBase, t_ButtonSettings[i].part.c_str(), t_pDefaultButtons[i]);
+    // It was taken out of the window while the window could not have the focus.
+    elm_object_tree_focus_allow_set(t_pDefaultButtons[i], EINA_TRUE);
     evas_object_show(t_pDefaultButtons[i]);
   }
 }

@@ -1,0 +1,477 @@
+// The history of weak signals, and the delay levels behind it.
+#define EFL_BETA_API_SUPPORT
+
+#include <Efl_Core.h>
+#include <Elementary.h>
+
+#include <algorithm>
+#include <ctime>
+#include <map>
+#include <random>
+
+#include "Harness.h"
+#include "Screen.h"
+#include "Store.h"
+#include "Utils.h"
+#include "ViewWeakSignalHistoryWindow.h"
+
+using test::Remote;
+using test::Tv;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+constexpr const char* kMenuID = "signal-information-weakhistory";
+constexpr const char* kNoTime = "----/--/--         --:--";
+const std::string kLanguage = "db/menu_widget/language";
+
+class History : public CViewWeakSignalHistoryWindow {
+ public:
+  using CViewWeakSignalHistoryWindow::m_CompareTime;
+  using CViewWeakSignalHistoryWindow::m_ConvertHDMINumberToESource;
+  using CViewWeakSignalHistoryWindow::m_GetTimeStampType;
+  using CViewWeakSignalHistoryWindow::STAMP_24_HOURS;
+  using CViewWeakSignalHistoryWindow::STAMP_NONE;
+  using CViewWeakSignalHistoryWindow::STAMP_WORD_FIRST;
+  using CViewWeakSignalHistoryWindow::STAMP_WORD_LAST;
+
+  History() : CViewWeakSignalHistoryWindow(kMenuID) {}
+  int Buttons() {
+    t_InitWindowProperty();
+    return t_DefaultButtonNum;
+  }
+};
+
+/// Seconds since the epoch of a local time.
+time_t At(int year, int month, int day, int hour, int minute) {
+  tm local{};
+  local.tm_year = year - 1900;
+  local.tm_mon = month - 1;
+  local.tm_mday = day;
+  local.tm_hour = hour;
+  local.tm_min = minute;
+  local.tm_isdst = -1;
+  return mktime(&local);
+}
+
+std::string Note(time_t time, int major = 7) {
+  return std::to_string(time) + ":" + std::to_string(major) + ":65535:2:0:0";
+}
+
+void SetNotes(const Texts& notes) {
+  desktop::Store::Get().Write([&] {
+    desktop::Query("DELETE FROM weak_signal").Run();
+    for (const std::string& note : notes) desktop::Query("INSERT INTO weak_signal (entry) VALUES (?)", note).Run();
+  });
+}
+
+void SetClock(int hours) {
+  desktop::Store::Get().Write([&] { desktop::Query("REPLACE INTO tv_state VALUES ('clock_hours', ?)", hours).Run(); });
+}
+
+void SetSource(int source) {
+  desktop::Store::Get().Write([&] { desktop::Query("UPDATE picture SET source = ? WHERE profile = 1", source).Run(); });
+}
+
+Texts Stamps() {
+  std::vector<DataInfo> rows;
+  History().GetData(rows, History::SOURCE_BROADCAST);
+  Texts stamps;
+  for (const DataInfo& row : rows) {
+    EXPECT_EQ(row.displayValue + row.id + row.extra, "");
+    stamps.push_back(row.displayName);
+  }
+  return stamps;
+}
+
+Texts Column(Remote& remote, const char* name) {
+  Texts texts;
+  const Json::Value screen = remote.Screen();
+  for (const Json::Value& row : screen["rows"]) texts.push_back(row[name].asString());
+  return texts;
+}
+
+Texts Buttons(Remote& remote) {
+  Texts texts;
+  const Json::Value screen = remote.Screen();
+  for (const Json::Value& button : screen["buttons"]) texts.push_back(button["text"].asString());
+  return texts;
+}
+
+bool Shows(Remote& remote, const std::string& text) {
+  const Texts texts = remote.Texts();
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
+// --- the order -----------------------------------------------------------------------------------
+
+struct ClockCase {
+  int hours;
+  const char* language;
+  /// Times of one date, newest first.
+  Texts times;
+};
+
+const ClockCase kClocks[] = {
+    {24, "en_US.utf8", {"13:30", "12:10", "01:30", "00:05"}},
+    {12, "en_US.utf8", {"01:30 PM", "12:10 PM", "01:30 AM", "12:05 AM"}},
+    {12, "de_DE.utf8", {"01:30 PM", "12:10 PM", "01:30 AM", "12:05 AM"}},
+    {12, "ar_AE.utf8", {"01:30 م", "12:10 م", "01:30 ص", "12:05 ص"}},
+    {12, "ko_KR.utf8", {"오후 01:30", "오후 12:10", "오전 01:30", "오전 12:05"}},
+};
+
+TEST(History, PutsTheNewestFirstInWhicheverOrderTheNotesCome) {
+  Texts notes;
+  for (const auto& [hour, minute] : {std::pair(0, 5), {1, 30}, {12, 10}, {13, 30}}) {
+    notes.push_back(Note(At(2025, 3, 2, hour, minute)));
+  }
+  notes.push_back(Note(0));
+  for (const ClockCase& c : kClocks) {
+    SCOPED_TRACE(std::string(c.language) + " " + std::to_string(c.hours));
+    Tv tv("europe", 0);
+    SetClock(c.hours);
+    tv.Set(kLanguage, c.language);
+    Texts expected;
+    for (const std::string& time : c.times) expected.push_back("2025/03/02         " + time);
+    expected.emplace_back(kNoTime);
+    test::Run({kMenuID}, [&](Remote&) {
+      std::sort(notes.begin(), notes.end());
+      do {
+        SetNotes(notes);
+        const Texts stamps = Stamps();
+        ASSERT_EQ(stamps, expected);
+      } while (std::next_permutation(notes.begin(), notes.end()));
+    });
+  }
+}
+
+TEST(History, KnowsAStampByItsPieces) {
+  const std::pair<const char*, int> languages[] = {{"ko_KR.utf8", History::STAMP_WORD_FIRST},
+                                                   {"ja_JP.utf8", History::STAMP_WORD_FIRST},
+                                                   {"en_US.utf8", History::STAMP_WORD_LAST},
+                                                   {"", History::STAMP_WORD_LAST}};
+  Tv tv("europe", 0);
+  for (const auto& [language, type] : languages) {
+    tv.Set(kLanguage, language);
+    EXPECT_EQ(History::m_GetTimeStampType(4), type) << language;
+    EXPECT_EQ(History::m_GetTimeStampType(3), History::STAMP_24_HOURS);
+    EXPECT_EQ(History::m_GetTimeStampType(2), History::STAMP_NONE);
+  }
+  tv.Set(kLanguage, "ko_KR.utf8");
+  tv.Fail("vconf_get_str");
+  EXPECT_EQ(History::m_GetTimeStampType(4), History::STAMP_WORD_LAST);
+}
+
+struct Broken {
+  int type;
+  const char *newStamp, *sorted;
+  int sign;
+};
+
+/// Cuts a stamp as the window does.
+struct Pieces {
+  explicit Pieces(std::string text) : held(std::move(text)) {
+    size_t count = 0;
+    char* rest = nullptr;
+    for (char* token = strtok_r(held.data(), " :", &rest); token && count < 4; token = strtok_r(nullptr, " :", &rest)) {
+      tokens[count++] = token;
+    }
+  }
+  std::string held;
+  char* tokens[4] = {};
+};
+
+int Compare(int type, const std::string& newStamp, const std::string& sorted) {
+  Pieces pieces(newStamp);
+  const int order = History::m_CompareTime(type, pieces.tokens, sorted);
+  return (order > 0) - (order < 0);
+}
+
+TEST(History, ComparesWhatIsIncomplete) {
+  const Broken cases[] = {
+      {History::STAMP_24_HOURS, "2025/01/01 10:00", "", 1},
+      {History::STAMP_24_HOURS, "2025/01/01", "2025/01/01 10:00", -1},
+      {History::STAMP_24_HOURS, "2025/01/01 10:00", "2025/01/01 10", 1},
+      {History::STAMP_24_HOURS, "2025/01/01 10:00", kNoTime, 1},
+      {History::STAMP_WORD_LAST, "2025/01/01 10:00 AM", "2025/01/01 10:00", 1},
+      {History::STAMP_WORD_LAST, "2025/01/01 10:00", "2025/01/01 10:00 PM", -1},
+      {History::STAMP_WORD_FIRST, "2025/01/01 AM 10", "2025/01/01 AM 10:00", -1},
+      {History::STAMP_WORD_FIRST, "2025/01/01 AM 12:07", "2025/01/01 AM 00:07", 0},
+      {History::STAMP_24_HOURS, "2025/01/01 13:30", "2025/01/01 01:30", 1},
+  };
+  Tv tv("europe", 0);
+  for (const Broken& c : cases)
+    EXPECT_EQ(Compare(c.type, c.newStamp, c.sorted), c.sign) << c.newStamp << "|" << c.sorted;
+  for (const char* said : {"[Debug]strSortedTimeStamp is NULL", "[Debug]splitNewTimeStamp[ 1 ] is NULL",
+                           "[Debug]splitSortedTimeStamp[ 2 ] is NULL"}) {
+    EXPECT_TRUE(test::Logged(said)) << said;
+  }
+}
+
+std::string StampOf(int minutes, int type) {
+  const int day = minutes / 1440, hour = minutes / 60 % 24, minute = minutes % 60;
+  const std::string word = Utils::GetTranslationStr(hour < 12 ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
+  char text[64];
+  const int half = (hour + 11) % 12 + 1;
+  if (type == History::STAMP_24_HOURS) {
+    snprintf(text, sizeof text, "2025/03/%02d %02d:%02d", day + 1, hour, minute);
+  } else if (type == History::STAMP_WORD_LAST) {
+    snprintf(text, sizeof text, "2025/03/%02d %02d:%02d %s", day + 1, half, minute, word.c_str());
+  } else {
+    snprintf(text, sizeof text, "2025/03/%02d %s %02d:%02d", day + 1, word.c_str(), half, minute);
+  }
+  return text;
+}
+
+TEST(History, ComparesAnyTwoStamps) {
+  Tv tv("europe", 0);
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> minutes(0, 3 * 1440 - 1), type(0, 4), length(0, 30), letter(0, 18);
+  const auto garbage = [&] {
+    std::string text;
+    for (int i = length(random); i > 0; --i) text += "0123456789/-:: \t\xff\xecM"[letter(random)];
+    return text;
+  };
+  for (int i = 0; i < 50'000; ++i) {
+    const int kind = 1 + i % 3, a = minutes(random), b = i % 10 ? minutes(random) : a;
+    ASSERT_EQ(Compare(kind, StampOf(a, kind), StampOf(b, kind)), (a > b) - (a < b))
+        << StampOf(a, kind) << StampOf(b, kind);
+    const std::string odd = garbage(), other = garbage();
+    Compare(type(random), odd, other);
+    ASSERT_EQ(Compare(kind, odd, ""), 1);
+  }
+}
+
+// --- the window ----------------------------------------------------------------------------------
+
+TEST(History, SortsWhateverTheTvHasNoted) {
+  std::mt19937 random(11);
+  std::uniform_int_distribution<int> length(0, 40), letter(0, 15), share(0, 2);
+  std::uniform_int_distribution<time_t> time(1, At(2100, 1, 1, 0, 0));
+  Texts notes;
+  std::vector<time_t> valid;
+  for (int i = 0; i < 3000; ++i) {
+    if (share(random)) {
+      valid.push_back(time(random) / 60 * 60);
+      notes.push_back(Note(valid.back()));
+      continue;
+    }
+    std::string text;
+    for (int j = length(random); j > 0; --j) text += "0123456789::- x\xff"[letter(random)];
+    notes.push_back(text);
+  }
+  std::sort(valid.rbegin(), valid.rend());
+  Texts expected;
+  for (const time_t seconds : valid) {
+    char text[64];
+    tm local;
+    localtime_r(&seconds, &local);
+    strftime(text, sizeof text, "%Y/%m/%d         %H:%M", &local);
+    expected.emplace_back(text);
+  }
+  Tv tv("europe", 0);
+  SetNotes(notes);
+  const Texts stamps = Stamps();
+  const auto firstWithout = std::find(stamps.begin(), stamps.end(), kNoTime);
+  EXPECT_TRUE(std::all_of(firstWithout, stamps.end(), [](const std::string& s) { return s == kNoTime; }));
+  // What garbage gave a time stands between the others.
+  auto next = expected.begin();
+  for (const std::string& stamp : stamps) {
+    if (next != expected.end() && stamp == *next) ++next;
+  }
+  EXPECT_EQ(next - expected.begin(), static_cast<ptrdiff_t>(expected.size()));
+  test::Run({kMenuID}, [&](Remote& remote) {
+    ASSERT_EQ(Column(remote, "text").size(), 5U);
+    EXPECT_EQ(Column(remote, "text").front(), stamps.front());
+    remote.Press("Left Down Down Up");
+    EXPECT_EQ(remote.Focus(), stamps[1]);
+    remote.Press("Right Return");
+    EXPECT_TRUE(remote.HasExited());
+  });
+}
+
+TEST(History, ListsTimeAndChannelAnewEachTime) {
+  Tv tv("europe", 0);
+  SetNotes({"0:12:3:2:0:1", Note(At(2025, 3, 2, 18, 40), 8), "::", ""});
+  for (const int rows : {2, 3}) {
+    test::Run({kMenuID}, [&](Remote& remote) {
+      EXPECT_EQ(Column(remote, "text").size(), static_cast<size_t>(rows));
+      EXPECT_EQ(Column(remote, "value").front(), rows == 2 ? "8" : "9");
+      EXPECT_EQ(Column(remote, "value").back(), "UHD 12-3");
+      EXPECT_EQ(Column(remote, "text").back(), kNoTime);
+      EXPECT_EQ(remote.Screen()["title"].asString(), "Signal history");
+      EXPECT_TRUE(Shows(remote, "Channels are listed here when their signal was weak."));
+      EXPECT_EQ(Buttons(remote), Texts{"Close"});
+      EXPECT_EQ(remote.Focus(), "Close");
+      // A row can be chosen, and nothing comes of it.
+      remote.Press("Left Return");
+      EXPECT_EQ(remote.Stack(), Texts{kMenuID});
+    });
+    SetNotes({"0:12:3:2:0:1", Note(At(2025, 3, 2, 18, 40), 8), Note(At(2025, 3, 2, 18, 41), 9)});
+  }
+  EXPECT_TRUE(test::Logged("[Info]Can not get weak signal info of vconf value [::]"));
+}
+
+const Evas_Object* FindList(const Evas_Object* object) {
+  if (std::string_view(evas_object_type_get(object)) == "elm_genlist") return object;
+  if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return nullptr;
+  const Evas_Object* found = nullptr;
+  Eina_List* members = evas_object_smart_members_get(object);
+  void* member = nullptr;
+  EINA_LIST_FREE(members, member) {
+    if (!found) found = FindList(static_cast<Evas_Object*>(member));
+  }
+  return found;
+}
+
+/// "top", "bottom", both or none.
+std::string Shadows() {
+  Evas* canvas = evas_object_evas_get(desktop::Window());
+  const Evas_Object* list = nullptr;
+  for (Evas_Object* o = evas_object_bottom_get(canvas); o && !list; o = evas_object_above_get(o)) list = FindList(o);
+  if (!list) return "no list";
+  const Evas_Object* edje = elm_layout_edje_get(list);
+  std::string shown;
+  for (const char* edge : {"top", "bottom"}) {
+    double value = 0;
+    const char* state = edje_object_part_state_get(edje, (std::string("shadow.") + edge).c_str(), &value);
+    if (std::string_view(state) == "visible") shown += (shown.empty() ? "" : " ") + std::string(edge);
+  }
+  return shown;
+}
+
+TEST(History, ShadowsSayWhereThereIsMore) {
+  const struct {
+    int rows;
+    /// Keys, and the shadows after them.
+    std::vector<std::pair<const char*, const char*>> steps;
+  } cases[] = {
+      {5, {{"", ""}, {"Left", ""}, {"Down Down Down Down", ""}}},
+      {6,
+       {{"", "bottom"},
+        {"Left", "bottom"},
+        {"Down Down Down Down", "bottom"},
+        {"Down", "top"},
+        {"Right Left", "top"},
+        {"Up", "top bottom"},
+        {"Up Up Up Up", "bottom"},
+        {"Right", "bottom"}}},
+      {8, {{"Left Down Down Down Down Down", "top bottom"}, {"Down", "top bottom"}, {"Down", "top"}}},
+  };
+  for (const auto& c : cases) {
+    Tv tv("europe", 0);
+    Texts notes;
+    for (int i = 0; i < c.rows; ++i) notes.push_back(Note(At(2025, 3, 2, 10, i)));
+    SetNotes(notes);
+    test::Run({kMenuID}, [&](Remote& remote) {
+      for (const auto& [keys, shadows] : c.steps) {
+        remote.Press(keys);
+        EXPECT_EQ(Shadows(), shadows) << c.rows << " rows, after " << keys << ", at " << remote.Focus();
+      }
+    });
+  }
+}
+
+TEST(History, DependsOnTheSource) {
+  Tv tv("hdmi");
+  const std::vector<int> ports = {13, 14, 15, 16, 38, 39, 46, 47};
+  for (int source = -1; source < 60; ++source) {
+    SetSource(source);
+    const bool hdmi = std::find(ports.begin(), ports.end(), source) != ports.end();
+    EXPECT_EQ(History().Buttons(), hdmi ? 2 : 1) << source;
+  }
+  for (int port = 0; port <= 9; ++port) {
+    EXPECT_EQ(History::m_ConvertHDMINumberToESource(port), port >= 1 && port <= 8 ? ports[port - 1] : -1) << port;
+  }
+  SetSource(39);
+  test::Run({kMenuID}, [&](Remote& remote) {
+    EXPECT_TRUE(Column(remote, "text").empty());
+    EXPECT_TRUE(Shows(remote, "The signal history of the external device is shown below."));
+    EXPECT_EQ(Buttons(remote), (Texts{"HDMI delay level", "Close"}));
+    EXPECT_EQ(remote.Focus(), "Close");
+    EXPECT_TRUE(tv.Journal("SourceControl::GetWeakSignalHistory").empty());
+    remote.Press("Return");
+    EXPECT_TRUE(remote.HasExited());
+  });
+}
+
+std::string DelayLevel() {
+  desktop::Query q("SELECT value FROM item WHERE id = 'hdmi-delay-level'");
+  return q.Row() ? q.Text(0) : "";
+}
+
+TEST(History, OpensTheDelayLevels) {
+  Tv tv("hdmi");
+  test::Run({kMenuID}, [&](Remote& remote) {
+    remote.Press("Up Return");
+    EXPECT_EQ(remote.Stack().size(), 2U);
+    EXPECT_EQ(remote.Screen()["title"].asString(), "HDMI delay level");
+    EXPECT_EQ(Column(remote, "text"), (Texts{"Off", "1", "2", "3"}));
+    EXPECT_TRUE(Buttons(remote).empty()) << "the window below is hidden";
+    remote.Press("Down Down Return");
+    EXPECT_EQ(DelayLevel(), "2");
+    EXPECT_EQ(remote.Stack(), Texts{kMenuID});
+    EXPECT_EQ(remote.Focus(), "HDMI delay level");
+    EXPECT_EQ(Buttons(remote), (Texts{"HDMI delay level", "Close"}));
+
+    remote.Press("Return");
+    EXPECT_EQ(remote.Focus(), "2");
+    remote.Press("Down Back");
+    EXPECT_EQ(remote.Focus(), "HDMI delay level");
+    EXPECT_EQ(DelayLevel(), "2");
+    EXPECT_EQ(tv.Journal("SettingsAPI::SetItemValue").size(), 1U);
+    remote.Press("Down");
+    EXPECT_EQ(remote.Focus(), "Close");
+    remote.Wait(61);
+    EXPECT_TRUE(remote.HasExited());
+  });
+}
+
+TEST(History, OpensWithoutWhatTheTvDoesNotSay) {
+  const struct {
+    const char *operation, *result;
+    /// Of the first row; null without rows.
+    const char* first;
+    const char* said;
+  } cases[] = {
+      {"CreateSourceControl", "null", nullptr, "[Error]WeakSignalHistory is empty"},
+      {"SourceControl::GetWeakSignalHistory", "0", nullptr, "[Error]WeakSignalHistory is empty"},
+      {"SourceControl::GetWeakSignalHistory", "-1", nullptr, "[Error]WeakSignalHistory is empty"},
+      {"SourceControl::GetSource", "-1", "2025/03/02         18:40", "[Error]Current source : -1"},
+      {"CTimeUtil::ConvertToLocalTime", "-1", kNoTime, "[Error] Invalid Date "},
+      {"SettingsAPI::GetItemDisplayName", "false", "2025/03/02         18:40", nullptr},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.operation);
+    Tv tv("europe", 0);
+    SetNotes({Note(At(2025, 3, 2, 18, 40))});
+    tv.Fail(c.operation, c.result);
+    test::Run({kMenuID}, [&](Remote& remote) {
+      EXPECT_EQ(Column(remote, "text"), c.first ? Texts{c.first} : Texts{});
+      EXPECT_TRUE(!c.said || test::Logged(c.said));
+      EXPECT_TRUE(Shows(remote, "Channels are listed here when their signal was weak."));
+      EXPECT_EQ(remote.Focus(), "Close");
+      remote.Press("Left Return");
+      EXPECT_EQ(remote.HasExited(), !c.first);
+    });
+  }
+}
+
+TEST(History, IsReadOut) {
+  for (const auto& [notes, said] :
+       std::map<size_t, std::string>{{0, ""}, {3, ", 3 items. Use the arrow keys to move."}}) {
+    Tv tv("europe", 0);
+    tv.Set("db/setting/accessibility/tts", "1");
+    SetNotes(Texts(notes, Note(At(2025, 3, 2, 18, 40))));
+    test::Run({kMenuID}, [&](Remote& remote) {
+      remote.Wait(1);
+      const Texts spoken = remote.Spoken();
+      const std::string expected =
+          " Signal history, Channels are listed here when their signal was weak." + said + ", Close, Button";
+      EXPECT_NE(std::find(spoken.begin(), spoken.end(), expected), spoken.end())
+          << expected << " | " << (spoken.empty() ? "nothing" : spoken.front());
+    });
+  }
+}
+
+}  // namespace
