@@ -3,6 +3,7 @@
 #include "avoc.h"
 #include "feedback.h"
 #include "kpi_log.h"
+#include "st_operation.h"
 
 using namespace desktop;
 
@@ -12,6 +13,10 @@ int feedback_play(int pattern) {
 
 int avoc_exit_osd() {
   return Gate::Pass<int>(op::avoc_exit_osd, Entry(), [](Entry&) { return 0; });
+}
+
+void ST_OPERATION_CALL(const char* operation, int option) {
+  Gate::Run(op::ST_OPERATION_CALL, Entry(operation, option), [](Entry&) {});
 }
 
 namespace {

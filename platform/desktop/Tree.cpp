@@ -4,6 +4,7 @@
 
 #include "Gate.h"
 #include "settings_api.h"
+#include "tvs/SignalItems.h"
 
 namespace desktop {
 
@@ -49,7 +50,7 @@ class Tree : public SettingsAPI {
     return Gate::Pass<bool>(op::SettingsAPI_GetItemValue, Entry(id), [&](Entry& entry) {
       std::string text, title;
       if (!ReadItem(id, text, title)) return false;
-      value = name = text;
+      value = name = SignalItemText(id).value_or(text);
       for (const auto& [choice, displayed] : ReadChoices(id)) {
         if (choice == text) name = displayed;
       }
@@ -120,7 +121,7 @@ class Tree : public SettingsAPI {
       Query q(index < 0 ? ofItem : ofChoice, id);
       if (index >= 0) q.Bind(index);
       if (!q.Row()) return false;
-      flag = q.Int(0) != 0;
+      flag = q.Int(0) != 0 && (&operation != &op::SettingsAPI_GetItemVisible || IsSignalItemShown(id));
       entry.Out(flag);
       return true;
     });

@@ -10,6 +10,7 @@
 #include "ViewFactoryMessageBox.h"
 #include "ViewFineTuneWindow.h"
 #include "ViewHDMIInfoWindow.h"
+#include "ViewSignalInfoWindow.h"
 #include "ViewSublist.h"
 #include "ViewTvRatingWindow.h"
 #include "ViewWeakSignalHistoryWindow.h"
@@ -129,7 +130,7 @@ constexpr ViewEntry kViews[] = {
     {23, "usermode-store-current-position", nullptr},
     {24, "signal-information-weakhistory", Make<CViewWeakSignalHistoryWindow>},
     {25, "hdmi-delay-level", Make<CViewBottomCtxPopup>},
-    {0, "signal-information", nullptr},
+    {0, "signal-information", Make<CViewSignalInfoWindow>},
     {0, "hdmi-information", Make<CViewHDMIInfoWindow>},
     {0, "postype-sat-longitude-settings", nullptr},
 };

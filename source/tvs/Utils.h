@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "ItemStatus.h"
+
 class TSSatCRSettings;
 
 class Utils {
@@ -43,6 +45,16 @@ class Utils {
   /// Gives an object the colour of a colour class.
   static void SetObjectColor(Evas_Object* object, const char* colorClass);
   static void SetObjectItemFocus(Elm_Object_Item* item);
+  /// Gives a row the look of a status. A row that is just made keeps the focus that the toolkit gave it: the second
+  /// takes none away.
+  static void ApplyItemHighlight(Elm_Object_Item* item, ITEM_STATUS status);
+  static void ApplyRealizedListItemHighlight(Elm_Object_Item* item, ITEM_STATUS status);
+
+  // Images: null when the file is missing. The caller owns them.
+
+  /// Of the application's own directory of images, or at an absolute path.
+  static Evas_Object* GetResource(Evas_Object* parent, const char* name);
+  static Evas_Object* GetImageObjectByPath(Evas_Object* parent, const char* path);
 
   // What the windows share of the TV.
 

@@ -1,8 +1,21 @@
-// Tables that hold objects at a size, colours, and the focus of list rows.
+// Tables that hold objects at a size, colours, images, and the look of list rows.
+#include <filesystem>
+
 #include "Log.h"
+#include "ThemeNames.h"
 #include "Utils.h"
+#include "app_framework.h"
 
 namespace {
+
+constexpr const char* kImageDirectory = "/usr/apps/com.vantrel.tv.quirelle/res/images/";
+
+/// Rows without a second content have nothing there to take a signal.
+void Dim(Elm_Object_Item* item, const char* contentSignal, const char* itemSignal) {
+  Evas_Object* content = elm_object_item_part_content_get(item, theme::kItemContent);
+  if (content) elm_object_signal_emit(content, contentSignal, "");
+  elm_object_item_signal_emit(item, itemSignal, theme::kSource);
+}
 
 Evas_Object* AddSpacer(Evas_Object* table, int column, int row, int w, int h) {
   Evas_Object* spacer = evas_object_rectangle_add(evas_object_evas_get(table));
@@ -65,4 +78,52 @@ void Utils::SetObjectColor(Evas_Object* object, const char* colorClass) {
 void Utils::SetObjectItemFocus(Elm_Object_Item* item) {
   elm_object_item_focus_set(item, EINA_TRUE);
   LOG_INFO("set focus to the object item");
+}
+
+void Utils::ApplyRealizedListItemHighlight(Elm_Object_Item* item, ITEM_STATUS status) {
+  if (!item) return;
+  if (status == ITEM_STATUS_DISABLED) {
+    LOG_INFO("send signal dimmed");
+    Dim(item, theme::kItemContentDimmed, theme::kItemDimmed);
+  } else if (status == ITEM_STATUS_ENABLED) {
+    Dim(item, theme::kItemContentUndimmed, theme::kItemUndimmed);
+  } else if (status == ITEM_STATUS_FOCUSED) {
+    elm_object_item_signal_emit(item, theme::kItemFocus, "");
+  }
+}
+
+void Utils::ApplyItemHighlight(Elm_Object_Item* item, ITEM_STATUS status) {
+  if (status != ITEM_STATUS_UNFOCUSED) return ApplyRealizedListItemHighlight(item, status);
+  if (item) elm_object_item_signal_emit(item, theme::kItemUnfocus, "");
+}
+
+Evas_Object* Utils::GetResource(Evas_Object* parent, const char* name) {
+  if (!parent || !name) {
+    LOG_ERROR("Assertion failed");
+    return nullptr;
+  }
+  if (*name == '/') return GetImageObjectByPath(parent, name);
+  return GetImageObjectByPath(parent, app_get_deployed_path((std::string(kImageDirectory) + name).c_str()));
+}
+
+Evas_Object* Utils::GetImageObjectByPath(Evas_Object* parent, const char* path) {
+  if (!parent || !path) {
+    LOG_ERROR("Assertion failed");
+    return nullptr;
+  }
+  std::error_code unreadable;
+  if (!std::filesystem::is_regular_file(path, unreadable)) {
+    LOG_DEBUG("File not found in resource.");
+    return nullptr;
+  }
+  Evas_Object* image = elm_image_add(parent);
+  if (!image) return nullptr;
+  if (!elm_image_file_set(image, path, nullptr)) {
+    evas_object_del(image);
+    return nullptr;
+  }
+  elm_image_no_scale_set(image, EINA_TRUE);
+  evas_object_size_hint_align_set(image, 1.0, EVAS_HINT_FILL);
+  LOG_DEBUG("Path[%s]", path);
+  return image;
 }

@@ -4,6 +4,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "ItemStatus.h"
+
 class SimpleElementaryNode {
  public:
   virtual ~SimpleElementaryNode() = default;
@@ -22,8 +24,6 @@ enum ITEM_SHOW_STATUS {
   /// Invisible, with a name that was fetched.
   ITEM_SHOW_INVISIBLE_NAMED = 3,
 };
-
-enum ITEM_STATUS { ITEM_STATUS_ENABLED = 1, ITEM_STATUS_DISABLED = 3 };
 
 class ElementaryNode : public SimpleElementaryNode {
  public:

@@ -1,5 +1,7 @@
 #include "RowFocus.h"
 
+#include "Utils.h"
+
 namespace {
 
 constexpr const char* kRow = "focus-row";
@@ -33,10 +35,22 @@ void FocusRowLater(Evas_Object* genlist) {
 
 void CanvasFocused(void* data, Evas*, void*) { FocusRowLater(static_cast<Evas_Object*>(data)); }
 
-void ListFocused(void*, Evas_Object* genlist, void*) { FocusRow(genlist); }
+void ListFocused(void*, Evas_Object* genlist, void*) {
+  FocusRow(genlist);
+  Utils::ApplyItemHighlight(elm_object_focused_item_get(genlist), ITEM_STATUS_FOCUSED);
+}
+
+/// The toolkit leaves the row as it is: there would be two things that look focused.
+void ListUnfocused(void*, Evas_Object* genlist, void*) {
+  Utils::ApplyItemHighlight(elm_object_focused_item_get(genlist), ITEM_STATUS_UNFOCUSED);
+}
 
 /// A list without rows on screen can hand the focus to none: it does when they are made.
 void RowMade(void*, Evas_Object* genlist, void* row) {
+  // With the screen reader on a row has a second object that would take the focus, and keep it.
+  if (Evas_Object* read = elm_object_item_access_object_get(static_cast<Elm_Object_Item*>(row))) {
+    elm_object_focus_allow_set(read, EINA_FALSE);
+  }
   if (RowToFocus(genlist) == row && !elm_object_focused_item_get(genlist)) FocusRowLater(genlist);
 }
 
@@ -52,6 +66,7 @@ void ListGone(void*, Evas* canvas, Evas_Object* genlist, void*) {
 
 void KeepRowFocus(Evas_Object* genlist) {
   evas_object_smart_callback_add(genlist, "focused", ListFocused, nullptr);
+  evas_object_smart_callback_add(genlist, "unfocused", ListUnfocused, nullptr);
   evas_object_smart_callback_add(genlist, "item,focused", RowFocused, nullptr);
   evas_object_smart_callback_add(genlist, "realized", RowMade, nullptr);
   Evas* canvas = evas_object_evas_get(genlist);

@@ -220,7 +220,8 @@ void WidgetGenList::t_SetItemStatus(Elm_Object_Item* item, bool focused, bool) {
   }
   const ElementaryNode& node = *m_pData->GetNode(index);
   elm_object_item_disabled_set(item, node.GetStatus() == ITEM_STATUS_DISABLED);
-  if (focused) elm_object_item_signal_emit(item, theme::kItemFocus, "");
+  Utils::ApplyRealizedListItemHighlight(item, node.GetStatus());
+  if (focused) Utils::ApplyItemHighlight(item, ITEM_STATUS_FOCUSED);
   if (elm_config_access_get()) m_ConfigureReader(item, node);
 }
 
@@ -249,6 +250,7 @@ void WidgetGenList::m_ItemUnfocusedCB(void* data, Evas_Object*, void* info) {
   auto* item = static_cast<Elm_Object_Item*>(info);
   pThis->m_nUnFocusItemNum = elm_genlist_item_index_get(item) - 1;
   pThis->t_SetItemStatus(item, false, false);
+  Utils::ApplyItemHighlight(item, ITEM_STATUS_UNFOCUSED);
 }
 
 // --- selection -----------------------------------------------------------------------------------

@@ -13,7 +13,17 @@
 namespace {
 
 constexpr int64_t kNanoseconds = 1'000'000'000;
+/// A clock that is held still moves on a little with each look: the toolkit minds one that does not.
+constexpr int64_t kLook = 200;
 std::atomic<int64_t> g_moved{0};
+/// How far the set's own monotonic clock had come when it was held; 0 while it runs.
+std::atomic<int64_t> g_heldAt{0};
+
+int64_t OwnTime(clockid_t clock) {
+  timespec now;
+  syscall(SYS_clock_gettime, clock, &now);
+  return now.tv_sec * kNanoseconds + now.tv_nsec;
+}
 
 bool IsMoved(clockid_t clock) {
   return clock == CLOCK_REALTIME || clock == CLOCK_MONOTONIC || clock == CLOCK_BOOTTIME || clock == CLOCK_MONOTONIC_RAW;
@@ -25,13 +35,21 @@ namespace test {
 
 void MoveClock(double seconds) { g_moved += static_cast<int64_t>(seconds * kNanoseconds); }
 
+void HoldClock(bool hold) {
+  // What has passed in the meantime stays left out: no clock jumps when it runs again.
+  if (g_heldAt != 0) g_moved -= OwnTime(CLOCK_MONOTONIC) - g_heldAt;
+  g_heldAt = hold ? OwnTime(CLOCK_MONOTONIC) : 0;
+}
+
 }  // namespace test
 
 // The toolkit and the standard library ask here, because a program's own functions come before a library's.
 extern "C" EXPORTED int clock_gettime(clockid_t clock, timespec* now) {
   if (syscall(SYS_clock_gettime, clock, now) != 0) return -1;
   if (!IsMoved(clock)) return 0;
-  const int64_t moved = now->tv_sec * kNanoseconds + now->tv_nsec + g_moved;
+  if (g_heldAt != 0) g_moved += kLook;
+  const int64_t held = g_heldAt != 0 ? OwnTime(CLOCK_MONOTONIC) - g_heldAt : 0;
+  const int64_t moved = now->tv_sec * kNanoseconds + now->tv_nsec + g_moved - held;
   now->tv_sec = moved / kNanoseconds;
   now->tv_nsec = moved % kNanoseconds;
   return 0;

@@ -6,4 +6,7 @@ namespace test {
 /// Every clock of the process moves on (or back) by so many seconds at once.
 void MoveClock(double seconds);
 
+/// From now on no time passes but by `MoveClock`, or it passes by itself again.
+void HoldClock(bool hold);
+
 }  // namespace test

@@ -1,7 +1,22 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
+#include <string>
+
+namespace {
+
+/// --monkey SEED STEPS: just the monkey, with this seed, for so many steps.
+void ReadMonkey(int argc, char** argv) {
+  for (int i = 1; i + 2 < argc; ++i) {
+    if (std::strcmp(argv[i], "--monkey") != 0) continue;
+    setenv("QUIRELLE_MONKEY", (std::string(argv[i + 1]) + " " + argv[i + 2]).c_str(), 1);
+    testing::GTEST_FLAG(filter) = "Monkey.*";
+  }
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   // Nothing of the person who runs the tests: no display, no home, no TV.
@@ -12,6 +27,7 @@ int main(int argc, char** argv) {
   setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
   setenv("XDG_DATA_HOME", (home + "/data").c_str(), 1);
   testing::InitGoogleTest(&argc, argv);
+  ReadMonkey(argc, argv);
   const int result = RUN_ALL_TESTS();
   std::error_code ignored;  // left-overs of a crashed test do not make the tests fail
   std::filesystem::remove_all(home, ignored);

@@ -115,11 +115,16 @@ void AddLists(std::vector<Needed>& needed) {
       return std::string("elm/genlist/") + kind + "/" + style + "/default";
     };
     for (const char* style : {theme::kRow, theme::kRowLite, theme::kRowGrey}) {
-      needed.push_back({row(style), {theme::kRowText}, {theme::kItemFocus, theme::kItemIconText}});
+      needed.push_back(
+          {row(style),
+           {theme::kRowText},
+           {theme::kItemFocus, theme::kItemUnfocus, theme::kItemDimmed, theme::kItemUndimmed, theme::kItemIconText}});
     }
     for (const char* style : {theme::kRowValue, theme::kRowValueLite, theme::kRowValueGrey}) {
-      needed.push_back(
-          {row(style), {theme::kRowText, theme::kRowValueText}, {theme::kItemFocus, theme::kItemIconTwoTexts}});
+      needed.push_back({row(style),
+                        {theme::kRowText, theme::kRowValueText},
+                        {theme::kItemFocus, theme::kItemUnfocus, theme::kItemDimmed, theme::kItemUndimmed,
+                         theme::kItemIconTwoTexts}});
     }
     for (const char* style : {theme::kFact, theme::kFactAbbreviated, theme::kMeasure, theme::kMeasureAbbreviated}) {
       needed.push_back({row(style), {theme::kRowText, theme::kRowValueText, theme::kRowValueTextReversed}, {}});
@@ -132,7 +137,9 @@ void AddLists(std::vector<Needed>& needed) {
 
 void AddControls(std::vector<Needed>& needed) {
   for (const std::string style : {theme::kSpinner, theme::kSpinnerTouch}) {
-    needed.push_back({"elm/spinner/base/" + style, {theme::kIncreasePart, theme::kDecreasePart}, {}});
+    needed.push_back({"elm/spinner/base/" + style,
+                      {theme::kIncreasePart, theme::kDecreasePart, theme::kSpinnerFocusPart},
+                      {theme::kActionFocus, theme::kActionUnfocus}});
   }
   for (const std::string style : {theme::kIncrease, theme::kIncreaseTouch, theme::kDecrease, theme::kDecreaseTouch}) {
     needed.push_back({"elm/button/base/" + style, {}, {theme::kActionFocus, theme::kPressed}});

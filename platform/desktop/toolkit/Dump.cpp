@@ -218,6 +218,9 @@ Json::Value Focus() {
   if (IsA(focused, "elm_check")) return NameOfCheck(focused);
   if (IsA(focused, "elm_genlist")) return TextOfRow(elm_object_focused_item_get(focused), "elm.text");
   if (IsA(focused, "elm_slider")) return Plain(elm_layout_text_get(focused, "elm.indicator"));
+  // A spinner has the focus through something inside it.
+  const Evas_Object* parent = elm_object_parent_widget_get(focused);
+  if (parent && IsA(parent, "elm_spinner")) focused = parent;
   if (IsA(focused, "elm_spinner")) return Plain(elm_layout_text_get(focused, "elm.text"));
   return Plain(elm_object_text_get(focused));
 }

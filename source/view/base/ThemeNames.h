@@ -43,6 +43,12 @@ inline constexpr const char* kRowValueTextReversed = "elm.text.1.rtl";
 inline constexpr const char* kListDefault = "default";
 inline constexpr const char* kListGround = "list_ground";
 inline constexpr const char* kItemFocus = "theme,state,focus";
+inline constexpr const char* kItemUnfocus = "theme,state,unfocus";
+inline constexpr const char* kItemDimmed = "elm,state,dimmed";
+inline constexpr const char* kItemUndimmed = "elm,state,undimmed";
+inline constexpr const char* kItemContent = "elm.swallow.content.1";
+inline constexpr const char* kItemContentDimmed = "theme,state,dimmed";
+inline constexpr const char* kItemContentUndimmed = "theme,state,undimmed";
 inline constexpr const char* kItemIconTwoTexts = "theme,singleline,icon,2text";
 inline constexpr const char* kItemIconText = "theme,singleline,icon,text";
 inline constexpr const char* kShowTopShadow = "theme,show,dropdown,top,shadow";
@@ -59,7 +65,9 @@ inline constexpr const char* kDecrease = "spinner/decrease/vertical/C_Spincontro
 inline constexpr const char* kDecreaseTouch = "spinner/decrease/vertical/C_Spincontrol_White_Touch";
 inline constexpr const char* kIncreasePart = "elm.swallow.inc_button";
 inline constexpr const char* kDecreasePart = "elm.swallow.dec_button";
+inline constexpr const char* kSpinnerFocusPart = "elm.swallow.focus";
 inline constexpr const char* kActionFocus = "elm,action,focus";
+inline constexpr const char* kActionUnfocus = "elm,action,unfocus";
 inline constexpr const char* kPressed = "elm,anim,activate";
 
 // Bottom context popup.

@@ -109,9 +109,9 @@ bool CViewControlSpinner::m_CreateSpinner() {
   elm_spinner_editable_set(m_pSpinner, EINA_FALSE);
   elm_spinner_min_max_set(m_pSpinner, 0, 0);
   m_ShowText(m_pDisplayValue);
-  evas_object_event_callback_priority_add(m_pSpinner, EVAS_CALLBACK_KEY_DOWN, kKeyPriority, m_SubitemKeyPressed, this);
   m_pIncrease = m_CreateArrow(touch ? theme::kIncreaseTouch : theme::kIncrease, theme::kIncreasePart);
   m_pDecrease = m_CreateArrow(touch ? theme::kDecreaseTouch : theme::kDecrease, theme::kDecreasePart);
+  m_CreateFocus();
   Evas_Object* table = Utils::WidgetMinSet(m_pSpinner, t_pMainBase, m_nControlPopupWidth, m_nControlPopupHeight, 1);
   evas_object_show(table);
   elm_object_part_content_set(t_pMainBase, theme::kContent, table);
@@ -129,17 +129,40 @@ Evas_Object* CViewControlSpinner::m_CreateArrow(const char* style, const char* p
   return arrow;
 }
 
+void CViewControlSpinner::m_CreateFocus() {
+  m_pFocus = elm_layout_add(m_pSpinner);
+  if (!m_pFocus) return;
+  elm_object_focus_allow_set(m_pFocus, EINA_TRUE);
+  evas_object_event_callback_priority_add(m_pFocus, EVAS_CALLBACK_KEY_DOWN, kKeyPriority, m_SubitemKeyPressed, this);
+  evas_object_event_callback_add(m_pFocus, EVAS_CALLBACK_FOCUS_IN, m_FocusedCb, this);
+  evas_object_event_callback_add(m_pFocus, EVAS_CALLBACK_FOCUS_OUT, m_UnfocusedCb, this);
+  elm_object_part_content_set(m_pSpinner, theme::kSpinnerFocusPart, m_pFocus);
+  evas_object_show(m_pFocus);
+}
+
+void CViewControlSpinner::m_FocusedCb(void* data, Evas*, Evas_Object*, void*) {
+  elm_object_signal_emit(static_cast<CViewControlSpinner*>(data)->m_pSpinner, theme::kActionFocus, theme::kSource);
+}
+
+void CViewControlSpinner::m_UnfocusedCb(void* data, Evas*, Evas_Object*, void*) {
+  elm_object_signal_emit(static_cast<CViewControlSpinner*>(data)->m_pSpinner, theme::kActionUnfocus, theme::kSource);
+}
+
 void CViewControlSpinner::t_Show() {
   PlaceControl(t_pMainBase, {m_x, m_y, m_w, m_nControlPopupWidth, m_nControlPopupHeight, kAbove});
   CView::t_Show();
   if (!t_pMainBase) return;
+  elm_object_tree_focus_allow_set(t_pMainBase, EINA_TRUE);
+  // Before the popup, which gives the focus to what it finds in it.
+  if (m_pSpinner) evas_object_show(m_pSpinner);
   evas_object_show(t_pMainBase);
-  if (!m_pSpinner) return;
-  evas_object_show(m_pSpinner);
-  elm_object_focus_set(m_pSpinner, EINA_TRUE);
+  if (m_pFocus) elm_object_focus_set(m_pFocus, EINA_TRUE);
+  // A layout keeps it to itself when it gets the focus above another popup.
+  if (m_pSpinner) elm_object_signal_emit(m_pSpinner, theme::kActionFocus, theme::kSource);
 }
 
 void CViewControlSpinner::t_Hide() {
+  t_GiveFocusUp();
   if (m_pSpinner) evas_object_hide(m_pSpinner);
   CView::t_Hide();
 }
@@ -150,11 +173,13 @@ void CViewControlSpinner::t_Destroy() {
   for (Evas_Object* arrow : {m_pIncrease, m_pDecrease}) {
     if (arrow) evas_object_smart_callback_del_full(arrow, "clicked", m_ResponseCb, this);
   }
-  if (m_pSpinner) {
-    evas_object_event_callback_del_full(m_pSpinner, EVAS_CALLBACK_KEY_DOWN, m_SubitemKeyPressed, this);
+  if (m_pFocus) {
+    evas_object_event_callback_del_full(m_pFocus, EVAS_CALLBACK_KEY_DOWN, m_SubitemKeyPressed, this);
+    evas_object_event_callback_del_full(m_pFocus, EVAS_CALLBACK_FOCUS_IN, m_FocusedCb, this);
+    evas_object_event_callback_del_full(m_pFocus, EVAS_CALLBACK_FOCUS_OUT, m_UnfocusedCb, this);
   }
   if (t_pMainBase) evas_object_smart_callback_del_full(t_pMainBase, "block,clicked", t_BlockClicked, this);
-  m_pSpinner = m_pIncrease = m_pDecrease = nullptr;
+  m_pSpinner = m_pFocus = m_pIncrease = m_pDecrease = nullptr;
   CView::t_Destroy();
 }
 
@@ -165,6 +190,8 @@ void CViewControlSpinner::m_ShowText(const std::string& text) {
   if (!m_pSpinner) return;
   elm_spinner_special_value_add(m_pSpinner, 0, text.c_str());
   elm_spinner_value_set(m_pSpinner, 0);
+  // A spinner with arrows writes its value on a button of its own, which one that was made without them lacks.
+  elm_layout_text_set(m_pSpinner, theme::kLabelText, text.c_str());
 }
 
 void CViewControlSpinner::m_UpdateDispText() {

@@ -31,6 +31,7 @@ class CViewControlSpinner : public CView {
   void m_ReadValue();
   bool m_CreateSpinner();
   Evas_Object* m_CreateArrow(const char* style, const char* part);
+  void m_CreateFocus();
   void m_UpdateDispText();
   void m_ShowText(const std::string& text);
   void m_HandleKey(const std::string& key);
@@ -44,9 +45,13 @@ class CViewControlSpinner : public CView {
 
   static void m_ResponseCb(void* data, Evas_Object* object, void* info);
   static void m_SubitemKeyPressed(void* data, Evas* canvas, Evas_Object* object, void* info);
+  static void m_FocusedCb(void* data, Evas* canvas, Evas_Object* object, void* info);
+  static void m_UnfocusedCb(void* data, Evas* canvas, Evas_Object* object, void* info);
   static void t_BlockClicked(void* data, Evas_Object* object, void* info);
 
   Evas_Object* m_pSpinner = nullptr;
+  /// Has the focus in the spinner's place: the toolkit gives it to the arrows of a spinner, never to itself.
+  Evas_Object* m_pFocus = nullptr;
   Evas_Object* m_pIncrease = nullptr;
   Evas_Object* m_pDecrease = nullptr;
   std::string m_pDisplayValue;

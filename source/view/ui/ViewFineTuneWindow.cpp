@@ -24,6 +24,7 @@ constexpr double kLowest = -32.0, kHighest = 32.0, kStep = 0.015625;
 constexpr double kHair = 0.00001;
 constexpr double kPopupSeconds = 5.0;
 constexpr double kVoiceDelaySeconds = 0.2;
+constexpr const char* kBack = "XF86Back";
 constexpr int kPopupWrap = 2, kPopupTextWidth = 1122, kPopupFontSize = 48;
 /// Before the toolkit's own handling of the key.
 constexpr Evas_Callback_Priority kKeyPriority = -100;
@@ -355,6 +356,7 @@ void CViewFineTuneWindow::m_ClosePopup() {
   m_pPopupText.reset();
   if (!m_pPopup) return;
   elm_object_part_text_set(m_pPopup, theme::kTitle, nullptr);
+  elm_object_tree_focus_allow_set(m_pPopup, EINA_FALSE);
   evas_object_del(m_pPopup);
   m_pPopup = m_pOkButton = nullptr;
   if (t_pMainBase) elm_object_signal_emit(t_pMainBase, theme::kUndim, "");
@@ -377,9 +379,17 @@ void CViewFineTuneWindow::m_OkBtnKeyPressed(void* data, Evas*, Evas_Object*, voi
     LOG_ERROR("Assertion failed");
     return;
   }
-  if (std::string_view(event->keyname) != "XF86Back") return;
+  if (std::string_view(event->keyname) != kBack) return;
+  pThis->m_closedAt = event->timestamp;
   pThis->m_ClosePopup();
   LOG_INFO(" popup ok button pressed");
+}
+
+/// The window hears of a key before or after the popup's button does.
+bool CViewFineTuneWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
+  const auto* key = static_cast<Ecore_Event_Key*>(event);
+  if (!key || std::string_view(key->keyname) != kBack) return false;
+  return m_pPopup || (m_closedAt != 0 && key->timestamp == m_closedAt);
 }
 
 Eina_Bool CViewFineTuneWindow::m_HideAndDeleteMsgbox(void* data) {

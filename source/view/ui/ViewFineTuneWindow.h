@@ -18,6 +18,7 @@ class CViewFineTuneWindow : public CViewWindowBase {
   void t_Show() override;
   void t_Hide() override;
   void t_FirstEnter(std::string& text) override;
+  bool t_HandleMenuSpecialKeyCB(void* data, int type, void* event) override;
   std::string t_GetBaseStyle() override;
   std::string t_GetWindowTitleText() override;
   void t_SetButtonSettingInfo() override;
@@ -60,6 +61,8 @@ class CViewFineTuneWindow : public CViewWindowBase {
   Evas_Object* m_pOkButton = nullptr;
   std::unique_ptr<WidgetTextBlock> m_pPopupText;
   Ecore_Timer* m_pTimer = nullptr;
+  /// Time stamp of the key that closed the popup: it must not close the window as well.
+  unsigned int m_closedAt = 0;
   char m_channelName[512] = {};
   int m_nCurrentOffset = 0;
   int m_nStoredOffset = 0;

@@ -1,0 +1,310 @@
+// The lists and the picture of the signal information window.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+
+#include "ChannelUtil.h"
+#include "CommonUtil.h"
+#include "DataProvider.h"
+#include "EventManager.h"
+#include "Log.h"
+#include "RowFocus.h"
+#include "ThemeNames.h"
+#include "Utils.h"
+#include "ViewSignalInfoWindow.h"
+#include "system_info.h"
+#include "toolkit_ext.h"
+#include "vconf.h"
+
+namespace {
+
+// Pixels of a 1920-pixel screen.
+constexpr int kWidth = 880, kMinHeight = 600;
+constexpr int kRowHeight = 64;
+constexpr int kActionRowHeight = 80, kActionHeight = 190;
+constexpr int kImageWidth = 440, kImageHeight = 164;
+constexpr int kActionPad = 16, kImagePad = 20, kDvbPad = 96, kIsdbPad = 116;
+
+constexpr size_t kTextSize = 512;
+constexpr int kLevelLocalSet = 94;
+constexpr double kFullBar = 100.0, kFullErrorBar = 2000.0;
+/// Its names are too long for the size of the others.
+constexpr const char* kLongLanguage = "xh_ZA.utf8";
+
+constexpr std::string_view kStrength = "signal-information-strength";
+constexpr std::string_view kQuality = "signal-information-quality";
+constexpr std::string_view kErrors = "signal-information-biterrlevel";
+
+struct Level {
+  int most;
+  const char* word;
+};
+constexpr Level kLevels[] = {{28, "TV_SID_WEAK"}, {50, "TV_SID_ABOUTTV_MODERATE"}, {85, "TV_SID_STRONG"}};
+constexpr const char* kHighestLevel = "TV_SID_VERY_STRONG";
+
+int ReadLocalSet() {
+  int localSet = 0;
+  const int result = system_info_get_value_int(SYSTEM_INFO_KEY_LOCAL_SET, &localSet);
+  LOG_DEBUG("nRet = %d, nLocalSet = %d", result, localSet);
+  return localSet;
+}
+
+int NumberOf(const std::string& text) { return static_cast<int>(std::strtol(text.c_str(), nullptr, 10)); }
+
+const char* LevelWord(int strength) {
+  for (const auto& [most, word] : kLevels) {
+    if (strength <= most) return word;
+  }
+  return kHighestLevel;
+}
+
+/// The strength with its level in words; the caller frees it.
+char* StrengthText(const std::string& value) {
+  auto* text = static_cast<char*>(calloc(kTextSize, 1));
+  if (!text) {
+    LOG_DEBUG("Buffer Failed");
+    return nullptr;
+  }
+  snprintf(text, kTextSize, "%s%s", value.c_str(), Utils::GetTranslationStr(LevelWord(NumberOf(value))).c_str());
+  return text;
+}
+
+std::string StyleOf(const std::string& menuID) {
+  char style[kTextSize] = "";
+  CMenuDataProvider::GetItemSettingsUIStyle(menuID.c_str(), style);
+  return style;
+}
+
+Elm_Genlist_Item_Class* NewClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,
+                                 Elm_Gen_Item_Content_Get_Cb content) {
+  Elm_Genlist_Item_Class* itemClass = elm_genlist_item_class_new();
+  if (!itemClass) {
+    LOG_ERROR("Assertion failed");
+    return nullptr;
+  }
+  itemClass->item_style = style;
+  itemClass->func.text_get = text;
+  itemClass->func.content_get = content;
+  return itemClass;
+}
+
+void UpdateText(Elm_Object_Item* row, const char* part) {
+  elm_genlist_item_fields_update(row, part, ELM_GENLIST_ITEM_FIELD_TEXT);
+}
+
+}  // namespace
+
+// --- the content and what goes with the type -----------------------------------------------------
+
+void CViewSignalInfoWindow::t_CreateContent() {
+  m_pContentLayout = elm_layout_add(t_pMainBase);
+  if (!m_pContentLayout || !elm_layout_file_set(m_pContentLayout, Utils::GetEDJFile().c_str(), theme::kInformation)) {
+    LOG_ERROR("Assertion failed");
+    if (m_pContentLayout) evas_object_del(m_pContentLayout);
+    m_pContentLayout = nullptr;
+    return;
+  }
+  elm_object_part_text_set(m_pContentLayout, theme::kInformationText,
+                           Utils::GetTranslationStr("TV_SIDCHECK_THE_SIGNAL_OF_EACH_CHANNEL").c_str());
+  Evas_Object* table = Utils::WidgetMinSet(m_pContentLayout, t_pMainBase, kWidth, kMinHeight, 1);
+  evas_object_show(m_pContentLayout);
+  evas_object_show(table);
+  elm_object_part_content_set(t_pMainBase, theme::kContent, table);
+  ea_object_config_set_auto_transparency(t_pMainBase, 1);
+  t_DecorateBySignalInfoType();
+}
+
+void CViewSignalInfoWindow::m_AddPad(const char* part, int height) {
+  Evas_Object* pad = Utils::CreateRectTable(m_pContentLayout, kWidth, height, 1);
+  evas_object_show(pad);
+  elm_object_part_content_set(m_pContentLayout, part, pad);
+}
+
+bool CViewSignalInfoWindow::m_HasSignalImage() const {
+  return m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_ISDB || m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_ATSC;
+}
+
+void CViewSignalInfoWindow::t_DecorateBySignalInfoType() {
+  switch (m_nSignalInfoType) {
+    case CTvsUtil::SIGNAL_INFO_ISDB_DIGITAL:
+      m_AddPad(theme::kInformationImagePad, kIsdbPad);
+      break;
+    case CTvsUtil::SIGNAL_INFO_ISDB:
+    case CTvsUtil::SIGNAL_INFO_ATSC:
+      m_AddPad(theme::kInformationImagePad, kImagePad);
+      t_CreateSignalImage();
+      t_HandleSignalStrength();
+      break;
+    case CTvsUtil::SIGNAL_INFO_DVB_BASIC:
+    case CTvsUtil::SIGNAL_INFO_DVB_SQI:
+      m_AddPad(theme::kInformationImagePad, kDvbPad);
+      break;
+    case CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE:
+      m_AddPad(theme::kInformationActionPad, kActionPad);
+      break;
+    default:
+      break;
+  }
+}
+
+void CViewSignalInfoWindow::t_CreateSignalImage() {
+  m_pImageLayout = elm_layout_add(m_pContentLayout);
+  if (!m_pImageLayout || !elm_layout_file_set(m_pImageLayout, Utils::GetEDJFile().c_str(), theme::kSignalImage)) {
+    LOG_ERROR("Assertion failed");
+    if (m_pImageLayout) evas_object_del(m_pImageLayout);
+    m_pImageLayout = nullptr;
+    return;
+  }
+  // Bars of a signal rise to the right in every language.
+  elm_object_mirrored_automatic_set(m_pImageLayout, EINA_FALSE);
+  elm_object_mirrored_set(m_pImageLayout, EINA_FALSE);
+  Evas_Object* table = Utils::WidgetMinSet(m_pImageLayout, m_pContentLayout, kImageWidth, kImageHeight, 1);
+  evas_object_show(m_pImageLayout);
+  evas_object_show(table);
+  elm_object_part_content_set(m_pContentLayout, theme::kInformationImage, table);
+}
+
+void CViewSignalInfoWindow::t_HandleSignalStrength() {
+  constexpr int kHighest = 10;
+  const int strength = ChannelUtil::GetSignalStrength();
+  LOG_ERROR("nSignalStrength = %d", strength);
+  const int level = strength / kHighest;
+  char text[16] = "";
+  snprintf(text, sizeof text, "%02d", level >= 0 && level < kHighest ? level : kHighest);
+  if (m_pImageLayout) elm_layout_signal_emit(m_pImageLayout, theme::kSignalLevel, text);
+}
+
+// --- the lists -----------------------------------------------------------------------------------
+
+bool CViewSignalInfoWindow::m_NeedsAdjustFontSize() {
+  const std::string language = Utils::WrapMallocdString(vconf_get_str("db/menu_widget/language"));
+  return language == kLongLanguage;
+}
+
+bool CViewSignalInfoWindow::m_CreateItemClasses() {
+  const bool abbreviated = m_NeedsAdjustFontSize();
+  const auto text = ua_UI_orientation_get() != 0 ? m_ItemGetTextReverse : m_ItemGetText;
+  m_pTextClass = NewClass(abbreviated ? theme::kFactAbbreviated : theme::kFact, text, nullptr);
+  if (!m_pTextClass) return false;
+  m_pBarClass = NewClass(abbreviated ? theme::kMeasureAbbreviated : theme::kMeasure, text, m_ItemGetContent);
+  return m_pBarClass != nullptr;
+}
+
+void CViewSignalInfoWindow::t_SetContent() {
+  if (!m_pContentLayout) return;
+  m_pContentList = elm_genlist_add(m_pContentLayout);
+  elm_object_scroll_item_loop_enabled_set(m_pContentList, EINA_TRUE);
+  elm_object_focus_allow_set(m_pContentList, EINA_FALSE);
+  // All of its rows are there; a zoomed height may be rounded by a pixel.
+  elm_scroller_policy_set(m_pContentList, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_OFF);
+  if (!m_CreateItemClasses()) return;
+  t_AddDVBSetTuneAction();
+  t_AddContentItems();
+}
+
+void CViewSignalInfoWindow::t_AddDVBSetTuneAction() {
+  if (m_nSignalInfoType != CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE || vSIActionData.empty()) return;
+  m_pActionClass = NewClass(theme::kRowValue, m_ItemGetText, nullptr);
+  if (!m_pActionClass) return;
+  m_pActionList = elm_genlist_add(m_pContentLayout);
+  elm_genlist_select_mode_set(m_pActionList, ELM_OBJECT_SELECT_MODE_ALWAYS);
+  elm_object_scroll_item_loop_enabled_set(m_pActionList, EINA_FALSE);
+  for (SignalInfoData& row : vSIActionData) {
+    elm_genlist_item_append(m_pActionList, m_pActionClass, &row, nullptr, ELM_GENLIST_ITEM_NONE, m_GenlistSelectedCB,
+                            &row);
+  }
+  KeepRowFocus(m_pActionList);
+  Evas_Object* table = Utils::WidgetMinSet(m_pActionList, m_pContentLayout, kWidth, kActionHeight, 1);
+  // The rows stand in the middle of their ground.
+  const int gap = (kActionHeight - kActionRowHeight * static_cast<int>(vSIActionData.size())) / 2;
+  const int padding = Utils::Scaled(m_pContentLayout, gap);
+  evas_object_size_hint_padding_set(m_pActionList, 0, 0, padding, padding);
+  evas_object_show(m_pActionList);
+  evas_object_show(table);
+  elm_object_part_content_set(m_pContentLayout, theme::kInformationAction, table);
+  elm_object_signal_emit(m_pContentLayout, theme::kInformationActionShown, theme::kSource);
+}
+
+void CViewSignalInfoWindow::t_AddContentItems() {
+  const bool strengthInWords = ReadLocalSet() == kLevelLocalSet;
+  for (SignalInfoData& row : vSIContentData) {
+    const bool bar =
+        row.strMenuID == kQuality || row.strMenuID == kErrors || (row.strMenuID == kStrength && !strengthInWords);
+    elm_genlist_item_append(m_pContentList, bar ? m_pBarClass : m_pTextClass, &row, nullptr, ELM_GENLIST_ITEM_NONE,
+                            nullptr, nullptr);
+  }
+  const int height = kRowHeight * static_cast<int>(vSIContentData.size());
+  Evas_Object* table = Utils::WidgetMinSet(m_pContentList, m_pContentLayout, kWidth, height, 1);
+  evas_object_show(m_pContentList);
+  evas_object_show(table);
+  elm_object_part_content_set(m_pContentLayout, theme::kInformationItems, table);
+}
+
+void CViewSignalInfoWindow::t_HandleAdditionalSignalInfoCases() {
+  const char* text = ua_UI_orientation_get() != 0 ? theme::kRowValueTextReversed : theme::kRowValueText;
+  for (auto* row = m_pContentList ? elm_genlist_first_item_get(m_pContentList) : nullptr; row;
+       row = elm_genlist_item_next_get(row)) {
+    UpdateText(row, text);
+    elm_genlist_item_fields_update(row, theme::kMeasureBar, ELM_GENLIST_ITEM_FIELD_CONTENT);
+  }
+  if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
+    for (SignalInfoData& row : vSIActionData) m_ReadValue(row);
+    // Action rows have one part for both directions of writing.
+    for (auto* row = m_pActionList ? elm_genlist_first_item_get(m_pActionList) : nullptr; row;
+         row = elm_genlist_item_next_get(row)) {
+      UpdateText(row, theme::kRowValueText);
+    }
+  }
+  if (m_HasSignalImage()) t_HandleSignalStrength();
+}
+
+// --- the rows ------------------------------------------------------------------------------------
+
+char* CViewSignalInfoWindow::m_ItemGetText(void* data, Evas_Object*, const char* part) {
+  const auto* row = static_cast<SignalInfoData*>(data);
+  if (!row || !part) return nullptr;
+  if (std::strcmp(part, theme::kRowText) == 0) return strdup(row->strTitle.c_str());
+  if (std::strcmp(part, theme::kRowValueText) != 0) return nullptr;
+  if (row->strMenuID == kStrength && ReadLocalSet() == kLevelLocalSet) return StrengthText(row->strValue);
+  return strdup(row->strValue.c_str());
+}
+
+char* CViewSignalInfoWindow::m_ItemGetTextReverse(void* data, Evas_Object*, const char* part) {
+  const auto* row = static_cast<SignalInfoData*>(data);
+  if (!row || !part) return nullptr;
+  if (std::strcmp(part, theme::kRowText) == 0) return strdup(row->strTitle.c_str());
+  return std::strcmp(part, theme::kRowValueTextReversed) == 0 ? strdup(row->strValue.c_str()) : nullptr;
+}
+
+Evas_Object* CViewSignalInfoWindow::m_ItemGetContent(void* data, Evas_Object* list, const char* part) {
+  const auto* row = static_cast<SignalInfoData*>(data);
+  if (!row || !part || std::strcmp(part, theme::kMeasureBar) != 0) return nullptr;
+  if (StyleOf(row->strMenuID) != "slider.information") return nullptr;
+  Evas_Object* bar = elm_progressbar_add(list);
+  if (!bar) return nullptr;
+  elm_object_style_set(bar, theme::kMeasureBarStyle);
+  elm_progressbar_horizontal_set(bar, EINA_TRUE);
+  // Inverted is all that turns it round.
+  elm_object_mirrored_automatic_set(bar, EINA_FALSE);
+  elm_object_mirrored_set(bar, EINA_FALSE);
+  elm_progressbar_inverted_set(bar, CommonUtil::IsRTL());
+  elm_progressbar_value_set(bar, NumberOf(row->strValue) / (row->strMenuID == kErrors ? kFullErrorBar : kFullBar));
+  return bar;
+}
+
+void CViewSignalInfoWindow::m_GenlistSelectedCB(void* data, Evas_Object*, void* item) {
+  const auto* row = static_cast<SignalInfoData*>(data);
+  auto* selected = static_cast<Elm_Object_Item*>(item);
+  if (!row || !selected) {
+    LOG_ERROR("Assertion failed");
+    return;
+  }
+  if (!CommonUtil::CommonWidgetView(StyleOf(row->strMenuID).c_str())) return;
+  int x = 0, y = 0, w = 0;
+  evas_object_geometry_get(elm_object_item_track(selected), &x, &y, &w, nullptr);
+  elm_object_item_untrack(selected);
+  auto* position = new CEventPositionData(row->strMenuID.c_str());
+  position->SetPositionData(x, y, w);
+  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, 0, 0, nullptr, position);
+}

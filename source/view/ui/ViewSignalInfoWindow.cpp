@@ -1,0 +1,345 @@
+#include "ViewSignalInfoWindow.h"
+
+#include <Ecore_Input.h>
+
+#include <cstdlib>
+#include <future>
+#include <string_view>
+#include <utility>
+
+#include "ChannelUtil.h"
+#include "EventManager.h"
+#include "KeyManager.h"
+#include "Log.h"
+#include "RootWindow.h"
+#include "ThemeNames.h"
+#include "Utils.h"
+#include "settings_api.h"
+#include "st_operation.h"
+
+int CViewSignalInfoWindow::m_lastSignalStrength = 0;
+int CViewSignalInfoWindow::m_lastSignalQuality = 0;
+int CViewSignalInfoWindow::m_lastBER = 0;
+bool CViewSignalInfoWindow::m_isFullReloadNeeded = true;
+
+namespace {
+
+constexpr int kHistoryWindow = 24;
+constexpr double kRefreshSeconds = 2.0;
+constexpr const char* kNumberPadKey = "XF86More";
+constexpr const char* kChannelKeys[] = {"XF86LowerChannel", "XF86RaiseChannel"};
+constexpr std::string_view kFrequency = "signal-information-frequence";
+constexpr std::string_view kBandwidth = "signal-information-bandwidth";
+constexpr std::string_view kAntenna = "antenna";
+constexpr std::string_view kMeasures[] = {"signal-information-strength", "signal-information-quality",
+                                          "signal-information-biterrlevel"};
+constexpr const char* kUnknown = "----";
+/// Parts of a channel list that the channel keys leave for the whole of it.
+constexpr int kWholeListModes[] = {1, 2, 4, 6, 7, 8, 10, 16};
+
+bool IsMeasure(const std::string& menuID) {
+  for (const std::string_view measure : kMeasures) {
+    if (measure == menuID) return true;
+  }
+  return false;
+}
+
+ENavigationMode ModeOfChannelKeys() {
+  const ENavigationMode mode = ChannelUtil::GetTVNavigationMode();
+  for (const int whole : kWholeListModes) {
+    if (mode == whole) return NAVIGATION_ALL;
+  }
+  LOG_DEBUG("NaviMode[%d", mode);
+  return mode;
+}
+
+}  // namespace
+
+CViewSignalInfoWindow::SignalInfoData::SignalInfoData(std::string menuID, std::string title, std::string value)
+    : strMenuID(std::move(menuID)), strTitle(std::move(title)), strValue(std::move(value)) {
+  LOG_ERROR("constructor");
+}
+
+CViewSignalInfoWindow::SignalInfoData::SignalInfoData(const SignalInfoData& other)
+    : strMenuID(other.strMenuID), strTitle(other.strTitle), strValue(other.strValue) {
+  LOG_ERROR("copy constructor");
+}
+
+CViewSignalInfoWindow::CViewSignalInfoWindow(const char* menuID) : CViewWindowBase(menuID) {
+  m_lastSignalStrength = m_lastSignalQuality = m_lastBER = 0;
+  m_isFullReloadNeeded = true;
+}
+
+int CViewSignalInfoWindow::t_GetBaseType() { return BASE_TYPE_POPUP; }
+
+std::string CViewSignalInfoWindow::t_GetBaseStyle() { return theme::kRightLarge; }
+
+std::string CViewSignalInfoWindow::t_GetWindowTitleText() {
+  return Utils::GetTranslationStr("SID_SIGNAL_INFORMATION_KR_17");
+}
+
+void CViewSignalInfoWindow::t_InitWindowProperty() { t_DefaultButtonNum = 2; }
+
+void CViewSignalInfoWindow::t_SetButtonSettingInfo() {
+  t_ButtonSettings[0] = {Utils::GetTranslationStr("TV_SID_SIGNAL_HISTORY"), "i_history", theme::kButton,
+                         theme::kButtonParts[0]};
+  t_ButtonSettings[1] = {Utils::GetTranslationStr("SID_CLOSE"), "i_close_cancel", theme::kButton,
+                         theme::kButtonParts[1]};
+}
+
+// --- life cycle ----------------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::t_Create() {
+  CViewWindowBase::t_Create();
+  if (!t_pMainBase) return;
+  const Eina_Bool grabbed =
+      elm_win_keygrab_set(CRootWindow::GetWindow(), kNumberPadKey, 0, 0, 0, ELM_WIN_KEYGRAB_EXCLUSIVE);
+  LOG_DEBUG("Grab = [%s]", grabbed ? "true" : "false");
+  evas_object_show(t_pMainBase);
+  m_nSignalInfoType = CTvsUtil::SIGNAL_INFO_DVB_BASIC;
+  m_nSignalInfoType = ChannelUtil::GetSignalInfoType();
+  LOG_DEBUG("nType is [%d] ", m_nSignalInfoType);
+  t_FetchDataAsync();
+  t_CreateContent();
+  t_SetContent();
+}
+
+void CViewSignalInfoWindow::t_Show() {
+  CViewWindowBase::t_Show();
+  if (vSIContentData.empty()) {
+    LOG_DEBUG("vSIData is empty");
+    return;
+  }
+  if (t_pMainBase) evas_object_show(t_pMainBase);
+  CKeyManager::UnSetTimeOut();
+  t_RegisterSpcialKey(true);
+  t_LoopRefresh();
+  const auto& [history, close, none] = t_pDefaultButtons;
+  if (history) elm_object_focus_next_object_set(history, history, ELM_FOCUS_UP);
+  if (close) elm_object_focus_set(close, EINA_TRUE);
+  ST_OPERATION_CALL("SHOW_SIGNAL_INFO", 0);
+}
+
+void CViewSignalInfoWindow::t_Pause() {
+  if (m_bHistoryRequested) {
+    LOG_DEBUG("need Hide SignalInfoWindow ");
+    t_Hide();
+  } else if (m_pActionList && elm_object_focus_get(m_pActionList) && t_pDefaultButtons[1]) {
+    // A popup that closes cannot hand the focus back to a row of a list below it.
+    m_bRowHadFocus = true;
+    elm_object_focus_set(t_pDefaultButtons[1], EINA_TRUE);
+  }
+  m_StopRefresh();
+}
+
+void CViewSignalInfoWindow::t_Resume() {
+  if (m_bHistoryRequested) {
+    CViewWindowBase::t_Show();
+    if (t_pDefaultButtons[0]) elm_object_focus_set(t_pDefaultButtons[0], EINA_TRUE);
+    m_bHistoryRequested = false;
+  } else if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
+    for (auto* row = m_pActionList ? elm_genlist_first_item_get(m_pActionList) : nullptr; row;
+         row = elm_genlist_item_next_get(row)) {
+      elm_genlist_item_selected_set(row, EINA_FALSE);
+    }
+    if (std::exchange(m_bRowHadFocus, false)) elm_object_focus_set(m_pActionList, EINA_TRUE);
+    // What was set beside the row is seen at once, not with the next round of the timer.
+    t_ChannelChangeRefresh();
+  }
+  CKeyManager::UnSetTimeOut();
+  t_RegisterSpcialKey(true);
+  t_LoopRefresh();
+}
+
+void CViewSignalInfoWindow::t_Hide() {
+  LOG_DEBUG("Hide SignalInfoWindow");
+  t_RegisterSpcialKey(false);
+  // Without a frequency nothing was read that could be put back.
+  if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE && t_OriginalFrequency > 0 &&
+      ChannelUtil::SetBandFreqForSignalInformation(t_OriginalBandwidth, t_OriginalFrequency) == 0) {
+    LOG_DEBUG("SetBandFreqForSignalInformation successful t_OriginalBandwidth %d t_OriginalFrequency %d",
+              t_OriginalBandwidth, t_OriginalFrequency);
+  }
+  CViewWindowBase::t_Hide();
+}
+
+void CViewSignalInfoWindow::t_Destroy() {
+  m_StopRefresh();
+  for (Evas_Object* list : {m_pContentList, m_pActionList}) {
+    if (list) elm_genlist_clear(list);
+  }
+  vSIActionData.clear();
+  vSIContentData.clear();
+  if (t_pMainBase) elm_win_keygrab_unset(CRootWindow::GetWindow(), kNumberPadKey, 0, 0);
+  m_pContentLayout = m_pContentList = m_pActionList = m_pImageLayout = nullptr;
+  CViewWindowBase::t_Destroy();
+  for (Elm_Genlist_Item_Class** itemClass : {&m_pTextClass, &m_pBarClass, &m_pActionClass}) {
+    if (*itemClass) elm_genlist_item_class_free(*itemClass);
+    *itemClass = nullptr;
+  }
+}
+
+// --- what the rows say ---------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::m_ReadValue(SignalInfoData& row) {
+  std::string unused;
+  if (!SettingsAPI::Get()->GetItemValue(row.strMenuID, row.strValue, unused)) {
+    LOG_ERROR("No value of %s", row.strMenuID.c_str());
+  }
+}
+
+CViewSignalInfoWindow::SignalInfoData CViewSignalInfoWindow::m_FetchDataAsync(const char* id, void*) {
+  SignalInfoData row(id, "", "");
+  if (!SettingsAPI::Get()->GetItemDisplayName(id, row.strTitle)) LOG_ERROR("No name of %s", id);
+  m_ReadValue(row);
+  return row;
+}
+
+void CViewSignalInfoWindow::t_FetchDataAsync() {
+  std::vector<std::string> children;
+  SettingsAPI::Get()->GetItemChildList(t_MenuID, children);
+  std::vector<std::future<SignalInfoData>> rows;
+  for (const std::string& child : children) {
+    bool visible = false;
+    if (!SettingsAPI::Get()->GetItemVisible(child, visible, -1) || !visible) continue;
+    rows.push_back(std::async(std::launch::deferred, m_FetchDataAsync, child.c_str(), this));
+  }
+  vSIActionData.reserve(rows.size());
+  vSIContentData.reserve(rows.size());
+  for (std::future<SignalInfoData>& row : rows) m_KeepRow(row.get());
+}
+
+void CViewSignalInfoWindow::m_KeepRow(const SignalInfoData& row) {
+  const bool setTune = m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE;
+  const bool frequency = row.strMenuID == kFrequency, bandwidth = row.strMenuID == kBandwidth;
+  if (!setTune || (!frequency && !bandwidth)) {
+    LOG_DEBUG("vSIContentData : strMenuID is [%s] ,strTitle is [%s], strValue is [%s]", row.strMenuID.c_str(),
+              row.strTitle.c_str(), row.strValue.c_str());
+    vSIContentData.push_back(row);
+    return;
+  }
+  LOG_DEBUG("vSIActionData : strMenuID is [%s] ,strTitle is [%s], strValue is [%s]", row.strMenuID.c_str(),
+            row.strTitle.c_str(), row.strValue.c_str());
+  vSIActionData.push_back(row);
+  if (frequency) t_OriginalFrequency = static_cast<int>(std::strtol(row.strValue.c_str(), nullptr, 10));
+  if (bandwidth) {
+    t_OriginalBandwidth = static_cast<EBandwidth>(ChannelUtil::GetBandWidthFromDispStr(row.strValue.c_str()));
+  }
+}
+
+// --- refresh -------------------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::m_StopRefresh() {
+  if (m_pRefreshTimer) ecore_timer_del(m_pRefreshTimer);
+  m_pRefreshTimer = nullptr;
+}
+
+void CViewSignalInfoWindow::t_LoopRefresh() {
+  m_StopRefresh();
+  m_pRefreshTimer = ecore_timer_add(kRefreshSeconds, m_UpdateChannelInformationCb, this);
+}
+
+Eina_Bool CViewSignalInfoWindow::m_UpdateChannelInformationCb(void* data) {
+  auto* pThis = static_cast<CViewSignalInfoWindow*>(data);
+  if (!pThis) {
+    LOG_ERROR("Assertion failed");
+    return ECORE_CALLBACK_CANCEL;
+  }
+  const int strength = ChannelUtil::GetSignalStrength();
+  const int quality = ChannelUtil::GetSignalQuality();
+  const int ber = CTvsUtil::GetBitErrorRate();
+  if (m_isFullReloadNeeded) {
+    pThis->t_ChannelChangeRefresh();
+  } else if (strength == m_lastSignalStrength && quality == m_lastSignalQuality && ber == m_lastBER) {
+    LOG_DEBUG("Nothing has changed, no need to reload");
+  } else {
+    pThis->m_RefreshMeasures(strength, quality, ber);
+  }
+  return ECORE_CALLBACK_RENEW;
+}
+
+void CViewSignalInfoWindow::m_RefreshMeasures(int strength, int quality, int ber) {
+  m_lastSignalStrength = strength;
+  m_lastSignalQuality = quality;
+  m_lastBER = ber;
+  for (SignalInfoData& row : vSIContentData) {
+    if (IsMeasure(row.strMenuID)) m_ReadValue(row);
+  }
+  t_HandleAdditionalSignalInfoCases();
+}
+
+void CViewSignalInfoWindow::t_ChannelChangeRefresh() {
+  for (SignalInfoData& row : vSIContentData) {
+    m_ReadValue(row);
+    if (row.strMenuID == kAntenna) m_isFullReloadNeeded = row.strValue == kUnknown;
+  }
+  t_HandleAdditionalSignalInfoCases();
+}
+
+// --- keys ----------------------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::t_RegisterSpcialKey(bool take) {
+  const auto key = take ? CKeyManager::RegisterKey : CKeyManager::UnRegisterKey;
+  const auto numbers = take ? CKeyManager::RegisterNumberKey : CKeyManager::UnRegisterNumberKey;
+  numbers();
+  for (const char* name : kChannelKeys) key(name);
+  key(kNumberPadKey);
+}
+
+bool CViewSignalInfoWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
+  const auto* key = static_cast<Ecore_Event_Key*>(event);
+  if (!key || !key->keyname) return false;
+  const std::string_view name = key->keyname;
+  if (name != kChannelKeys[0] && name != kChannelKeys[1]) return false;
+  const int direction = name == kChannelKeys[0] ? 0 : 1;
+  if (ChannelUtil::TuneChannel(false, direction, ModeOfChannelKeys(), true)) {
+    LOG_DEBUG(" TunePrevChannel Successful ");
+    t_ChannelChangeRefresh();
+  }
+  return true;
+}
+
+// --- buttons -------------------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::t_ProcessDefaultButtonOneClickCallBack() {
+  m_bHistoryRequested = true;
+  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, kHistoryWindow, 0, nullptr, nullptr);
+}
+
+void CViewSignalInfoWindow::t_ProcessDefaultButtonOneKeyPressCallBack(std::string) {}
+
+void CViewSignalInfoWindow::t_ProcessDefaultButtonTwoClickCallBack() {
+  LOG_DEBUG("APP_EVENT_POP_VIEW");
+  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
+}
+
+void CViewSignalInfoWindow::t_ProcessDefaultButtonTwoKeyPressCallBack(std::string) {}
+
+// --- voice guide ---------------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::t_FirstEnter(std::string& text) {
+  CViewWindowBase::t_FirstEnter(text);
+  const bool setTune = m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE;
+  m_sReadBuff = setTune ? m_SetTuneGetReadContent() : m_GetReadContent();
+  LOG_DEBUG("m_sReadBuff = %s ", m_sReadBuff.c_str());
+  text = m_sReadBuff;
+}
+
+std::string CViewSignalInfoWindow::m_Hint() const {
+  const char* hint = m_pContentLayout ? elm_object_part_text_get(m_pContentLayout, theme::kInformationText) : nullptr;
+  return hint ? hint : "";
+}
+
+std::string CViewSignalInfoWindow::m_GetReadContent() const {
+  std::string text = t_WindowTitle + m_Hint();
+  for (const SignalInfoData& row : vSIContentData) text += row.strTitle + row.strValue + " ";
+  return text + Utils::GetTranslationStr("SID_CLOSE");
+}
+
+std::string CViewSignalInfoWindow::m_SetTuneGetReadContent() const {
+  std::string text = t_WindowTitle;
+  for (const SignalInfoData& row : vSIActionData) text += row.strTitle + row.strValue;
+  text += m_Hint();
+  for (const SignalInfoData& row : vSIContentData) text += row.strTitle + row.strValue;
+  return text + Utils::GetTranslationStr("SID_CLOSE");
+}

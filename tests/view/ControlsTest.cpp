@@ -1,0 +1,446 @@
+// What opens beside a row, and the list window with buttons: driven with keys.
+#include <Elementary.h>
+
+#include <fstream>
+
+#include "ChannelUtil.h"
+#include "EventManager.h"
+#include "Harness.h"
+#include "Screen.h"
+#include "Store.h"
+#include "ThemeNames.h"
+#include "Utils.h"
+#include "ViewListActionWindow.h"
+#include "ViewSublist.h"
+
+using test::Remote;
+using test::Tv;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* kGround = "StopFrequency";
+constexpr const char* kPolarity = "user-defined-transponder-polarity";
+constexpr const char* kFrequency = "user-defined-transponder-frequency";
+constexpr const char* kRate = "user-defined-transponder-symbolrate";
+constexpr const char* kBandwidth = "signal-information-bandwidth";
+constexpr const char* kSignalFrequency = "signal-information-frequence";
+
+void SetItem(const std::string& id, const std::string& value) {
+  desktop::Store::Get().Write([&] { desktop::Query("UPDATE item SET value = ? WHERE id = ?", value, id).Run(); });
+}
+
+std::string Item(const std::string& id) {
+  desktop::Query q("SELECT value FROM item WHERE id = ?", id);
+  return q.Row() ? q.Text(0) : "";
+}
+
+void SetChoices(const std::string& id, int count) {
+  desktop::Store::Get().Write([&] {
+    desktop::Query("DELETE FROM choice WHERE item = ?", id).Run();
+    for (int i = 0; i < count; ++i) {
+      const std::string value = std::to_string(i);
+      desktop::Query("INSERT INTO choice (item, place, value, name) VALUES (?, ?, ?, ?)", id, i, value, "Row " + value)
+          .Run();
+    }
+  });
+}
+
+/// As a window does for one of its rows.
+void OpenControl(Remote& remote, const char* id, int x = 400, int y = 300, int w = 800) {
+  auto* data = new CEventPositionData(id);
+  data->SetPositionData(x, y, w);
+  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, 0, 0, nullptr, data);
+  remote.Settle();
+}
+
+Texts Rows(Remote& remote) {
+  Texts rows;
+  const Json::Value screen = remote.Screen();
+  for (const Json::Value& row : screen["rows"]) rows.push_back(row["text"].asString());
+  return rows;
+}
+
+size_t Writes(Tv& tv) { return tv.Journal("SettingsAPI::SetItemValue").size(); }
+
+// --- the drop-down -------------------------------------------------------------------------------
+
+TEST(Sublist, OpensOnTheValueAndStoresTheChosenOne) {
+  struct Case {
+    const char *value, *focus, *keys, *stored;
+    size_t writes;
+    bool closed;
+  };
+  Tv tv("europe", 0);
+  SetChoices(kPolarity, 4);
+  test::Run({kGround}, [&](Remote& remote) {
+    for (const Case& c :
+         {Case{"0", "Row 0", "Down Return", "1", 1, true}, Case{"3", "Row 3", "Up Up Return", "1", 1, true},
+          Case{"3", "Row 3", "Return", "3", 1, true}, Case{"0", "Row 0", "Up Return", "0", 1, true},
+          Case{"2", "Row 2", "Down Down Down Down Return", "3", 1, true}, Case{"1", "Row 1", "Down Left", "1", 0, true},
+          Case{"1", "Row 1", "Down Back", "1", 0, true}, Case{"1", "Row 1", "Right 5 XF86Red", "1", 0, false},
+          Case{"gone", "Row 0", "Return", "0", 1, true}}) {
+      SCOPED_TRACE(std::string(c.value) + " " + c.keys);
+      SetItem(kPolarity, c.value);
+      tv.ClearJournal();
+      OpenControl(remote, kPolarity);
+      EXPECT_EQ(Rows(remote), (Texts{"Row 0", "Row 1", "Row 2", "Row 3"}));
+      EXPECT_EQ(remote.Focus(), c.focus);
+      remote.Press(c.keys);
+      EXPECT_EQ(remote.Stack().size(), c.closed ? 1U : 2U);
+      if (!c.closed) remote.Press("Back");
+      EXPECT_EQ(remote.Focus(), "OK") << "the focus is back in the window";
+      EXPECT_EQ(Item(kPolarity), c.stored);
+      EXPECT_EQ(Writes(tv), c.writes);
+    }
+  });
+}
+
+TEST(Sublist, ReachesEveryRowOfALongList) {
+  Tv tv("europe", 0);
+  SetChoices(kPolarity, 40);
+  SetItem(kPolarity, "20");
+  test::Run({kGround}, [&](Remote& remote) {
+    OpenControl(remote, kPolarity);
+    EXPECT_EQ(remote.Focus(), "Row 20");
+    for (int row = 21; row < 40; ++row) {
+      remote.Press("Down");
+      ASSERT_EQ(remote.Focus(), "Row " + std::to_string(row));
+      const Texts seen = Rows(remote);
+      ASSERT_NE(std::find(seen.begin(), seen.end(), remote.Focus()), seen.end()) << "the focus is out of sight";
+    }
+    remote.Press("Down");
+    EXPECT_EQ(remote.Focus(), "Row 39") << "no way round";
+    remote.Press("Return");
+  });
+  EXPECT_EQ(Item(kPolarity), "39");
+}
+
+TEST(Sublist, StandsBesideItsRow) {
+  struct Case {
+    const char* language;
+    int rows, x, y, w;
+    const char *size, *horizontal, *vertical;
+  };
+  for (const Case& c :
+       {Case{"en_US.utf8", 4, 400, 300, 800, "nX=400,nY=300,nW=800,m_nControlPopupWidth=408,m_nControlPopupHeight=350",
+             "dStartXPoS : 992.000000, dPosX : [0.516667]", "dStartYPoS [460.000000] , dPosY : [0.425926]"},
+        Case{"ar_AE.utf8", 4, 400, 300, 800, "nX=400,nY=300,nW=800,m_nControlPopupWidth=408,m_nControlPopupHeight=350",
+             "dStartXPoS : 608.000000, dPosX : [0.683333]", "dStartYPoS [460.000000] , dPosY : [0.425926]"},
+        Case{"en_US.utf8", 6, 0, 0, 408, "nX=0,nY=0,nW=408,m_nControlPopupWidth=408,m_nControlPopupHeight=510",
+             "dStartXPoS : 200.000000, dPosX : [0.104167]", "dStartYPoS [240.000000] , dPosY : [0.222222]"},
+        Case{"en_US.utf8", 7, 0, 0, 408, "nX=0,nY=0,nW=408,m_nControlPopupWidth=408,m_nControlPopupHeight=535",
+             "dStartXPoS : 200.000000, dPosX : [0.104167]", "dStartYPoS [252.500000] , dPosY : [0.233796]"},
+        Case{"en_US.utf8", 0, 0, 0, 408, "nX=0,nY=0,nW=408,m_nControlPopupWidth=408,m_nControlPopupHeight=535",
+             "dStartXPoS : 200.000000, dPosX : [0.104167]", "dStartYPoS [252.500000] , dPosY : [0.233796]"}}) {
+    Tv tv("europe", 0);
+    tv.Set("db/menu_widget/language", c.language);
+    SetChoices(kPolarity, c.rows);
+    test::Run({kGround}, [&](Remote& remote) {
+      OpenControl(remote, kPolarity, c.x, c.y, c.w);
+      for (const char* line : {c.size, c.horizontal, c.vertical}) {
+        EXPECT_TRUE(test::Logged(std::string("[Debug]") + line)) << line;
+      }
+      remote.Press("Left");
+      EXPECT_EQ(remote.Stack(), Texts{kGround});
+    });
+  }
+}
+
+TEST(Sublist, LivesWithASettingsTreeThatFails) {
+  for (const char* operation : {"SettingsAPI::GetItemDataList", "SettingsAPI::GetItemValue"}) {
+    Tv tv("europe", 0);
+    SetChoices(kPolarity, 3);
+    test::Run({kGround}, [&](Remote& remote) {
+      tv.Fail(operation);
+      OpenControl(remote, kPolarity);
+      remote.Press("Down Up Left");
+      EXPECT_EQ(remote.Stack(), Texts{kGround}) << operation;
+    });
+  }
+}
+
+// --- the spinner ---------------------------------------------------------------------------------
+
+struct Typed {
+  const char *id, *value, *keys, *shown, *stored;
+};
+
+const Typed kTyped[] = {
+    {kFrequency, "11000", "", "11000", "11000"},
+    {kFrequency, "11000", "Up", "11001", "11001"},
+    {kFrequency, "11000", "Up Up Down", "11001", "11001"},
+    {kFrequency, "11000", "1", "1 MHz", "11000"},
+    {kFrequency, "11000", "1 2 3", "123 MHz", "11000"},
+    {kFrequency, "11000", "1 1 2 2 2 Return", nullptr, "11222 MHz"},
+    {kFrequency, "11000", "1 0 6 9 9 Return", nullptr, "11000"},
+    {kFrequency, "11000", "1 0 7 0 0 Return", nullptr, "10700 MHz"},
+    {kFrequency, "11000", "1 2 7 5 0 Return", nullptr, "12750 MHz"},
+    {kFrequency, "11000", "1 2 7 5 1 Return", nullptr, "11000"},
+    {kFrequency, "11000", "9 9 9 9 9 9 9 9 9 9 9 9", "99999999 MHz", "11000"},
+    {kFrequency, "11000", "9 9 9 9 9 9 9 9 9 9 9 9 Return", nullptr, "11000"},
+    {kFrequency, "11000", "1 2 Up", "11001", "11001"},
+    {kFrequency, "11000", "1 2 Up 3", "3 MHz", "11001"},
+    {kFrequency, "11000", "1 2 Back", nullptr, "11000"},
+    {kFrequency, "11000", "Left Right XF86Red XF86RaiseChannel", "11000", "11000"},
+    {kFrequency, "----", "", "----", "----"},
+    {kFrequency, "----", "Return", nullptr, "----"},
+    {kRate, "27500", "2 2 0 0 0 Return", nullptr, "22000 KS/s"},
+    {kRate, "27500", "0 Return", nullptr, "27500"},
+    {kRate, "27500", "5 0 0 0 1 Return", nullptr, "27500"},
+    {kRate, "27500", "0 1 Return", nullptr, "01 KS/s"},
+};
+
+TEST(Spinner, StepsAndTakesDigitsWithinItsLimits) {
+  Tv tv("europe", 0);
+  test::Run({kGround}, [&](Remote& remote) {
+    for (const Typed& c : kTyped) {
+      SCOPED_TRACE(std::string(c.id) + " " + c.value + ": " + c.keys);
+      SetItem(c.id, c.value);
+      OpenControl(remote, c.id);
+      EXPECT_EQ(remote.Focus(), c.value);
+      remote.Press(c.keys);
+      EXPECT_EQ(remote.Stack().size(), c.shown ? 2U : 1U);
+      EXPECT_EQ(remote.Focus(), c.shown ? c.shown : "OK");
+      EXPECT_EQ(Item(c.id), c.stored);
+      if (c.shown) remote.Press("Back");
+      EXPECT_EQ(Item(c.id), c.stored) << "after Back";
+    }
+  });
+}
+
+TEST(Spinner, OfTheSignalRetunes) {
+  Tv tv("brazil");
+  test::Run({kGround}, [&](Remote& remote) {
+    const int frequency = ChannelUtil::GetFrequency(PROFILE_MAIN);
+    OpenControl(remote, kSignalFrequency);
+    EXPECT_EQ(remote.Focus(), std::to_string(frequency) + " kHz");
+    remote.Press("Up Up Down");
+    const int stepped = ChannelUtil::CacheFrequency;
+    EXPECT_NE(stepped, frequency);
+    EXPECT_EQ(remote.Focus(), std::to_string(stepped) + " kHz");
+    EXPECT_EQ(ChannelUtil::GetFrequency(PROFILE_MAIN), frequency) << "not before it is entered";
+    tv.ClearJournal();
+    remote.Press("Return");
+    EXPECT_EQ(remote.Stack(), Texts{kGround});
+    EXPECT_FALSE(tv.Journal("CreateServiceNavigation").empty());
+    EXPECT_EQ(Writes(tv), 0U);
+
+    OpenControl(remote, kBandwidth);
+    EXPECT_TRUE(remote.Focus().ends_with(" MHz")) << remote.Focus();
+    remote.Press("7");
+    EXPECT_EQ(remote.Focus(), "7 MHz");
+    remote.Press("Back");
+    EXPECT_EQ(remote.Stack(), Texts{kGround});
+  });
+}
+
+TEST(Spinner, SpeaksEachStepAndOpensTheNumberPad) {
+  Tv tv("europe", 0);
+  tv.Set("db/setting/accessibility/tts", "1");
+  SetItem(kFrequency, "11000");
+  test::Run({kGround}, [&](Remote& remote) {
+    OpenControl(remote, kFrequency);
+    remote.Wait(0.3);
+    remote.Press("Up");
+    remote.Wait(0.3);
+    const Texts spoken = remote.Spoken();
+    EXPECT_NE(std::find(spoken.begin(), spoken.end(), "11001"), spoken.end());
+    remote.Press("XF86More");
+    const Json::Value launched = remote.Screen()["launched"];
+    ASSERT_EQ(launched.size(), 1U);
+    EXPECT_EQ(launched[0]["app"].asString(), "org.nyxel.function-osd");
+    EXPECT_EQ(launched[0]["extra"]["type"].asString(), "NUM_SPIN");
+  });
+}
+
+// --- the list window with buttons ----------------------------------------------------------------
+
+class ActionWindow : public CViewListActionWindow {
+ public:
+  explicit ActionWindow(const char* menuID, int rows = 3) : CViewListActionWindow(menuID), m_rows(rows) {}
+
+  Texts m_selected;
+
+ protected:
+  bool t_AddGenListItems() override {
+    t_pItemClass = elm_genlist_item_class_new();
+    t_pItemClass->item_style = theme::kRow;
+    t_pItemClass->func.text_get = [](void* data, Evas_Object*, const char*) { return strdup(Name(data).c_str()); };
+    for (intptr_t i = 0; i < m_rows; ++i) {
+      elm_genlist_item_append(t_pGenlist, t_pItemClass, reinterpret_cast<void*>(i), nullptr, ELM_GENLIST_ITEM_NONE,
+                              m_ItemSelectedCB, this);
+    }
+    return true;
+  }
+  void t_ProcessItemSelected(void*, Evas_Object*, void* item) override {
+    m_selected.push_back(Name(elm_object_item_data_get(static_cast<Elm_Object_Item*>(item))));
+  }
+
+ private:
+  static std::string Name(void* data) { return "Row " + std::to_string(reinterpret_cast<intptr_t>(data)); }
+
+  int m_rows;
+};
+
+TEST(ListActionWindow, HasRowsAboveItsButtons) {
+  struct Case {
+    const char *menuID, *language;
+    size_t buttons;
+    /// Keys to the buttons, which stand below the rows or beside them, and back.
+    const char *there, *back;
+  };
+  for (const Case& c : {Case{"user-defined-transponder", "en_US.utf8", 2, "Down", "Up"},
+                        Case{"user-defined-transponder", "ar_AE.utf8", 2, "Down", "Up"},
+                        Case{"postype-sat-longitude-settings", "en_US.utf8", 1, "Right", "Left"},
+                        Case{"postype-sat-longitude-settings", "ar_AE.utf8", 1, "Left", "Right"}}) {
+    SCOPED_TRACE(std::string(c.menuID) + " " + c.language);
+    Tv tv("europe", 0);
+    SetItem(kFrequency, "11000");
+    SetItem(kRate, "22000");
+    tv.Set("db/menu_widget/language", c.language);
+    test::Run({kGround}, [&](Remote& remote) {
+      auto* window = remote.Push(std::make_unique<ActionWindow>(c.menuID));
+      EXPECT_EQ(Rows(remote), (Texts{"Row 0", "Row 1", "Row 2"}));
+      EXPECT_EQ(remote.Screen()["buttons"].size(), 1 + c.buttons) << "the window below has one";
+      remote.Press("Up Up Up Up");
+      EXPECT_EQ(remote.Focus(), "Row 0");
+      remote.Press("Return Down Down Return");
+      EXPECT_EQ(window->m_selected, (Texts{"Row 0", "Row 2"}));
+      remote.Press(c.there);
+      EXPECT_FALSE(remote.Focus().starts_with("Row")) << remote.Focus();
+      EXPECT_FALSE(remote.Focus().empty());
+      remote.Press(c.back);
+      EXPECT_EQ(remote.Focus(), "Row 2");
+      remote.Press("Back");
+      EXPECT_EQ(remote.Stack(), Texts{kGround});
+    });
+  }
+}
+
+TEST(ListActionWindow, SavesATransponderOnceItIsComplete) {
+  struct Case {
+    const char *frequency, *rate;
+    bool complete;
+  };
+  for (const Case& c : {Case{"----", "----", false}, Case{"11000", "----", false}, Case{"----", "22000", false},
+                        Case{"11000", "22000", true}}) {
+    SCOPED_TRACE(std::string(c.frequency) + " " + c.rate);
+    Tv tv("europe", 0);
+    SetItem(kFrequency, c.frequency);
+    SetItem(kRate, c.rate);
+    test::Run({kGround}, [&](Remote& remote) {
+      remote.Push(std::make_unique<ActionWindow>("user-defined-transponder"));
+      const auto canSave = [&] {
+        const Json::Value screen = remote.Screen();
+        for (const Json::Value& button : screen["buttons"]) {
+          if (button["text"].asString() == "Save") return button["enabled"].asBool();
+        }
+        throw std::runtime_error("no button to save with");
+      };
+      EXPECT_EQ(canSave(), c.complete);
+      SetItem(kFrequency, "12000");
+      SetItem(kRate, "27500");
+      CEventManager::GetInstance()->SendEvent(EVENT_REFRESH_VIEW, 0, 0, nullptr, nullptr);
+      remote.Settle();
+      EXPECT_TRUE(canSave());
+      tv.ClearJournal();
+      remote.Press("Down Down Down Down");
+      for (int i = 0; i < 3 && remote.Focus() != "Save"; ++i) remote.Press("Left");
+      ASSERT_EQ(remote.Focus(), "Save");
+      remote.Press("Return");
+      EXPECT_EQ(remote.Stack(), Texts{kGround});
+      EXPECT_FALSE(tv.Journal().empty()) << "nothing was tuned";
+    });
+  }
+}
+
+TEST(ListActionWindow, CancelTunesNothing) {
+  Tv tv("europe", 0);
+  test::Run({kGround}, [&](Remote& remote) {
+    remote.Push(std::make_unique<ActionWindow>("user-defined-transponder"));
+    remote.Press("Down Down Down Down");
+    for (int i = 0; i < 3 && remote.Focus() != "Cancel"; ++i) remote.Press("Right");
+    ASSERT_EQ(remote.Focus(), "Cancel");
+    test::ClearLog();
+    remote.Press("Return");
+    EXPECT_EQ(remote.Stack(), Texts{kGround});
+    for (const test::Call& call : tv.Journal()) EXPECT_FALSE(call.operation.starts_with("ServiceNavigation::Tune"));
+  });
+}
+
+// --- what rows and images share ------------------------------------------------------------------
+
+TEST(Images, AreFoundByNameAndPath) {
+  Tv tv;
+  test::Run({kGround}, [&](Remote&) {
+    const std::string path = std::string(SOURCE_DIRECTORY) + "/theme/images/tick.png";
+    Evas_Object* image = Utils::GetResource(desktop::Window(), path.c_str());
+    ASSERT_NE(image, nullptr);
+    int w = 0, h = 0;
+    elm_image_object_size_get(image, &w, &h);
+    EXPECT_GT(w, 0);
+    EXPECT_TRUE(test::Logged("[Debug]Path[" + path + "]"));
+    evas_object_del(image);
+
+    const std::string text = std::filesystem::path(tv.Path()).parent_path() / "no-image.png";
+    std::ofstream(text) << "x";
+    for (const char* name : {"no-such-image.png", "/no/such/image.png", tv.Path().c_str(), text.c_str(), "/tmp", ""}) {
+      EXPECT_EQ(Utils::GetResource(desktop::Window(), name), nullptr) << name;
+    }
+    EXPECT_TRUE(test::Logged("[Debug]File not found in resource."));
+    EXPECT_EQ(Utils::GetResource(nullptr, "a.png"), nullptr);
+    EXPECT_EQ(Utils::GetImageObjectByPath(desktop::Window(), nullptr), nullptr);
+    EXPECT_TRUE(test::Logged("[Error]Assertion failed"));
+    test::TakeToolkitErrors();  // files that are no images
+  });
+}
+
+TEST(Rows, ThatAreDimmedAreFaintUntilTheyAreNot) {
+  Tv tv("europe", 0);
+  SetChoices(kPolarity, 3);
+  test::Run({kGround}, [&](Remote& remote) {
+    OpenControl(remote, kPolarity);
+    Evas_Object* list = nullptr;
+    for (Evas_Object* o = elm_object_focused_object_get(desktop::Window()); o && !list;
+         o = elm_object_parent_widget_get(o)) {
+      if (std::string_view(evas_object_type_get(o)) == "elm_genlist") list = o;
+    }
+    ASSERT_NE(list, nullptr);
+    Elm_Object_Item* row = elm_genlist_nth_item_get(list, 1);
+    const test::Place place = remote.PlaceOf("Row 1");
+    const auto brightest = [&] {
+      unsigned int most = 0;
+      for (int x = place.x; x < place.x + 100; ++x) {
+        for (int y = place.y; y < place.y + place.h; ++y) most = std::max(most, remote.ColourAt(x, y) & 0xFF);
+      }
+      return most;
+    };
+    const unsigned int plain = brightest();
+    Utils::ApplyItemHighlight(row, ITEM_STATUS_DISABLED);
+    remote.Settle();
+    EXPECT_LT(brightest(), plain);
+    Utils::ApplyItemHighlight(row, ITEM_STATUS_ENABLED);
+    remote.Settle();
+    EXPECT_EQ(brightest(), plain);
+    Utils::ApplyItemHighlight(row, ITEM_STATUS_FOCUSED);
+    remote.Settle();
+    const unsigned int ground = remote.ColourAt(place.x + 250, place.y + 2);
+    Utils::ApplyItemHighlight(row, ITEM_STATUS_UNFOCUSED);
+    remote.Settle();
+    EXPECT_NE(remote.ColourAt(place.x + 250, place.y + 2), ground);
+  });
+}
+
+}  // namespace
+TEST(Scratch, Hdmi) {
+  for (int v = 0; v < 2; ++v) {
+      Tv tv("america");
+      test::Run({"StopFrequency"}, [&](Remote& remote) {
+        auto post = [&](int t, long x) { CEventManager::GetInstance()->SendEvent(t, x, 0, nullptr, nullptr); remote.Settle(); 
+           for (auto& e : test::TakeToolkitErrors()) printf("%d: post %d %ld: %s\n", v, t, x, e.c_str()); };
+        post(2, 25); if (v) { remote.Press("Down"); } post(3, 1); 
+      });
+  }
+}

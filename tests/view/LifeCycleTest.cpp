@@ -1,0 +1,341 @@
+// Every window and every control through its whole life, on TVs that differ in all that a person can choose:
+// shown, every key of the remote in every place that the focus can reach, covered, uncovered, refreshed, closed.
+#include <Elementary.h>
+
+#include <deque>
+#include <fstream>
+#include <map>
+#include <set>
+
+#include "EventManager.h"
+#include "Gate.h"
+#include "Harness.h"
+#include "Keys.h"
+#include "Screen.h"
+#include "View.h"
+#include "ViewTable.h"
+
+using test::Remote;
+using test::Tv;
+
+namespace {
+
+/// Lies under the views that are pushed, and is the only window with this name.
+constexpr const char* kGround = "StopFrequency";
+constexpr long kGroundID = 19;
+/// What is put over each view for a moment: a box.
+constexpr const char* kCover = "StartFrequency";
+constexpr long kCoverID = 18;
+/// Steps of the flows with several; a maker that knows no such case tells its steps apart.
+constexpr unsigned int kMostSteps = 21, kNoStep = 99;
+/// A long list has places enough to keep the walk busy.
+constexpr int kMostPresses = 400;
+/// Until the voice guide speaks, and then some.
+constexpr double kSpeechSeconds = 0.5;
+
+/// Any two of the choices meet on one of these.
+struct Room {
+  const char* profile;
+  const char* language;
+  const char* contrast;
+  const char* voice;
+};
+constexpr Room kRooms[] = {
+    {"america", "en_US.utf8", "0", "0"}, {"america", "ar_AE.utf8", "1", "1"}, {"europe", "de_DE.utf8", "0", "1"},
+    {"europe", "ar_AE.utf8", "1", "0"},  {"brazil", "en_US.utf8", "1", "0"},  {"brazil", "ar_AE.utf8", "0", "1"},
+    {"hdmi", "ko_KR.utf8", "1", "1"},    {"hdmi", "ar_AE.utf8", "0", "0"},
+};
+
+constexpr size_t kRoomCount = std::size(kRooms);
+
+std::string NameOf(const Room& room) {
+  return std::string(room.profile) + " " + room.language + " contrast " + room.contrast + " voice " + room.voice;
+}
+
+void Furnish(Tv& tv, const Room& room) {
+  tv.Set("db/menu_widget/language", room.language);
+  tv.Set("db/menu/system/accessibility/highcontrast", room.contrast);
+  tv.Set("db/setting/accessibility/tts", room.voice);
+  const std::filesystem::path directory = std::filesystem::path(tv.Path()).parent_path();
+  for (const char* stick : {"A", "B"}) {
+    std::filesystem::create_directory(directory / stick);
+    for (const char* archive : {"one.zip", "two.zip"}) std::ofstream(directory / stick / archive) << "x";
+  }
+}
+
+/// One view to visit, and how it is pushed.
+struct Subject {
+  std::string name;
+  /// Null for a control.
+  const ViewEntry* window;
+  unsigned int step;
+};
+
+IView* Make(const Subject& subject) {
+  if (!subject.window) return MakeControl(subject.name.c_str(), 300, 400, 800);
+  unsigned int step = subject.step;
+  IView* view = subject.window->make(subject.window->menuID, step);
+  if (view) view->SetViewKey(static_cast<unsigned int>(subject.window->windowID), step);
+  return view;
+}
+
+bool IsMade(const Subject& subject) { return std::unique_ptr<IView>(Make(subject)) != nullptr; }
+
+std::vector<Subject> Subjects() {
+  std::vector<Subject> subjects;
+  for (const ViewEntry& entry : ViewTable()) {
+    if (!entry.make) continue;
+    const bool hasSteps = !IsMade({entry.menuID, &entry, kNoStep});
+    for (unsigned int step = 0; step < (hasSteps ? kMostSteps : 1); ++step) {
+      subjects.push_back({entry.menuID, &entry, step});
+    }
+  }
+  desktop::Query items("SELECT id FROM item ORDER BY id");
+  while (items.Row()) subjects.push_back({items.Text(0), nullptr, 0});
+  return subjects;
+}
+
+/// As the program itself does; what is under the view is the ground.
+void Push(Remote& remote, const Subject& subject) {
+  CEventPositionData* place = nullptr;
+  if (!subject.window) {
+    place = new CEventPositionData(subject.name.c_str());
+    place->SetPositionData(300, 400, 800);
+  } else if (subject.window->windowID == 0 || subject.window->windowID == kGroundID) {
+    remote.Push(std::unique_ptr<IView>(Make(subject)));
+    return;
+  }
+  const long windowID = subject.window ? subject.window->windowID : 0;
+  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, windowID, subject.step, nullptr, place);
+  remote.Settle();
+}
+
+// --- the walk ------------------------------------------------------------------------------------
+
+/// What has the focus; the values of a slider or a spinner are one place.
+std::string PlaceNow(Remote& remote) {
+  const Json::Value screen = remote.Screen();
+  std::string place;
+  for (const Json::Value& view : screen["stack"]) place += view.asString() + "/";
+  const Evas_Object* focus = desktop::Window() ? elm_object_focused_object_get(desktop::Window()) : nullptr;
+  const std::string type = focus ? evas_object_type_get(focus) : "";
+  return place + type + (type == "elm_slider" || type == "elm_spinner" ? "" : " " + screen["focus"].asString());
+}
+
+constexpr const char* kClosed = "closed";
+
+/// Where each key has led from each place.
+using Paths = std::map<std::string, std::map<std::string, std::string>>;
+
+std::string UntriedKey(Paths& paths, const std::string& place) {
+  if (place == kClosed) return {};
+  for (const char* key : desktop::RemoteKeys()) {
+    if (!paths[place].contains(key)) return key;
+  }
+  return {};
+}
+
+/// The first key of the shortest way to a place with a key that was not tried; "" when there is none.
+std::string NextKey(Paths& paths, const std::string& from) {
+  if (const std::string key = UntriedKey(paths, from); !key.empty()) return key;
+  std::deque<std::pair<std::string, std::string>> ways;
+  std::set<std::string> seen = {from};
+  const auto spread = [&](const std::string& place, const std::string& first) {
+    for (const auto& [key, to] : paths[place]) {
+      if (seen.insert(to).second) ways.emplace_back(to, first.empty() ? key : first);
+    }
+  };
+  for (spread(from, ""); !ways.empty(); ways.pop_front()) {
+    const auto [place, first] = ways.front();
+    if (!UntriedKey(paths, place).empty()) return first;
+    spread(place, first);
+  }
+  return {};
+}
+
+void ExpectNoErrors(const std::string& where) {
+  for (const std::string& error : test::TakeToolkitErrors()) ADD_FAILURE() << where << ": " << error;
+}
+
+bool IsOnGround(Remote& remote) { return remote.Stack() == std::vector<std::string>{kGround}; }
+
+/// False when there is nothing to open now, or it was but a step on the way to nothing.
+bool Open(Remote& remote, const Subject& subject) {
+  if (!IsMade(subject)) return false;
+  Push(remote, subject);
+  ExpectNoErrors(subject.name + " opened");
+  return !IsOnGround(remote);
+}
+
+/// Keys that did nothing elsewhere are pressed all at once; false when they did something here.
+bool PressTogether(Remote& remote, const std::string& at, const std::set<std::string>& keys) {
+  std::string all;
+  for (const std::string& key : keys) {
+    desktop::PressKey(desktop::RemoteKey(key));
+    all += " " + key;
+  }
+  remote.Settle();
+  ExpectNoErrors(at + all);
+  return !remote.HasExited() && PlaceNow(remote) == at;
+}
+
+/// False when the program has to be started again to go on: a view that hides what it covers leaves no ground.
+bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
+  std::set<std::string> quiet;
+  std::string at = PlaceNow(remote);
+  for (int presses = 0; presses < kMostPresses; ++presses) {
+    if (paths[at].empty() && !quiet.empty()) {
+      if (PressTogether(remote, at, quiet)) {
+        for (const std::string& key : quiet) paths[at][key] = at;
+      } else {
+        quiet.clear();
+      }
+    }
+    if (remote.HasExited()) break;
+    if (IsOnGround(remote) && (remote.Focus().empty() || !Open(remote, subject))) return false;
+    at = PlaceNow(remote);
+    const std::string key = NextKey(paths, at);
+    if (key.empty()) return true;
+    remote.Press(key);
+    ExpectNoErrors(at + " " + key);
+    if (remote.HasExited()) break;
+    const bool closed = IsOnGround(remote);
+    if (closed && remote.Focus().empty()) {
+      paths[at][key] = kClosed;
+      return false;
+    }
+    if (closed && !Open(remote, subject)) return true;
+    const std::string to = PlaceNow(remote);
+    paths[at][key] = to;
+    if (to == at && !closed) {
+      quiet.insert(key);
+    } else {
+      quiet.erase(key);
+    }
+    at = to;
+  }
+  EXPECT_FALSE(remote.HasExited()) << at;
+  return true;
+}
+
+void Post(Remote& remote, int type, long first = 0, long second = 0) {
+  CEventManager::GetInstance()->SendEvent(type, first, second, nullptr, nullptr);
+  remote.Settle();
+}
+
+void Close(Remote& remote) {
+  for (int i = 0; i < 10 && !IsOnGround(remote) && !remote.HasExited(); ++i) Post(remote, EVENT_POP_VIEW, 1);
+}
+
+bool IsOpen(Remote& remote, const char* menuID) {
+  const std::vector<std::string> stack = remote.Stack();
+  return std::find(stack.begin(), stack.end(), menuID) != stack.end();
+}
+
+/// Without paths just for a moment. False when it has to be gone on with in another run.
+bool Visit(Remote& remote, const Subject& subject, Paths* paths) {
+  if (!Open(remote, subject)) return true;
+  remote.Wait(kSpeechSeconds);
+  if (paths) {
+    if (!Walk(remote, subject, *paths)) return false;
+  } else {
+    for (const char* key : {"Down", "Right", "Up", "Left", "5", "Return"}) {
+      if (!IsOnGround(remote)) remote.Press(key);
+      ExpectNoErrors(subject.name + " " + key);
+    }
+  }
+  if (remote.HasExited() || (IsOnGround(remote) && (remote.Focus().empty() || !Open(remote, subject)))) return true;
+  if (!IsOpen(remote, kCover)) {
+    Post(remote, EVENT_PUSH_VIEW, kCoverID);
+    EXPECT_TRUE(IsOpen(remote, kCover)) << "above " << subject.name;
+    ExpectNoErrors(subject.name + " covered");
+    Post(remote, EVENT_POP_VIEW, 1);
+    ExpectNoErrors(subject.name + " uncovered");
+  }
+  Post(remote, EVENT_REFRESH_VIEW);
+  remote.Wait(kSpeechSeconds);
+  ExpectNoErrors(subject.name + " refreshed");
+  Close(remote);
+  ExpectNoErrors(subject.name + " closed");
+  EXPECT_TRUE(IsOnGround(remote)) << subject.name;
+  return true;
+}
+
+/// A view is walked through in one of the rooms, another in the next; in the others it is opened, covered and closed.
+/// The steps of one window differ in little more than their words.
+TEST(LifeCycle, EveryKeyInEveryPlace) {
+  std::set<std::string> all, made, walked;
+  std::map<std::string, Paths> paths;
+  for (size_t room = 0; room < kRoomCount; ++room) {
+    SCOPED_TRACE(NameOf(kRooms[room]));
+    Tv tv(kRooms[room].profile);
+    Furnish(tv, kRooms[room]);
+    const std::vector<Subject> subjects = Subjects();
+    std::set<std::string> visited;
+    for (size_t next = 0; next < subjects.size() && !HasFailure();) {
+      test::Run({kGround}, [&](Remote& remote) {
+        EXPECT_FALSE(remote.Focus().empty());
+        for (; next < subjects.size() && !remote.Focus().empty() && !HasFailure(); ++next) {
+          const Subject& subject = subjects[next];
+          if (subject.window) all.insert(subject.name);
+          if (!IsMade(subject)) continue;
+          made.insert(subject.name);
+          const bool isNew = visited.insert(subject.name).second;
+          if (!isNew && room > 0) continue;
+          const bool walks = next % kRoomCount <= room && walked.insert(subject.name).second;
+          if (Visit(remote, subject, walks ? &paths[subject.name] : nullptr)) continue;
+          walked.erase(subject.name);
+          visited.erase(subject.name);
+          return;
+        }
+      });
+    }
+  }
+  for (const std::string& name : all) {
+    EXPECT_TRUE(made.contains(name)) << name << " was never made";
+  }
+}
+
+// --- the program around a window -----------------------------------------------------------------
+
+struct Ending {
+  const char* name;
+  std::function<void(Remote&)> end;
+  bool exits;
+};
+
+const Ending kEndings[] = {
+    {"Back", [](Remote& remote) { remote.Press("Back"); }, true},
+    {"exit event", [](Remote& remote) { Post(remote, EVENT_EXIT_APP); }, true},
+    {"switched off", [](Remote& remote) { remote.End(); }, true},
+    {"focus lost", [](Remote& remote) { remote.TakeFocus(); }, true},
+    {"time-out", [](Remote& remote) { remote.Wait(3601); }, true},
+    {"pause and resume",
+     [](Remote& remote) {
+       remote.Pause();
+       remote.Resume();
+       remote.Press("Return Back");
+     },
+     false},
+    {"launched again", [](Remote& remote) { remote.Launch("tv-rating"); }, false},
+};
+
+TEST(LifeCycle, EveryWindowEndsInEveryWay) {
+  size_t room = 0;
+  for (const ViewEntry& entry : ViewTable()) {
+    if (!entry.make) continue;
+    for (const Ending& ending : kEndings) {
+      const Room& furnished = kRooms[room++ % kRoomCount];
+      SCOPED_TRACE(std::string(entry.menuID) + ", " + ending.name + ", " + NameOf(furnished));
+      Tv tv(furnished.profile);
+      Furnish(tv, furnished);
+      test::Run({entry.menuID}, [&](Remote& remote) {
+        if (remote.Stack().empty()) return;
+        ending.end(remote);
+        EXPECT_TRUE(remote.HasExited() || !ending.exits);
+      });
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,331 @@
+// The sticks that are plugged in, and the boxes of the flows with several steps: what they say, what they offer,
+// and where they lead.
+#include <chrono>
+#include <fstream>
+
+#include "DeviceManager.h"
+#include "EventManager.h"
+#include "Harness.h"
+#include "MessageBox.h"
+#include "ViewFactoryMessageBox.h"
+
+using test::Remote;
+using test::Tv;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class Sticks {
+ public:
+  explicit Sticks(const Tv& tv) : m_directory(std::filesystem::path(tv.Path()).parent_path()) {}
+  ~Sticks() { CDeviceManager::ReleaseInstance(); }
+  void Add(const std::string& name, int archives) const {
+    std::filesystem::create_directory(m_directory / name);
+    for (int i = 0; i < archives; ++i) Put(name + "/list" + std::to_string(i) + ".zip");
+  }
+  void Put(const std::string& file) const {
+    std::filesystem::create_directories((m_directory / file).parent_path());
+    std::ofstream(m_directory / file) << "x";
+  }
+
+ private:
+  std::filesystem::path m_directory;
+};
+
+// --- sticks --------------------------------------------------------------------------------------
+
+TEST(DeviceManager, CountsMountedSticksAndTheirArchives) {
+  Tv tv;
+  const Sticks sticks(tv);
+  sticks.Add("A", 0);
+  sticks.Add("B", 2);
+  sticks.Put("A/Channel.ZIP");
+  sticks.Put("A/deep/list.zip");
+  CDeviceManager* devices = CDeviceManager::GetInstance();
+  devices->Initialize(false);
+  EXPECT_EQ(devices->m_nDeviceCount, 2);
+  EXPECT_EQ(devices->m_nDeviceWithMapCount, 1);
+  EXPECT_EQ(devices->GetSelectedDeviceIndex(), 1);
+  ASSERT_NE(devices->GetSelectedDevice(), nullptr);
+  EXPECT_EQ(devices->GetSelectedDevice()->nChmapFileCount, 2);
+  EXPECT_GT(devices->GetSelectedDevice()->availableSize, 0U);
+
+  sticks.Add("C", 1);
+  devices->Initialize(false);
+  EXPECT_EQ(devices->m_nDeviceCount, 2);
+  devices->Initialize(true);
+  EXPECT_EQ(devices->m_nDeviceCount, 3);
+  devices->Release();
+  EXPECT_TRUE(devices->GetDevices().empty());
+  EXPECT_EQ(devices->GetSelectedDevice(), nullptr);
+  devices->Initialize(false);
+  EXPECT_EQ(devices->m_nDeviceCount, 3);
+}
+
+TEST(DeviceManager, LeavesOutWhatItCannotHave) {
+  struct Case {
+    const char *operation, *message;
+  };
+  for (const Case& c : {Case{"usb_device_get_mountpath", "[Error]The storage is not mounted"},
+                        Case{"usb_device_get_device_list", "[Error]usb_device_get_device_list failed"}}) {
+    Tv tv;
+    const Sticks sticks(tv);
+    sticks.Add("A", 1);
+    tv.Fail(c.operation);
+    CDeviceManager* devices = CDeviceManager::GetInstance();
+    devices->Initialize(false);
+    EXPECT_EQ(devices->m_nDeviceCount, 0) << c.operation;
+    EXPECT_TRUE(test::Logged(c.message)) << c.message;
+    tv.Heal();
+    devices->Initialize(true);
+    EXPECT_EQ(devices->m_nDeviceCount, 1) << c.operation;
+  }
+}
+
+// --- what a box says and offers ------------------------------------------------------------------
+
+enum Tuners { ONE, TWO, ANY };
+
+struct Step {
+  unsigned int windowID, step;
+  Tuners tuners;
+  const char* text;
+  Texts buttons;
+};
+
+constexpr const char* kNoStick = "No USB device is connected. Check the connection.";
+constexpr const char* kNoArchive = "There is no channel list on the USB device.";
+constexpr const char* kConfirm = "Import the channel list from the USB device? The list on the TV will be replaced.";
+constexpr const char* kTurnOff = "Disconnect or turn off all other devices on the same cable before you start.";
+constexpr const char* kWrongOrder = "The start frequency is higher than the stop frequency. Check both and try again.";
+constexpr const char* kDetected = "The slot frequency has been detected.";
+constexpr const char* kNotDetected = "The slot frequency could not be detected.";
+constexpr const char* kVerified = "Verification is complete.";
+constexpr const char* kNotVerified = "The slot frequency could not be verified.";
+
+// clang-format off
+const Step kSteps[] = {
+    {2, 1, ANY, kConfirm, {"OK", "Cancel"}},
+    {2, 3, ANY, kNoStick, {"OK"}},
+    {2, 10, ANY, kNoStick, {"OK"}},
+    {2, 4, ANY, kNoArchive, {"OK"}},
+    {3, 3, ANY, kNoStick, {"OK"}},
+    {3, 10, ANY, kNoStick, {"OK"}},
+    {6, 17, ANY, kTurnOff, {"Start"}},
+    {7, 17, ANY, kTurnOff, {"Start"}},
+    {8, 17, ANY, kTurnOff, {"Start"}},
+    {9, 17, ANY, kTurnOff, {"Start"}},
+    {6, 18, ANY, "Detecting the slot frequency. Please wait.", {"Cancel"}},
+    {9, 18, ANY, "Verifying the slot frequency. Please wait.", {"Cancel"}},
+    {6, 19, ONE, kDetected, {"OK"}},
+    {7, 19, ONE, kDetected, {"OK"}},
+    {6, 20, ONE, kNotDetected, {"OK"}},
+    {7, 20, ONE, kNotDetected, {"OK"}},
+    {8, 19, ONE, kVerified, {"OK"}},
+    {9, 20, ONE, kNotVerified, {"OK"}},
+    {6, 19, TWO, "Detection is complete.\nTuner 1 : Success", {"OK"}},
+    {7, 19, TWO, "Detection is complete.\nTuner 2 : Success", {"OK"}},
+    {6, 20, TWO, "Detection is complete.\nTuner 1 : Failed", {"OK"}},
+    {7, 20, TWO, "Detection is complete.\nTuner 2 : Failed", {"OK"}},
+    {8, 19, TWO, "Verification is complete.\nTuner 1 : Success", {"OK"}},
+    {9, 19, TWO, "Verification is complete.\nTuner 2 : Success", {"OK"}},
+    {8, 20, TWO, "Verification is complete.\nTuner 1 : Failed", {"OK"}},
+    {9, 20, TWO, "Verification is complete.\nTuner 2 : Failed", {"OK"}},
+    {18, 0, ANY, kWrongOrder, {"OK"}},
+    {19, 0, ANY, kWrongOrder, {"OK"}},
+    {15, 5, ANY, "", {"OK"}},
+};
+// clang-format on
+
+void SetTuners(Tv& tv, bool two) {
+  tv.Set("system_info/18", two ? "2" : "1");
+  tv.Set("db/menu/Broadcast/setting/SatelliteSystem/SatelliteAntConnectionType", two ? "1" : "0");
+}
+
+Texts ButtonsOf(const Json::Value& screen) {
+  Texts buttons;
+  for (const Json::Value& button : screen["buttons"]) buttons.push_back(button["text"].asString());
+  return buttons;
+}
+
+/// Puts the box of a step on top.
+template <class Box>
+Box* Show(Remote& remote, const char* menuID, unsigned int windowID, unsigned int step) {
+  auto box = std::make_unique<Box>(menuID);
+  box->SetViewKey(windowID, step);
+  return remote.Push(std::move(box));
+}
+
+void Pop(Remote& remote) {
+  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
+  remote.Settle();
+}
+
+/// The text of a box, without what its buttons say.
+std::string TextOf(const Json::Value& screen) {
+  std::string text;
+  for (const Json::Value& shown : screen["texts"]) text += (text.empty() ? "" : "\n") + shown.asString();
+  for (const std::string& button : ButtonsOf(screen)) {
+    const size_t at = text.rfind(button);
+    if (at != std::string::npos) text.erase(at > 0 ? at - 1 : 0);
+  }
+  return text;
+}
+
+TEST(MessageBox, SaysWhatItsStepIs) {
+  for (const bool two : {false, true}) {
+    Tv tv("europe", 0);
+    SetTuners(tv, two);
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      Pop(remote);
+      for (const Step& step : kSteps) {
+        if (step.tuners != ANY && step.tuners != (two ? TWO : ONE)) continue;
+        SCOPED_TRACE(std::to_string(step.windowID) + " " + std::to_string(step.step) + (two ? " two tuners" : ""));
+        Show<CMessageBox>(remote, "box", step.windowID, step.step);
+        const Json::Value screen = remote.Screen();
+        EXPECT_EQ(TextOf(screen), step.text);
+        EXPECT_EQ(ButtonsOf(screen), step.buttons);
+        // What changes nothing has the focus.
+        EXPECT_EQ(remote.Focus(), step.buttons.back());
+        Pop(remote);
+      }
+    });
+  }
+}
+
+TEST(MessageBox, OfTheFactorySaysTheSameAndCounts) {
+  for (const Step& step : kSteps) {
+    if (step.windowID > 3 || step.step == 1) continue;
+    SCOPED_TRACE(std::to_string(step.windowID) + " " + std::to_string(step.step));
+    Tv tv("europe", 0);
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      const bool import = step.windowID == 2;
+      Pop(remote);
+      Show<CViewFactoryMessageBox>(remote, import ? "factory-import-from-usb" : "factory-export-to-usb",
+                                   step.windowID + 2, step.step);
+      Json::Value screen = remote.Screen();
+      EXPECT_EQ(screen["title"].asString(), import ? "Import from USB" : "Export to USB");
+      EXPECT_EQ(ButtonsOf(screen), Texts{"OK (15)"});
+      EXPECT_NE(TextOf(screen).find(step.text), std::string::npos) << TextOf(screen);
+      EXPECT_EQ(remote.Focus(), "OK (15)");
+      const auto begin = std::chrono::steady_clock::now();
+      Texts counted;
+      while (!remote.HasExited() && counted.size() < 20) {
+        const std::string now = remote.Focus();
+        if (counted.empty() || counted.back() != now) counted.push_back(now);
+        remote.Wait(0.3);
+      }
+      EXPECT_NEAR(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(), 15.0, 1.0);
+      Texts expected;
+      for (int left = 15; left >= 1; --left) expected.push_back("OK (" + std::to_string(left) + ")");
+      EXPECT_EQ(counted, expected);
+    });
+  }
+}
+
+// --- where a box leads ---------------------------------------------------------------------------
+
+/// The steps that were asked for since the last look, as "menu ID step".
+Texts TakeSteps() {
+  Texts steps;
+  for (const std::string& line : test::Log()) {
+    char menuID[64] = "";
+    int step = 0;
+    if (std::sscanf(line.c_str(), "[Debug]menuID =%63s nCase[%d]", menuID, &step) == 2) {
+      steps.push_back(std::string(menuID) + " " + std::to_string(step));
+    }
+  }
+  test::ClearLog();
+  return steps;
+}
+
+struct Confirmed {
+  std::vector<int> archives;
+  int next;
+};
+
+const Confirmed kConfirmed[] = {
+    {{}, 2}, {{0}, 2}, {{1}, 2}, {{3}, 11}, {{0, 0}, 2}, {{0, 1}, 2}, {{0, 3}, 11}, {{1, 1}, 12}, {{3, 3}, 12},
+};
+
+TEST(MessageBox, AConfirmedImportGoesOnWithWhatTheSticksHold) {
+  for (const Confirmed& c : kConfirmed) {
+    for (const char* menuID : {"import-from-usb", "factory-import-from-usb"}) {
+      const bool factory = *menuID == 'f';
+      SCOPED_TRACE(menuID + std::string(" with ") + std::to_string(c.archives.size()) + " sticks, next " +
+                   std::to_string(c.next));
+      Tv tv("europe", 0);
+      const Sticks sticks(tv);
+      for (size_t i = 0; i < c.archives.size(); ++i) sticks.Add("S" + std::to_string(i), c.archives[i]);
+      test::Run({"tv-rating"}, [&](Remote& remote) {
+        if (factory) {
+          test::ClearLog();
+          Show<CViewFactoryMessageBox>(remote, menuID, 4, 1);
+        } else {
+          Show<CMessageBox>(remote, menuID, 2, 1);
+          ASSERT_EQ(remote.Focus(), "Cancel");
+          remote.Press("Left");
+          ASSERT_EQ(remote.Focus(), "OK");
+          test::ClearLog();
+          remote.Press("Return");
+        }
+        EXPECT_EQ(TakeSteps(), Texts{std::string(menuID) + " " + std::to_string(c.next)});
+        EXPECT_EQ(CDeviceManager::GetInstance()->GetDevices().size(), c.archives.size()) << "the next step needs them";
+      });
+    }
+  }
+}
+
+TEST(MessageBox, AnythingElseLeadsBack) {
+  struct Case {
+    unsigned int windowID, step;
+    const char* keys;
+    Texts next;
+  };
+  for (const Case& c : {Case{2, 1, "Return", {}}, Case{2, 1, "Left Back", {}}, Case{2, 3, "Return", {}},
+                        Case{6, 19, "Return", {}}, Case{18, 0, "Return", {}}, Case{6, 17, "Back", {}},
+                        Case{6, 17, "Return", {"satcr-detect-slot-frequency-slot1 18"}},
+                        Case{9, 18, "Return", {"satcr-verify-slot-frequency-slot2 20"}}}) {
+    SCOPED_TRACE(std::to_string(c.windowID) + " " + std::to_string(c.step) + " " + c.keys);
+    Tv tv("europe", 0);
+    const Sticks sticks(tv);
+    sticks.Add("S", 1);
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      Show<CMessageBox>(remote, "box", c.windowID, c.step);
+      test::ClearLog();
+      remote.Press(c.keys);
+      EXPECT_EQ(TakeSteps(), c.next);
+      EXPECT_TRUE(!c.next.empty() || remote.Stack() == Texts{"tv-rating"});
+      EXPECT_TRUE(CDeviceManager::GetInstance()->GetDevices().empty()) << "nothing needs the inventory any more";
+    });
+  }
+}
+
+TEST(MessageBox, OpensOnTheStepThatTheSticksAllow) {
+  struct Case {
+    const char* menuID;
+    std::vector<int> archives;
+    const char* text;
+    const char* focus;
+  };
+  for (const Case& c :
+       {Case{"import-from-usb", {}, kNoStick, "OK"}, Case{"import-from-usb", {0}, kNoArchive, "OK"},
+        Case{"import-from-usb", {1}, kConfirm, "Cancel"}, Case{"import-from-usb", {0, 3}, kConfirm, "Cancel"},
+        Case{"export-to-usb", {}, kNoStick, "OK"}, Case{"factory-import-from-usb", {0}, kNoArchive, "OK (15)"},
+        Case{"factory-export-to-usb", {}, kNoStick, "OK (15)"}}) {
+    SCOPED_TRACE(c.menuID);
+    Tv tv("europe", 0);
+    const Sticks sticks(tv);
+    for (size_t i = 0; i < c.archives.size(); ++i) sticks.Add("S" + std::to_string(i), c.archives[i]);
+    test::Run({c.menuID}, [&](Remote& remote) {
+      const Texts texts = remote.Texts();
+      EXPECT_NE(std::find(texts.begin(), texts.end(), c.text), texts.end());
+      EXPECT_EQ(remote.Focus(), c.focus);
+      remote.Press("Return");
+      EXPECT_TRUE(remote.HasExited());
+    });
+  }
+}
+
+}  // namespace
