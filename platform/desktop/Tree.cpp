@@ -41,7 +41,7 @@ std::string Stepped(const std::string& id, const std::string& value, int step) {
   }
   int number = 0;
   std::from_chars(value.data(), value.data() + value.size(), number);
-  return std::to_string(number + step);
+  return std::to_string(int64_t{number} + step);
 }
 
 class Tree : public SettingsAPI {

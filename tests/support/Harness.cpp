@@ -380,6 +380,14 @@ void Run(const std::vector<std::string>& words, const Body& body) {
 
 std::vector<std::string> TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
 
+std::vector<std::string> TakeGraveToolkitErrors() {
+  std::vector<std::string> errors = TakeToolkitErrors();
+  const Evas_Object* focus = desktop::Window() ? elm_object_focused_object_get(desktop::Window()) : nullptr;
+  if (desktop::Window() && (!focus || focus == desktop::Window())) return errors;
+  std::erase_if(errors, [](const std::string& error) { return error.find("Could not fetch a node") != error.npos; });
+  return errors;
+}
+
 std::vector<std::string> Log() { return g_log; }
 
 bool Logged(const std::string& text) { return std::find(g_log.begin(), g_log.end(), text) != g_log.end(); }

@@ -2,6 +2,7 @@
 #include <Elementary.h>
 
 #include <fstream>
+#include <random>
 
 #include "ChannelUtil.h"
 #include "EventManager.h"
@@ -255,6 +256,40 @@ TEST(Spinner, SpeaksEachStepAndOpensTheNumberPad) {
   });
 }
 
+// --- anything that may stand in the TV -----------------------------------------------------------
+
+/// Any bytes but the one that ends a text; numbers at their ends among them.
+std::string AnyText(std::mt19937& random) {
+  static constexpr const char* numbers[] = {"2147483647", "-2147483648", "99999999999999999999", "----", "1e9", "0x10"};
+  if (random() % 3 == 0) return numbers[random() % std::size(numbers)];
+  std::string text(random() % 700, ' ');
+  for (char& byte : text) byte = static_cast<char>(1 + random() % 255);
+  return text;
+}
+
+TEST(Controls, LiveWithAnyStoredText) {
+  std::mt19937 random(5);
+  Tv tv("europe");
+  test::Run({kGround}, [&](Remote& remote) {
+    for (int i = 0; i < 40; ++i) {
+      for (const char* id : {kFrequency, kRate, kPolarity, kBandwidth}) {
+        const std::string value = AnyText(random), name = AnyText(random);
+        SetItem(id, value);
+        SetChoices(kPolarity, static_cast<int>(random() % 9));
+        desktop::Store::Get().Write([&] {
+          desktop::Query("UPDATE choice SET value = ?, name = ? WHERE item = ? AND place = 1", value, name, kPolarity)
+              .Run();
+        });
+        OpenControl(remote, id);
+        EXPECT_EQ(remote.Stack().size(), 2U);
+        remote.Press("Up Down 9 Return");
+        if (remote.Stack().size() > 1) remote.Press("Back");
+        ASSERT_EQ(remote.Stack(), Texts{kGround}) << id << ": " << value;
+      }
+    }
+  });
+}
+
 // --- the list window with buttons ----------------------------------------------------------------
 
 class ActionWindow : public CViewListActionWindow {
@@ -434,13 +469,3 @@ TEST(Rows, ThatAreDimmedAreFaintUntilTheyAreNot) {
 }
 
 }  // namespace
-TEST(Scratch, Hdmi) {
-  for (int v = 0; v < 2; ++v) {
-      Tv tv("america");
-      test::Run({"StopFrequency"}, [&](Remote& remote) {
-        auto post = [&](int t, long x) { CEventManager::GetInstance()->SendEvent(t, x, 0, nullptr, nullptr); remote.Settle(); 
-           for (auto& e : test::TakeToolkitErrors()) printf("%d: post %d %ld: %s\n", v, t, x, e.c_str()); };
-        post(2, 25); if (v) { remote.Press("Down"); } post(3, 1); 
-      });
-  }
-}

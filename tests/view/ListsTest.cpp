@@ -188,4 +188,42 @@ TEST(FineTune, SavesResetsAndShowsBoth) {
   });
 }
 
+TEST(FineTune, BackClosesTheWordAfterAResetAndThenTheWindow) {
+  for (const char* key : {"Back", "Return"}) {
+    Tv tv;
+    test::Run({"fine-tune"}, [&](Remote& remote) {
+      EXPECT_TRUE(Opens(remote));
+      remote.Press("Left Left Return");
+      EXPECT_EQ(FocusAfter(remote, "OK"), "OK");
+      remote.Press(key);
+      EXPECT_EQ(remote.Stack(), std::vector<std::string>{"fine-tune"}) << key;
+      EXPECT_EQ(FocusAfter(remote, "Reset"), "Reset") << key;
+      remote.Press("Back");
+      EXPECT_TRUE(Exits(remote)) << key;
+    });
+  }
+}
+
+// --- the voice guide -----------------------------------------------------------------------------
+
+TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
+  Tv tv;
+  tv.Set("db/setting/accessibility/tts", "1");
+  test::Run({"hdmi-delay-level"}, [&](Remote& remote) {
+    EXPECT_TRUE(Opens(remote));
+    EXPECT_EQ(FocusAfter(remote, "Off"), "Off");
+    struct {
+      const char *key, *focus;
+    } const steps[] = {{"Down", "1"}, {"5", "1"},  {"Down", "2"}, {"Left", "2"},
+                       {"Down", "3"}, {"Up", "2"}, {"Up", "1"}};
+    for (const auto& step : steps) {
+      remote.Press(step.key);
+      EXPECT_EQ(FocusAfter(remote, step.focus), step.focus) << step.key;
+    }
+    remote.Press("Return");
+    EXPECT_TRUE(Exits(remote));
+  });
+  EXPECT_EQ(Item("hdmi-delay-level"), "1");
+}
+
 }  // namespace

@@ -297,7 +297,8 @@ TEST(MessageBox, AnythingElseLeadsBack) {
       remote.Press(c.keys);
       EXPECT_EQ(TakeSteps(), c.next);
       EXPECT_TRUE(!c.next.empty() || remote.Stack() == Texts{"tv-rating"});
-      EXPECT_TRUE(CDeviceManager::GetInstance()->GetDevices().empty()) << "nothing needs the inventory any more";
+      // A further box takes stock anew.
+      EXPECT_TRUE(remote.Stack().size() > 1 || CDeviceManager::GetInstance()->GetDevices().empty());
     });
   }
 }

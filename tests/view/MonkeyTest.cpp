@@ -145,7 +145,7 @@ class Monkey {
   }
 
   std::string Story() const {
-    std::string story;
+    std::string story = "  on " + m_room + "\n";
     for (const std::string& what : m_did) story += "  " + what + "\n";
     return story;
   }
@@ -161,7 +161,9 @@ class Monkey {
     tv.Set("db/menu_widget/language", language);
     tv.Set("db/menu/system/accessibility/highcontrast", contrast ? "1" : "0");
     tv.Set("db/setting/accessibility/tts", voice ? "1" : "0");
-    Did(std::string("--- ") + profile + " " + language + (contrast ? " contrast" : "") + (voice ? " voice" : ""));
+    m_room = profile;
+    m_room += std::string(" ") + language + (contrast ? " contrast" : "") + (voice ? " voice" : "");
+    Did("--- " + m_room);
     for (const long end = std::min(m_steps, m_step + kStay); m_step < end && !testing::Test::HasFailure();) {
       RunProgram();
     }
@@ -210,7 +212,7 @@ class Monkey {
   }
 
   void Check() {
-    const std::vector<std::string> errors = test::TakeToolkitErrors();
+    const std::vector<std::string> errors = test::TakeGraveToolkitErrors();
     if (errors.empty()) return;
     for (const std::string& error : errors) ADD_FAILURE() << error;
     ADD_FAILURE() << "seed " << m_seed << ", step " << m_step << "; the last steps:\n" << Story();
@@ -369,6 +371,7 @@ class Monkey {
   long m_steps, m_step = 0, m_programs = 0;
   std::mt19937 m_random;
   Tv* m_tv = nullptr;
+  std::string m_room;
   std::deque<std::string> m_did;
 };
 

@@ -153,10 +153,11 @@ std::string NameOfCheck(const Evas_Object* check) {
   return name;
 }
 
-/// Rows have plain texts, whatever they are made of.
+/// Rows and spinners have their texts in parts that know no markup.
+std::string Unmarked(const char* text) { return text ? text : ""; }
+
 std::string TextOfRow(const Elm_Object_Item* row, const char* part) {
-  const char* text = row ? elm_object_item_part_text_get(row, part) : nullptr;
-  return text ? text : "";
+  return row ? Unmarked(elm_object_item_part_text_get(row, part)) : "";
 }
 
 /// What stands at the trailing edge of a row, whichever way the layout runs.
@@ -221,7 +222,7 @@ Json::Value Focus() {
   // A spinner has the focus through something inside it.
   const Evas_Object* parent = elm_object_parent_widget_get(focused);
   if (parent && IsA(parent, "elm_spinner")) focused = parent;
-  if (IsA(focused, "elm_spinner")) return Plain(elm_layout_text_get(focused, "elm.text"));
+  if (IsA(focused, "elm_spinner")) return Unmarked(elm_layout_text_get(focused, "elm.text"));
   return Plain(elm_object_text_get(focused));
 }
 

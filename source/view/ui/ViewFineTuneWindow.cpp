@@ -147,6 +147,12 @@ void CViewFineTuneWindow::t_Show() {
 
 void CViewFineTuneWindow::t_Hide() { CViewWindowBase::t_Hide(); }
 
+/// A popup that went by itself under another view would take along what that view gives the focus back to.
+void CViewFineTuneWindow::t_Pause() {
+  m_ClosePopup();
+  CViewWindowBase::t_Pause();
+}
+
 void CViewFineTuneWindow::t_Destroy() {
   m_ClosePopup();
   if (m_pSlider) evas_object_del(m_pSlider);

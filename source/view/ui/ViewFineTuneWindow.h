@@ -17,6 +17,7 @@ class CViewFineTuneWindow : public CViewWindowBase {
   void t_Destroy() override;
   void t_Show() override;
   void t_Hide() override;
+  void t_Pause() override;
   void t_FirstEnter(std::string& text) override;
   bool t_HandleMenuSpecialKeyCB(void* data, int type, void* event) override;
   std::string t_GetBaseStyle() override;
