@@ -45,12 +45,16 @@ void ListUnfocused(void*, Evas_Object* genlist, void*) {
   Utils::ApplyItemHighlight(elm_object_focused_item_get(genlist), ITEM_STATUS_UNFOCUSED);
 }
 
-/// A list without rows on screen can hand the focus to none: it does when they are made.
-void RowMade(void*, Evas_Object* genlist, void* row) {
-  // With the screen reader on a row has a second object that would take the focus, and keep it.
+/// With the screen reader on a row has a second object that would take the focus, and keep it.
+void KeepFocusOffReader(void*, Evas_Object*, void* row) {
   if (Evas_Object* read = elm_object_item_access_object_get(static_cast<Elm_Object_Item*>(row))) {
     elm_object_focus_allow_set(read, EINA_FALSE);
   }
+}
+
+/// A list without rows on screen can hand the focus to none: it does when they are made.
+void RowMade(void*, Evas_Object* genlist, void* row) {
+  KeepFocusOffReader(nullptr, genlist, row);
   if (RowToFocus(genlist) == row && !elm_object_focused_item_get(genlist)) FocusRowLater(genlist);
 }
 
@@ -74,6 +78,11 @@ void KeepRowFocus(Evas_Object* genlist) {
   // The list itself says nothing when an arrow key brings the focus from a button.
   evas_event_callback_add(canvas, EVAS_CALLBACK_CANVAS_OBJECT_FOCUS_IN, CanvasFocused, genlist);
   evas_object_event_callback_add(genlist, EVAS_CALLBACK_DEL, ListGone, nullptr);
+}
+
+void KeepFocusOut(Evas_Object* genlist) {
+  elm_object_focus_allow_set(genlist, EINA_FALSE);
+  evas_object_smart_callback_add(genlist, "realized", KeepFocusOffReader, nullptr);
 }
 
 void SetFocusRow(Elm_Object_Item* row) {

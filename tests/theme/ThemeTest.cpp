@@ -215,7 +215,7 @@ TEST(ThemeNames, EachIsInBothThemes) {
 TEST(ThemeNames, NoneIsForgottenByTheTestAbove) {
   std::string known = "elm title,text button1 button2 button3 elm.text.title";  // the toolkit's, or a window's
   known += " elm.swallow.content.1 theme,state,dimmed theme,state,undimmed";  // of rows with a content: there are none
-  known += " startanimfinish endanimfinish clicked_outside";  // said by the theme
+  known += " startanimfinish endanimfinish clicked_outside";                  // said by the theme
   for (const Needed& needed : EverythingNeeded()) {
     known += " " + needed.group;
     for (const auto& names : {needed.parts, needed.signals}) {

@@ -8,6 +8,7 @@
 #include "HdmiPorts.h"
 #include "KeyManager.h"
 #include "Log.h"
+#include "RowFocus.h"
 #include "RootWindow.h"
 #include "ThemeNames.h"
 #include "Utils.h"
@@ -123,7 +124,7 @@ void CViewHDMIInfoWindow::t_SetContent() {
     return;
   }
   elm_object_scroll_item_loop_enabled_set(m_pList, EINA_TRUE);
-  elm_object_focus_allow_set(m_pList, EINA_FALSE);
+  KeepFocusOut(m_pList);
   elm_genlist_select_mode_set(m_pList, ELM_OBJECT_SELECT_MODE_NONE);
   elm_genlist_homogeneous_set(m_pList, EINA_TRUE);
   elm_genlist_mode_set(m_pList, ELM_LIST_COMPRESS);

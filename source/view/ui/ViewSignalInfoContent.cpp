@@ -195,7 +195,7 @@ void CViewSignalInfoWindow::t_SetContent() {
   if (!m_pContentLayout) return;
   m_pContentList = elm_genlist_add(m_pContentLayout);
   elm_object_scroll_item_loop_enabled_set(m_pContentList, EINA_TRUE);
-  elm_object_focus_allow_set(m_pContentList, EINA_FALSE);
+  KeepFocusOut(m_pContentList);
   // All of its rows are there; a zoomed height may be rounded by a pixel.
   elm_scroller_policy_set(m_pContentList, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_OFF);
   if (!m_CreateItemClasses()) return;
