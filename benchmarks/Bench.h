@@ -36,7 +36,7 @@ std::vector<Figure> StartFigures(const std::string& menuID, int starts);
 std::string OwnDirectory();
 /// Runs a program; the numbers that it prints.
 std::vector<double> Child(const std::vector<std::string>& words);
-/// What such a process does as "the program": WHAT MENU-ID [NUMBER].
+/// What such a process does as "the program": WHAT MENU-ID [NUMBER [KEY KEY]].
 int RunChild(const std::vector<std::string>& words);
 
 }  // namespace bench

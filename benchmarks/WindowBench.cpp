@@ -20,13 +20,16 @@ struct Window {
   const char* menuID;
   /// A TV on which it opens.
   const char* profile;
+  /// Two keys that change what is seen, the second back again.
+  const char* there;
+  const char* back;
 };
 
 constexpr Window kWindows[] = {
-    {"signal-information", "europe"},
-    {"signal-information-weakhistory", "europe"},
-    {"hdmi-information", "hdmi"},
-    {"fine-tune", "america"},
+    {"signal-information", "europe", "Up", "Down"},
+    {"signal-information-weakhistory", "europe", "Left", "Right"},
+    {"hdmi-information", "hdmi", "Up", "Down"},
+    {"fine-tune", "america", "Right", "Left"},
 };
 
 std::vector<std::string> Own(const std::string& what, const std::string& menuID, const std::string& number) {
@@ -39,9 +42,12 @@ void UseTv(const std::string& directory, const std::string& profile) {
   setenv("QUIRELLE_TV", tv.c_str(), 1);
 }
 
-void AddMoves(std::vector<Figure>& figures, const std::string& menuID) {
+void AddMoves(std::vector<Figure>& figures, const Window& window) {
+  const std::string menuID = window.menuID;
+  std::vector<std::string> words = Own("moves", menuID, std::to_string(kMoves));
+  words.insert(words.end(), {window.there, window.back});
   std::vector<double> times;
-  for (const double seconds : Child(Own("moves", menuID, std::to_string(kMoves)))) times.push_back(seconds * 1000);
+  for (const double seconds : Child(words)) times.push_back(seconds * 1000);
   std::sort(times.begin(), times.end());
   figures.push_back({menuID + ": key press to its frame, median", Median(times), 0, "ms", kFrame});
   figures.push_back(
@@ -80,7 +86,7 @@ std::vector<Figure> WindowFigures(const std::string& directory) {
   for (const Window& window : kWindows) {
     UseTv(directory, window.profile);
     figures.push_back(StartFigures(window.menuID, kStarts).front());
-    AddMoves(figures, window.menuID);
+    AddMoves(figures, window);
   }
   UseTv(directory, "europe");
   AddLists(figures);

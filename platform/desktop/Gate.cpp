@@ -169,6 +169,11 @@ void Gate::Report(const Operation& operation, const StoreError& error) {
   dlog_print(DLOG_ERROR, "desktop", "%s: %s\n", operation.name, error.what());
 }
 
+bool Gate::HasPending() {
+  const std::lock_guard lock(Mutex());
+  return !S().pending.empty();
+}
+
 void Gate::Flush() {
   const std::lock_guard lock(Mutex());
   State& s = S();

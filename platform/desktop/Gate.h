@@ -106,6 +106,8 @@ class Gate {
   using Watcher = std::function<void(const Operation&, const Entry&, const std::string& result)>;
   static void Watch(Watcher watcher);
 
+  /// Whether the journal has lines that are not written yet.
+  static bool HasPending();
   /// Writes the journal's pending lines in a transaction of their own.
   static void Flush();
 

@@ -469,9 +469,10 @@ TEST(SignalInfo, TheHistoryOpensInItsPlace) {
     ASSERT_EQ(remote.Focus(), "Signal history");
     remote.Press("Up");
     EXPECT_EQ(remote.Focus(), "Signal history");
-    remote.Press("Return");
-    EXPECT_TRUE(test::Logged("[Debug]menuID =signal-information-weakhistory"));
-    if (remote.Stack() == Names{kWindow}) remote.Push(std::make_unique<Cover>());
+    remote.Press("Down");
+    EXPECT_EQ(remote.Focus(), "Close");
+    remote.Press("Up Return");
+    EXPECT_EQ(remote.Stack(), (Names{kWindow, "signal-information-weakhistory"}));
     EXPECT_TRUE(test::Logged("[Debug]need Hide SignalInfoWindow "));
     tv.ClearJournal();
     remote.Wait(10);

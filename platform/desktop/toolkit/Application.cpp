@@ -118,7 +118,22 @@ bool Application::Start() {
   Launch(m_options.menuID, m_options.extra);
   if (!Window()) std::fprintf(stderr, "quirelle: '%s' opens no window on this TV\n", m_options.menuID.c_str());
   GiveFocus();
+  HoldFramesForView();
   return true;
+}
+
+/// The window is made before the view in it: nobody needs a frame of an empty one.
+void Application::HoldFramesForView() {
+  HoldFrames(true);
+  const auto release = [](void* data, int, void*) -> Eina_Bool {
+    HoldFrames(false);
+    auto* application = static_cast<Application*>(data);
+    ecore_event_handler_del(std::exchange(application->m_release, nullptr));
+    return ECORE_CALLBACK_PASS_ON;
+  };
+  m_release = ecore_event_handler_add(m_marker, release, this);
+  ecore_event_add(
+      m_marker, nullptr, [](void*, void*) {}, nullptr);
 }
 
 void Application::Launch(const std::string& menuID, const std::map<std::string, std::string>& extra) {
@@ -143,6 +158,7 @@ void Application::Finish() {
     m_callbacks.terminate(m_data);
     SetTuneWaker(nullptr);
     if (m_signal) ecore_event_handler_del(m_signal);
+    if (m_release) ecore_event_handler_del(m_release);
     for (const auto& [reply, turns] : m_replies) AnswerNotice(reply);
     m_replies.clear();
     if (m_listener) ecore_main_fd_handler_del(m_listener);
@@ -279,7 +295,9 @@ void Application::Deal(const std::string& notice) {
 Eina_Bool Application::IdleCB(void* data) {
   auto* application = static_cast<Application*>(data);
   // Behind the frame that is drawn now, and not once for each call.
-  if (!application->m_flush) application->m_flush = ecore_timer_add(kFlushSeconds, FlushCB, application);
+  if (!application->m_flush && Gate::HasPending()) {
+    application->m_flush = ecore_timer_add(kFlushSeconds, FlushCB, application);
+  }
   for (auto& [reply, turns] : application->m_replies) {
     if (--turns == 0) AnswerNotice(reply);
   }

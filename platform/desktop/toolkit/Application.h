@@ -51,6 +51,7 @@ class Application {
  private:
   void OpenTv() const;
   void StartToolkit();
+  void HoldFramesForView();
   void RunSteps();
   void RunStep(const Step& step);
   void Report();
@@ -78,6 +79,7 @@ class Application {
   Ecore_Timer* m_flush = nullptr;
   Ecore_Event_Filter* m_filter = nullptr;
   Ecore_Event_Handler* m_signal = nullptr;
+  Ecore_Event_Handler* m_release = nullptr;
   /// Senders of notices, and the turns of the loop until they are answered.
   std::vector<std::pair<int, int>> m_replies;
 };

@@ -193,6 +193,10 @@ void MeetDisplay() {
 
 Evas_Object* Window() { return g_window; }
 
+void HoldFrames(bool hold) {
+  if (Ecore_Evas* canvas = Canvas()) ecore_evas_manual_render_set(canvas, hold);
+}
+
 void GiveFocus() {
   Ecore_Evas* canvas = Canvas();
   if (!canvas) return;

@@ -21,6 +21,8 @@ void ScreenSize(const Evas_Object* window, int& w, int& h);
 /// Makes the window the one that has the focus, where nobody else does so: off screen, and on a display that
 /// nobody sits at.
 void GiveFocus();
+/// Draws nothing until told to.
+void HoldFrames(bool hold);
 /// Takes the focus away, as another application coming up does.
 void TakeFocus();
 

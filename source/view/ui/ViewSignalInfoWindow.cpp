@@ -115,7 +115,11 @@ void CViewSignalInfoWindow::t_Show() {
   t_RegisterSpcialKey(true);
   t_LoopRefresh();
   const auto& [history, close, none] = t_pDefaultButtons;
-  if (history) elm_object_focus_next_object_set(history, history, ELM_FOCUS_UP);
+  if (history) {
+    elm_object_focus_next_object_set(history, history, ELM_FOCUS_UP);
+    // What is set upwards counts downwards too, unless it is set as well.
+    elm_object_focus_next_object_set(history, close, ELM_FOCUS_DOWN);
+  }
   if (close) elm_object_focus_set(close, EINA_TRUE);
   ST_OPERATION_CALL("SHOW_SIGNAL_INFO", 0);
 }
