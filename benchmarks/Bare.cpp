@@ -122,8 +122,8 @@ struct Facts {
 };
 
 constexpr Facts kFacts[] = {
-    {"signal-information", "signalinfo_content", "styleSignalInfo.2Text", 4, 2, "styleSignalInfo.2Text.1progressbar",
-     2},
+    {"signal-information", "signalinfo_content", "styleSignalInfo.2Text", 6, 2, "styleSignalInfo.2Text.1progressbar",
+     3},
     {"signal-information-weakhistory", "weakhistory_content", "C_TextItem_WhiteSingleline05_Lite", 6, 1},
     {"hdmi-information", "signalinfo_content", "styleSignalInfo.2Text", 2, 3},
 };

@@ -28,6 +28,9 @@ inline long PeakKibibytes() {
   return 0;
 }
 
+/// Seconds until a window that was opened has nothing left to do.
+inline constexpr double kSettled = 7;
+
 inline double ProcessorSeconds() {
   rusage usage;
   getrusage(RUSAGE_SELF, &usage);
@@ -49,7 +52,7 @@ inline void PrintIdle(double seconds) {
         nullptr);
     ecore_main_loop_begin();
   };
-  pass(1.0);  // what opening the window left to do
+  pass(kSettled);  // tuning ends, and its facts are drawn once more
   static int wakes = 0;
   ecore_idle_exiter_add(
       [](void*) -> Eina_Bool {
