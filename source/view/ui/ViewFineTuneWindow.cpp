@@ -40,6 +40,13 @@ std::string Line(const std::string& label, const std::string& value) {
   return IsReversed() ? "&#x200f;" + label + "&#x200f;: " + value : label + ": " + value;
 }
 
+/// After a word that runs from right to left, 11-1 would read 1-11.
+std::string WithNumberInOrder(std::string name) {
+  const size_t blank = name.rfind(' ');
+  if (IsReversed()) name.insert(blank == std::string::npos ? 0 : blank + 1, "&#x200e;");
+  return name;
+}
+
 std::string StatusNumber(int offset) {
   const std::string number = std::to_string(offset);
   if (!IsReversed()) return offset > 0 ? " +" + number : " " + number;
@@ -223,7 +230,7 @@ void CViewFineTuneWindow::t_SetTextChannelName() {
   if (t_nFineTunered) LOG_DEBUG("Fine tuned,show flag.");
   const int length = snprintf(name, sizeof name, t_nFineTunered ? "%s*" : "%s", m_channelName);
   if (length >= static_cast<int>(sizeof name)) LOG_ERROR("ERROR, channelNameAstr was truncated!");
-  const std::string line = Line(T("SID_CHANNEL_KR_GENERAL"), name);
+  const std::string line = Line(T("SID_CHANNEL_KR_GENERAL"), WithNumberInOrder(name));
   elm_object_part_text_set(m_pLayout, theme::kFineTuneChannel, line.c_str());
   LOG_INFO("channelname is [ %s ] ", line.c_str());
 }
