@@ -1,5 +1,7 @@
 #include "ViewWindowBase.h"
 
+#include <iterator>
+
 #include "Log.h"
 #include "RootWindow.h"
 #include "ThemeNames.h"
@@ -152,7 +154,7 @@ void CViewWindowBase::m_Dispatch(void* data, const Evas_Object* object, const Bu
     return;
   }
   const int index = pThis->m_ButtonIndex(object);
-  if (index >= 0) (pThis->*operations[index])();
+  if (index >= 0 && index < std::ssize(operations)) (pThis->*operations[index])();
 }
 
 void CViewWindowBase::m_DefaultButtonFocusCB(void* data, Evas_Object* object, void*) {
