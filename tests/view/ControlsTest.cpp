@@ -421,8 +421,8 @@ TEST(Images, AreFoundByNameAndPath) {
 
     const std::string text = std::filesystem::path(tv.Path()).parent_path() / "no-image.png";
     std::ofstream(text) << "x";
-    for (const char* name : {"no-such-image.png", "/no/such/image.png", tv.Path().c_str(), text.c_str(), "/tmp", ""}) {
-      EXPECT_EQ(Utils::GetResource(desktop::Window(), name), nullptr) << name;
+    for (const std::string& name : Texts{"no-such-image.png", "/no/such/image.png", tv.Path(), text, "/tmp", ""}) {
+      EXPECT_EQ(Utils::GetResource(desktop::Window(), name.c_str()), nullptr) << name;
     }
     EXPECT_TRUE(test::Logged("[Debug]File not found in resource."));
     EXPECT_EQ(Utils::GetResource(nullptr, "a.png"), nullptr);
