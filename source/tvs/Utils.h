@@ -44,6 +44,8 @@ class Utils {
   static Evas_Object* CreateRectTable(Evas_Object* parent, int w, int h, int scaled);
   /// Gives an object the colour of a colour class.
   static void SetObjectColor(Evas_Object* object, const char* colorClass);
+  /// Whether a row of a genlist is on the screen: only then can it take the focus, which the toolkit loses otherwise.
+  static bool IsRowMade(Elm_Object_Item* row);
   static void SetObjectItemFocus(Elm_Object_Item* item);
   /// Gives a row the look of a status. A row that is just made keeps the focus that the toolkit gave it: the second
   /// takes none away.

@@ -75,8 +75,15 @@ void Utils::SetObjectColor(Evas_Object* object, const char* colorClass) {
   LOG_DEBUG("Color[%s]", colorClass);
 }
 
+bool Utils::IsRowMade(Elm_Object_Item* row) {
+  Eina_List* made = elm_genlist_realized_items_get(elm_object_item_widget_get(row));
+  const bool found = eina_list_data_find(made, row);
+  eina_list_free(made);
+  return found;
+}
+
 void Utils::SetObjectItemFocus(Elm_Object_Item* item) {
-  elm_object_item_focus_set(item, EINA_TRUE);
+  if (IsRowMade(item)) elm_object_item_focus_set(item, EINA_TRUE);
   LOG_INFO("set focus to the object item");
 }
 

@@ -20,7 +20,13 @@ Elm_Object_Item* RowToFocus(Evas_Object* genlist) {
 void FocusRow(void* data) {
   auto* genlist = static_cast<Evas_Object*>(data);
   if (elm_object_focused_object_get(genlist) != genlist || elm_object_focused_item_get(genlist)) return;
-  if (Elm_Object_Item* row = RowToFocus(genlist)) elm_object_item_focus_set(row, EINA_TRUE);
+  Elm_Object_Item* row = RowToFocus(genlist);
+  if (!row) return;
+  if (Utils::IsRowMade(row)) {
+    elm_object_item_focus_set(row, EINA_TRUE);
+  } else {
+    elm_genlist_item_show(row, ELM_GENLIST_ITEM_SCROLLTO_IN);
+  }
 }
 
 /// A list takes the focus only when the handlers that are under way are through.
@@ -55,7 +61,7 @@ void KeepFocusOffReader(void*, Evas_Object*, void* row) {
 /// A list without rows on screen can hand the focus to none: it does when they are made.
 void RowMade(void*, Evas_Object* genlist, void* row) {
   KeepFocusOffReader(nullptr, genlist, row);
-  if (RowToFocus(genlist) == row && !elm_object_focused_item_get(genlist)) FocusRowLater(genlist);
+  if (!elm_object_focused_item_get(genlist) && RowToFocus(genlist) == row) FocusRowLater(genlist);
 }
 
 void RowFocused(void*, Evas_Object* genlist, void* row) { evas_object_data_set(genlist, kRow, row); }
