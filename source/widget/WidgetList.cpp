@@ -78,24 +78,32 @@ void WidgetGenList::CreateGenlist(const char* style, bool flag) {
 }
 
 void WidgetGenList::m_BuildRowMap() {
-  m_rows.clear();
-  int row = 0;
+  m_rows.assign(static_cast<size_t>(m_pData->GetCount()), kNotListed);
+  int rows = 0;
   for (int i = 0; i < m_pData->GetCount(); ++i) {
     const ElementaryNode* node = m_pData->GetNode(i);
     if (node->IsShown()) {
-      m_rows[i] = row++;
+      m_rows[static_cast<size_t>(i)] = rows++;
     } else {
       LOG_DEBUG(" INVISIBLE STATUS : %s", node->GetNodeMenuItemId().c_str());
     }
   }
 }
 
+int WidgetGenList::m_RowOfNode(int node) const {
+  const auto index = static_cast<size_t>(node);
+  return node >= 0 && index < m_rows.size() ? m_rows[index] : kNotListed;
+}
+
+int WidgetGenList::m_NodeOfRow(int row) const {
+  const auto found = row < 0 ? m_rows.end() : std::find(m_rows.begin(), m_rows.end(), row);
+  return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
 int WidgetGenList::m_FocusNode() const {
-  for (const auto& [node, row] : m_rows) {
-    if (row == m_nFocusItemNum) return node;
-  }
+  if (const int node = m_NodeOfRow(m_nFocusItemNum); node >= 0) return node;
   const int first = m_pData->GetInitFocusIndex();
-  return m_rows.contains(first) ? first : 0;
+  return m_RowOfNode(first) == kNotListed ? 0 : first;
 }
 
 void WidgetGenList::m_AddRows() {
@@ -103,26 +111,28 @@ void WidgetGenList::m_AddRows() {
   m_rowCount = 0;
   // The row that will have the focus first, so that it is made first.
   const int start = m_FocusNode();
-  if (const auto row = m_rows.find(start); row != m_rows.end()) m_nFocusItemNum = row->second;
-  if (!m_AddRow(start, false)) return;
+  if (const int row = m_RowOfNode(start); row != kNotListed) m_nFocusItemNum = row;
+  // The parent decides the style, so it is one for all rows.
+  Elm_Genlist_Item_Class* itemClass = m_ItemClass(start);
+  if (!m_AddRow(start, itemClass, false)) return;
   for (int i = start - 1; i >= 0; --i) {
-    if (!m_AddRow(i, true)) return;
+    if (!m_AddRow(i, itemClass, true)) return;
   }
   for (int i = start + 1; i < m_pData->GetCount(); ++i) {
-    if (!m_AddRow(i, false)) return;
+    if (!m_AddRow(i, itemClass, false)) return;
   }
 }
 
 /// False when there is no such node, which ends the adding; a node that is not shown gets no row.
-bool WidgetGenList::m_AddRow(int nodeIndex, bool before) {
+bool WidgetGenList::m_AddRow(int nodeIndex, Elm_Genlist_Item_Class* itemClass, bool before) {
   ElementaryNode* node = m_pData->GetNode(nodeIndex);
   if (!node) {
     LOG_ERROR("Assertion failed");
     return false;
   }
-  if (!m_rows.contains(nodeIndex)) return true;
+  if (m_RowOfNode(nodeIndex) == kNotListed) return true;
   const auto add = before ? elm_genlist_item_prepend : elm_genlist_item_append;
-  add(t_pGenlist, m_ItemClass(nodeIndex), node, nullptr, ELM_GENLIST_ITEM_NONE, m_ItemSelCB, this);
+  add(t_pGenlist, itemClass, node, nullptr, ELM_GENLIST_ITEM_NONE, m_ItemSelCB, this);
   ++m_rowCount;
   return true;
 }
@@ -199,30 +209,20 @@ void WidgetGenList::m_FetchRows() {
     ElementaryNode* node = m_pData->GetNode(i);
     LOG_DEBUG("i : %d, m_pData->GetNode(i)->GetEnableStatus() : %d", i, node->GetStatus());
     if (node->GetStatus() == ITEM_STATUS_DISABLED) m_pData->FetchText(i);
-    const auto row = m_rows.find(i);
-    if (row == m_rows.end()) continue;
-    if (Elm_Object_Item* item = m_ItemAt(row->second)) t_SetItemStatus(item, false, false);
+    if (Elm_Object_Item* item = m_ItemAt(m_RowOfNode(i))) t_SetItemStatus(item, false, false);
   }
-}
-
-int WidgetGenList::m_NodeIndex(const ElementaryNode* node) const {
-  for (int i = 0; m_pData && i < m_pData->GetCount(); ++i) {
-    if (m_pData->GetNode(i) == node) return i;
-  }
-  return -1;
 }
 
 void WidgetGenList::t_SetItemStatus(Elm_Object_Item* item, bool focused, bool) {
-  const int index = m_NodeIndex(static_cast<const ElementaryNode*>(elm_object_item_data_get(item)));
-  if (index < 0) {
+  const auto* node = static_cast<const ElementaryNode*>(elm_object_item_data_get(item));
+  if (!m_pData || !node) {
     LOG_DEBUG(" can't find index ");
     return;
   }
-  const ElementaryNode& node = *m_pData->GetNode(index);
-  elm_object_item_disabled_set(item, node.GetStatus() == ITEM_STATUS_DISABLED);
-  Utils::ApplyRealizedListItemHighlight(item, node.GetStatus());
+  elm_object_item_disabled_set(item, node->GetStatus() == ITEM_STATUS_DISABLED);
+  Utils::ApplyRealizedListItemHighlight(item, node->GetStatus());
   if (focused) Utils::ApplyItemHighlight(item, ITEM_STATUS_FOCUSED);
-  if (elm_config_access_get()) m_ConfigureReader(item, node);
+  if (elm_config_access_get()) m_ConfigureReader(item, *node);
 }
 
 /// What the screen reader says of a row: name and value.
@@ -300,8 +300,8 @@ void WidgetGenList::ResetWidgetConfig() {
 // --- showing and focus ---------------------------------------------------------------------------
 
 void WidgetGenList::Show() {
-  const auto first = std::find_if(m_rows.begin(), m_rows.end(), [&](auto& r) { return r.second == m_nFocusItemNum; });
-  ElementaryNode* node = m_pData && first != m_rows.end() ? m_pData->GetNode(first->first) : nullptr;
+  const int first = m_NodeOfRow(m_nFocusItemNum);
+  ElementaryNode* node = m_pData && first >= 0 ? m_pData->GetNode(first) : nullptr;
   if (!t_pGenlist || !node) {
     LOG_ERROR("Assertion failed");
     return;

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "DataList.h"
 
@@ -74,13 +75,16 @@ class WidgetGenList : public Widget {
 
  private:
   static constexpr int kNoRow = 255;
+  static constexpr int kNotListed = -1;
 
   Elm_Genlist_Item_Class* m_ItemClass(int index);
   void m_BuildRowMap();
   void m_AddRows();
-  bool m_AddRow(int nodeIndex, bool before);
+  bool m_AddRow(int nodeIndex, Elm_Genlist_Item_Class* itemClass, bool before);
   int m_FocusNode() const;
-  int m_NodeIndex(const ElementaryNode* node) const;
+  int m_RowOfNode(int node) const;
+  /// The node of a row; -1 for a row that the list does not have.
+  int m_NodeOfRow(int row) const;
   Elm_Object_Item* m_ItemAt(int index) const;
   void m_FetchRows();
   void m_ConfigureReader(Elm_Object_Item* item, const ElementaryNode& node);
@@ -100,8 +104,8 @@ class WidgetGenList : public Widget {
   int m_nFocusItemNum = kNoRow;
   int m_nUnFocusItemNum = kNoRow;
   bool m_bIsSelected = false;
-  /// Node index to row.
-  std::map<int, int> m_rows;
+  /// The row of each node; `kNotListed` for one that is not shown.
+  std::vector<int> m_rows;
   SelectCallback m_selectCallback = nullptr;
   void* m_userData = nullptr;
   /// 2 for the popups of the channel-list transfer.
