@@ -7,12 +7,30 @@
 namespace {
 
 constexpr size_t kBufferSize = 512;
+constexpr size_t kTextsOfARow = 3;
 
 }  // namespace
 
-std::string SimpleElementaryNode::GetContent(const std::string& key) const {
-  const auto found = t_contents.find(key);
-  return found == t_contents.end() ? std::string() : found->second;
+const std::string* SimpleElementaryNode::t_Find(std::string_view key) const {
+  for (const auto& [stored, text] : m_contents) {
+    if (stored == key) return &text;
+  }
+  return nullptr;
+}
+
+std::string SimpleElementaryNode::GetContent(std::string_view key) const {
+  const std::string* text = t_Find(key);
+  return text ? *text : std::string();
+}
+
+void SimpleElementaryNode::SetContent(std::string_view key, std::string text) {
+  for (auto& [stored, content] : m_contents) {
+    if (stored != key) continue;
+    content = std::move(text);
+    return;
+  }
+  if (m_contents.empty()) m_contents.reserve(kTextsOfARow);
+  m_contents.emplace_back(key, std::move(text));
 }
 
 void ElementaryNode::GetNodeDisplayName(char* out) const {
@@ -21,7 +39,7 @@ void ElementaryNode::GetNodeDisplayName(char* out) const {
 }
 
 void ElementaryNode::GetNodeValue(char* value, char* displayValue) const {
-  const bool choice = t_contents.contains(kChoice);
+  const bool choice = t_Find(kChoice) != nullptr;
   snprintf(value, kBufferSize, "%s", GetContent(kValue).c_str());
   snprintf(displayValue, kBufferSize, "%s", GetContent(choice ? kChoice : kDisplayValue).c_str());
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "ItemStatus.h"
 
@@ -11,11 +13,16 @@ class SimpleElementaryNode {
   virtual ~SimpleElementaryNode() = default;
 
   /// The text under a key; empty when there is none.
-  std::string GetContent(const std::string& key) const;
-  void SetContent(const std::string& key, std::string text) { t_contents[key] = std::move(text); }
+  std::string GetContent(std::string_view key) const;
+  /// `key` is kept as it is and has to last.
+  void SetContent(std::string_view key, std::string text);
 
  protected:
-  std::unordered_map<std::string, std::string> t_contents;
+  const std::string* t_Find(std::string_view key) const;
+
+ private:
+  /// Few enough to be looked through, and thousands of rows have some.
+  std::vector<std::pair<std::string_view, std::string>> m_contents;
 };
 
 enum ITEM_SHOW_STATUS {

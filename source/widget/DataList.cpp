@@ -64,7 +64,8 @@ void DataList::m_CreatePageRows() {
   std::vector<DataInfo> rows;
   provider->second(rows);
   LOG_INFO(" pDataVec size: [ %zu ] ", rows.size());
-  for (const DataInfo& row : rows) m_nodes.push_back(m_MakeElementaryNode(m_parentMenuID, row));
+  m_nodes.reserve(rows.size());
+  for (DataInfo& row : rows) m_nodes.push_back(m_MakeElementaryNode(m_parentMenuID, std::move(row)));
 }
 
 std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string& value, const std::string& name,
@@ -77,12 +78,12 @@ std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string
   return node;
 }
 
-std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string& menuID, const DataInfo& info) {
-  auto node = std::make_unique<ElementaryNode>(info.id.empty() ? menuID : info.id);
+std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string& menuID, DataInfo&& info) {
+  auto node = std::make_unique<ElementaryNode>(info.id.empty() ? menuID : std::move(info.id));
   node->SetShowStatus(ITEM_SHOW_VISIBLE);
-  node->SetContent(ElementaryNode::kTitle, info.displayName);
-  node->SetContent(ElementaryNode::kValue, info.value);
-  node->SetContent(ElementaryNode::kDisplayValue, info.displayValue);
+  node->SetContent(ElementaryNode::kTitle, std::move(info.displayName));
+  node->SetContent(ElementaryNode::kValue, std::move(info.value));
+  node->SetContent(ElementaryNode::kDisplayValue, std::move(info.displayValue));
   return node;
 }
 

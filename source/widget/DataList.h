@@ -51,7 +51,7 @@ class DataList {
   void m_CreatePageRows();
   static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& value, const std::string& name,
                                                               LIST_TYPE type);
-  static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& menuID, const DataInfo& info);
+  static std::unique_ptr<ElementaryNode> m_MakeElementaryNode(const std::string& menuID, DataInfo&& info);
   bool m_EnableCheckAsync(int index) const;
 
   LIST_TYPE m_type = LIST_NONE;
