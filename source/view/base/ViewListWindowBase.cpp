@@ -112,8 +112,6 @@ void CViewListWindowBase::t_AddWidgetToWindowContent() {
   elm_object_part_content_set(t_pMainBase, theme::kContent, t_pGenlist);
 }
 
-void CViewListWindowBase::t_AddListToUserDefineContent() { LOG_DEBUG("Needs to add list into content by yourself"); }
-
 void CViewListWindowBase::t_PackListToTable(Evas_Object* parent, int width, bool fixed, int height) {
   if (!parent || !t_pGenlist) return;
   elm_scroller_policy_set(t_pGenlist, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_AUTO);
@@ -147,9 +145,7 @@ void CViewListWindowBase::t_Show() {
 }
 
 void CViewListWindowBase::t_Refresh() {
-  LOG_DEBUG("");
-  CView::t_Refresh();
-  if (t_pGenlist) elm_genlist_realized_items_update(t_pGenlist);
+  CViewListBase::t_Refresh();
   m_CheckTransponder();
 }
 
@@ -160,10 +156,8 @@ void CViewListWindowBase::t_Pause() { CView::t_Pause(); }
 void CViewListWindowBase::t_Destroy() {
   t_UnRegisterListKeyEvent();
   if (t_pGenlist) evas_object_del(t_pGenlist);
-  if (t_pItemClass) elm_genlist_item_class_free(t_pItemClass);
   t_pGenlist = nullptr;
-  t_pItemClass = nullptr;
-  CViewWindowBase::t_Destroy();
+  CViewListBase::t_Destroy();
 }
 
 // --- the user's transponder ----------------------------------------------------------------------
@@ -189,64 +183,19 @@ void CViewListWindowBase::t_ProcessDefaultButtonTwoClickCallBack() {
 // --- the list's events ---------------------------------------------------------------------------
 
 void CViewListWindowBase::t_RegisterListKeyEvent() {
-  if (!t_pGenlist) {
-    LOG_DEBUG("Null Pointer");
-    return;
+  if (!t_pGenlist) LOG_DEBUG("Null Pointer");
+  CViewListBase::t_RegisterListKeyEvent();
+}
+
+void CViewListWindowBase::t_ProcessItemRealized(Elm_Object_Item* item) {
+  if (t_MenuID == kSatelliteSelection) elm_object_item_signal_emit(item, theme::kItemIconTwoTexts, "");
+  for (const std::string_view window : kTransferWindows) {
+    if (t_MenuID == window) elm_object_item_signal_emit(item, theme::kItemIconText, "");
   }
-  evas_object_smart_callback_add(t_pGenlist, "realized", m_ItemRealized, this);
-  evas_object_smart_callback_add(t_pGenlist, "item,focused", m_GenlistFocusedCB, this);
-  evas_object_smart_callback_add(t_pGenlist, "item,unfocused", m_GenlistUnFocusedCB, this);
-  evas_object_event_callback_add(t_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+  t_ConfigueTTS(item);
 }
-
-void CViewListWindowBase::t_UnRegisterListKeyEvent() {
-  if (!t_pGenlist) return;
-  evas_object_smart_callback_del_full(t_pGenlist, "realized", m_ItemRealized, this);
-  evas_object_smart_callback_del_full(t_pGenlist, "item,focused", m_GenlistFocusedCB, this);
-  evas_object_smart_callback_del_full(t_pGenlist, "item,unfocused", m_GenlistUnFocusedCB, this);
-  evas_object_event_callback_del_full(t_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
-}
-
-void CViewListWindowBase::t_ProcessListFocusCB(Evas_Object*, void* item) {
-  LOG_DEBUG("CurSubFocusItemNum : %d", elm_genlist_item_index_get(static_cast<Elm_Object_Item*>(item)) - 1);
-}
-
-void CViewListWindowBase::t_ProcessListUnFocusCB(Evas_Object*, void*) { LOG_DEBUG(""); }
-
-void CViewListWindowBase::t_ProcessListKeyPressCB(std::string) { LOG_DEBUG(""); }
-
-void CViewListWindowBase::t_ProcessItemSelected(void*, Evas_Object*, void*) { LOG_DEBUG(""); }
 
 void CViewListWindowBase::t_ConfigueTTS(Evas_Object*) { LOG_DEBUG(""); }
-
-void CViewListWindowBase::m_GenlistFocusedCB(void* data, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewListWindowBase*>(data);
-  if (!pThis || !object || !info) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  pThis->t_ProcessListFocusCB(object, info);
-}
-
-void CViewListWindowBase::m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewListWindowBase*>(data);
-  if (!pThis || !object || !info) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  pThis->t_ProcessListUnFocusCB(object, info);
-}
-
-void CViewListWindowBase::m_GenlistKeyPressedCB(void* data, Evas*, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewListWindowBase*>(data);
-  const auto* key = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !object || !key) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  LOG_DEBUG("keyname is [ %s ] ", key->keyname);
-  pThis->t_ProcessListKeyPressCB(key->keyname);
-}
 
 void CViewListWindowBase::m_ItemSelectedCB(void* data, Evas_Object* object, void* info) {
   auto* pThis = static_cast<CViewListWindowBase*>(data);
@@ -255,18 +204,4 @@ void CViewListWindowBase::m_ItemSelectedCB(void* data, Evas_Object* object, void
     return;
   }
   pThis->t_ProcessItemSelected(data, object, info);
-}
-
-void CViewListWindowBase::m_ItemRealized(void* data, Evas_Object*, void* info) {
-  auto* pThis = static_cast<CViewListWindowBase*>(data);
-  auto* item = static_cast<Elm_Object_Item*>(info);
-  if (!pThis || !item) {
-    LOG_ERROR("Null");
-    return;
-  }
-  if (pThis->t_MenuID == kSatelliteSelection) elm_object_item_signal_emit(item, theme::kItemIconTwoTexts, "");
-  for (const std::string_view window : kTransferWindows) {
-    if (pThis->t_MenuID == window) elm_object_item_signal_emit(item, theme::kItemIconText, "");
-  }
-  pThis->t_ConfigueTTS(static_cast<Evas_Object*>(info));
 }

@@ -1,11 +1,11 @@
 // A window around a plain toolkit list.
 #pragma once
 
-#include "ViewWindowBase.h"
+#include "ViewListBase.h"
 
-class CViewListWindowBase : public CViewWindowBase {
+class CViewListWindowBase : public CViewListBase {
  public:
-  explicit CViewListWindowBase(const char* menuID) : CViewWindowBase(menuID) {}
+  explicit CViewListWindowBase(const char* menuID) : CViewListBase(menuID) {}
 
  protected:
   void t_Create() override;
@@ -20,14 +20,11 @@ class CViewListWindowBase : public CViewWindowBase {
   void t_ProcessDefaultButtonTwoClickCallBack() override;
 
   /// Makes the genlist, its item class left to the subclass.
-  virtual bool t_CreateWidgetList();
-  virtual void t_RegisterListKeyEvent();
-  virtual void t_UnRegisterListKeyEvent();
-  virtual void t_ProcessListFocusCB(Evas_Object* list, void* item);
-  virtual void t_ProcessListUnFocusCB(Evas_Object* list, void* item);
-  virtual void t_ProcessListKeyPressCB(std::string keyName);
-  virtual void t_ProcessItemSelected(void* data, Evas_Object* list, void* item);
-  virtual void t_AddListToUserDefineContent();
+  bool t_CreateWidgetList() override;
+  void t_RegisterListKeyEvent() override;
+  void t_ProcessItemRealized(Elm_Object_Item* item) override;
+  Evas_Object* t_List() const override { return t_pGenlist; }
+
   /// Fills the list; its rows select with `m_ItemSelectedCB` and this view as data.
   virtual bool t_AddGenListItems();
   /// The list on its ground, framed by spacers. `width` and `height` are pixels of a 1920-pixel screen.
@@ -38,7 +35,6 @@ class CViewListWindowBase : public CViewWindowBase {
   static void m_ItemSelectedCB(void* data, Evas_Object* object, void* info);
 
   Evas_Object* t_pGenlist = nullptr;
-  Elm_Genlist_Item_Class* t_pItemClass = nullptr;
   bool t_FlagFirst = false;
   bool t_FlagSecond = true;
 
@@ -46,9 +42,4 @@ class CViewListWindowBase : public CViewWindowBase {
   bool m_CreateList();
   void m_CheckTransponder();
   bool m_IsTransponderWindow() const;
-
-  static void m_ItemRealized(void* data, Evas_Object* object, void* info);
-  static void m_GenlistFocusedCB(void* data, Evas_Object* object, void* info);
-  static void m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info);
-  static void m_GenlistKeyPressedCB(void* data, Evas* canvas, Evas_Object* object, void* info);
 };

@@ -29,19 +29,9 @@ bool CViewWidgetListWindowBase::t_CreateWidgetList() {
   return true;
 }
 
-void CViewWidgetListWindowBase::t_AddListToUserDefineContent() {
-  LOG_DEBUG("Needs to add list into content by yourself");
-}
-
 void CViewWidgetListWindowBase::t_Show() {
   CViewWindowBase::t_Show();
   if (t_pWidgetList) t_pWidgetList->Show();
-}
-
-void CViewWidgetListWindowBase::t_Refresh() {
-  LOG_DEBUG("");
-  CView::t_Refresh();
-  if (t_List()) elm_genlist_realized_items_update(t_List());
 }
 
 void CViewWidgetListWindowBase::t_Hide() {
@@ -73,9 +63,7 @@ void CViewWidgetListWindowBase::t_Destroy() {
   t_UnRegisterListKeyEvent();
   if (t_pWidgetList) t_pWidgetList->Destroy();
   t_pWidgetList.reset();
-  if (t_pItemClass) elm_genlist_item_class_free(t_pItemClass);
-  t_pItemClass = nullptr;
-  CViewWindowBase::t_Destroy();
+  CViewListBase::t_Destroy();
 }
 
 // --- the list's events ---------------------------------------------------------------------------
@@ -86,37 +74,21 @@ void CViewWidgetListWindowBase::t_RegisterListKeyEvent() {
     return;
   }
   t_pWidgetList->SetItemSelectCB(m_ItemSelectedCB, this);
-  Evas_Object* list = t_List();
-  if (!list) return;
-  evas_object_smart_callback_add(list, "realized", m_ItemRealized, this);
-  evas_object_smart_callback_add(list, "item,focused", m_GenlistFocusedCB, this);
-  evas_object_smart_callback_add(list, "item,unfocused", m_GenlistUnFocusedCB, this);
-  evas_object_event_callback_add(list, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+  CViewListBase::t_RegisterListKeyEvent();
 }
 
 void CViewWidgetListWindowBase::t_UnRegisterListKeyEvent() {
-  if (!t_pWidgetList) return;
-  t_pWidgetList->SetItemSelectCB(nullptr, nullptr);
-  Evas_Object* list = t_List();
-  if (!list) return;
-  evas_object_smart_callback_del_full(list, "realized", m_ItemRealized, this);
-  evas_object_smart_callback_del_full(list, "item,focused", m_GenlistFocusedCB, this);
-  evas_object_smart_callback_del_full(list, "item,unfocused", m_GenlistUnFocusedCB, this);
-  evas_object_event_callback_del_full(list, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+  if (t_pWidgetList) t_pWidgetList->SetItemSelectCB(nullptr, nullptr);
+  CViewListBase::t_UnRegisterListKeyEvent();
 }
 
-void CViewWidgetListWindowBase::t_ProcessListFocusCB(Evas_Object*, void* item) {
-  const int index = elm_genlist_item_index_get(static_cast<Elm_Object_Item*>(item)) - 1;
-  t_pWidgetList->SetFocusGenlistItemNum(index);
-  LOG_DEBUG("CurSubFocusItemNum : %d", index);
+void CViewWidgetListWindowBase::t_ProcessListFocusCB(Evas_Object* list, void* item) {
+  t_pWidgetList->SetFocusGenlistItemNum(elm_genlist_item_index_get(static_cast<Elm_Object_Item*>(item)) - 1);
+  CViewListBase::t_ProcessListFocusCB(list, item);
 }
 
-void CViewWidgetListWindowBase::t_ProcessListUnFocusCB(Evas_Object*, void*) { LOG_DEBUG(""); }
-
-void CViewWidgetListWindowBase::t_ProcessListKeyPressCB(std::string) { LOG_DEBUG(""); }
-
-void CViewWidgetListWindowBase::t_ProcessItemSelected(void*, Evas_Object*, void*) {
-  LOG_DEBUG("");
+void CViewWidgetListWindowBase::t_ProcessItemSelected(void* data, Evas_Object* list, void* item) {
+  CViewListBase::t_ProcessItemSelected(data, list, item);
   t_SublistItemPress();
 }
 
@@ -132,42 +104,4 @@ void CViewWidgetListWindowBase::m_ItemSelectedCB(void* data, Evas_Object* list, 
   }
   if (pThis->t_FlagSelect) pThis->t_pWidgetList->SetWidgetSelectedItem();
   pThis->t_ProcessItemSelected(data, list, item);
-}
-
-void CViewWidgetListWindowBase::m_ItemRealized(void* data, Evas_Object*, void* info) {
-  auto* pThis = static_cast<CViewWidgetListWindowBase*>(data);
-  if (!pThis || !info) {
-    LOG_ERROR("Null");
-    return;
-  }
-  pThis->t_ConfigueTTS(static_cast<Evas_Object*>(info));
-}
-
-void CViewWidgetListWindowBase::m_GenlistFocusedCB(void* data, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewWidgetListWindowBase*>(data);
-  if (!pThis || !object || !info) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  pThis->t_ProcessListFocusCB(object, info);
-}
-
-void CViewWidgetListWindowBase::m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewWidgetListWindowBase*>(data);
-  if (!pThis || !object || !info) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  pThis->t_ProcessListUnFocusCB(object, info);
-}
-
-void CViewWidgetListWindowBase::m_GenlistKeyPressedCB(void* data, Evas*, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewWidgetListWindowBase*>(data);
-  const auto* key = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !object || !key) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  LOG_DEBUG("keyname is [ %s ] ", key->keyname);
-  pThis->t_ProcessListKeyPressCB(key->keyname);
 }

@@ -3,12 +3,12 @@
 
 #include <memory>
 
-#include "ViewWindowBase.h"
+#include "ViewListBase.h"
 #include "WidgetList.h"
 
-class CViewWidgetListWindowBase : public CViewWindowBase {
+class CViewWidgetListWindowBase : public CViewListBase {
  public:
-  explicit CViewWidgetListWindowBase(const char* menuID) : CViewWindowBase(menuID) {}
+  explicit CViewWidgetListWindowBase(const char* menuID) : CViewListBase(menuID) {}
 
  protected:
   void t_Create() override;
@@ -17,32 +17,23 @@ class CViewWidgetListWindowBase : public CViewWindowBase {
   void t_Hide() override;
   void t_Pause() override;
   void t_Resume() override;
-  void t_Refresh() override;
+  bool t_CreateWidgetList() override;
+  void t_RegisterListKeyEvent() override;
+  void t_UnRegisterListKeyEvent() override;
+  void t_ProcessListFocusCB(Evas_Object* list, void* item) override;
+  void t_ProcessItemSelected(void* data, Evas_Object* list, void* item) override;
+  void t_ProcessItemRealized(Elm_Object_Item* item) override { t_ConfigueTTS(item); }
+  /// None when the item has no rows.
+  Evas_Object* t_List() const override { return t_pWidgetList ? t_pWidgetList->GetParent() : nullptr; }
 
-  virtual bool t_CreateWidgetList();
-  virtual void t_RegisterListKeyEvent();
-  virtual void t_UnRegisterListKeyEvent();
-  virtual void t_ProcessListFocusCB(Evas_Object* list, void* item);
-  virtual void t_ProcessListUnFocusCB(Evas_Object* list, void* item);
-  virtual void t_ProcessListKeyPressCB(std::string keyName);
-  virtual void t_ProcessItemSelected(void* data, Evas_Object* list, void* item);
-  virtual void t_AddListToUserDefineContent();
   virtual void t_ConfigueTTS(Evas_Object* item);
   virtual void t_SublistItemPress();
 
-  /// The toolkit's list; null when the item has no rows.
-  Evas_Object* t_List() const { return t_pWidgetList ? t_pWidgetList->GetParent() : nullptr; }
-
   std::unique_ptr<WidgetGenList> t_pWidgetList;
-  Elm_Genlist_Item_Class* t_pItemClass = nullptr;
   bool t_FlagFirst = true;
   /// A selection first marks the row in the list.
   bool t_FlagSelect = true;
 
  private:
   static void m_ItemSelectedCB(void* data, Evas_Object* list, void* item, void* userData);
-  static void m_ItemRealized(void* data, Evas_Object* object, void* info);
-  static void m_GenlistFocusedCB(void* data, Evas_Object* object, void* info);
-  static void m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info);
-  static void m_GenlistKeyPressedCB(void* data, Evas* canvas, Evas_Object* object, void* info);
 };
