@@ -1,27 +1,24 @@
 #include "ViewHDMIInfoWindow.h"
 
 #include <cstdio>
-#include <string_view>
 
 #include "ChannelUtil.h"
 #include "EventManager.h"
 #include "HdmiPorts.h"
+#include "InformationContent.h"
 #include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
-#include "RowFocus.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "app_framework.h"
 #include "source_api.h"
 #include "system_info.h"
 #include "tvs_api.h"
-#include "vconf.h"
 
 namespace {
 
 constexpr int kHistoryWindow = 24;
-constexpr int kWidth = 880, kHeight = 600;
 constexpr int kPadHeight = 116;
 /// Where the ports that can be set aside for HDBaseT begin.
 constexpr int kSourceBeforePorts = 12;
@@ -97,41 +94,23 @@ void CViewHDMIInfoWindow::t_Create() {
 }
 
 void CViewHDMIInfoWindow::t_CreateContent() {
-  m_pContentLayout = elm_layout_add(t_pMainBase);
-  if (!m_pContentLayout || !elm_layout_file_set(m_pContentLayout, Utils::GetEDJFile().c_str(), theme::kInformation)) {
-    LOG_ERROR("Assertion failed");
-    if (m_pContentLayout) evas_object_del(m_pContentLayout);
-    m_pContentLayout = nullptr;
-    return;
-  }
   const std::string text = T("TV_SID_DIAGNOSIS_CHECK_SIGNAL_CURRENT_EXTERNAL_DEV");
+  m_pContentLayout = AddInformation(t_pMainBase, text);
+  if (!m_pContentLayout) return;
   LOG_DEBUG(" text is [%s] ", text.c_str());
-  elm_object_part_text_set(m_pContentLayout, theme::kInformationText, text.c_str());
-  Evas_Object* table = Utils::WidgetMinSet(m_pContentLayout, t_pMainBase, kWidth, kHeight, 1);
-  evas_object_show(m_pContentLayout);
-  evas_object_show(table);
-  elm_object_part_content_set(t_pMainBase, theme::kContent, table);
-  Evas_Object* pad = Utils::CreateRectTable(m_pContentLayout, kWidth, kPadHeight, 1);
-  elm_object_part_content_set(m_pContentLayout, theme::kInformationImagePad, pad);
+  AddInformationPad(m_pContentLayout, theme::kInformationImagePad, kPadHeight);
 }
 
 void CViewHDMIInfoWindow::t_SetContent() {
   if (!m_pContentLayout) return;
-  m_pItemClass = elm_genlist_item_class_new();
-  m_pList = elm_genlist_add(m_pContentLayout);
-  if (!m_pItemClass || !m_pList) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  elm_object_scroll_item_loop_enabled_set(m_pList, EINA_TRUE);
-  KeepFocusOut(m_pList);
+  m_pList = AddFactList(m_pContentLayout);
+  m_pItemClass = NewRowClass(NeedsAdjustFontSize() ? theme::kFactAbbreviated : theme::kFact,
+                             Utils::FlagReverseMode() ? m_ItemGetTextReverse : m_ItemGetText, nullptr);
+  if (!m_pItemClass || !m_pList) return;
   elm_genlist_select_mode_set(m_pList, ELM_OBJECT_SELECT_MODE_NONE);
   elm_genlist_homogeneous_set(m_pList, EINA_TRUE);
   elm_genlist_mode_set(m_pList, ELM_LIST_COMPRESS);
-  elm_scroller_policy_set(m_pList, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_OFF);
   elm_scroller_content_min_limit(m_pList, EINA_FALSE, EINA_TRUE);
-  m_pItemClass->item_style = m_NeedsAdjustFontSize() ? theme::kFactAbbreviated : theme::kFact;
-  m_pItemClass->func.text_get = Utils::FlagReverseMode() ? m_ItemGetTextReverse : m_ItemGetText;
   t_AddContentItems();
 }
 
@@ -147,20 +126,12 @@ void CViewHDMIInfoWindow::t_AddContentItems() {
 
 char* CViewHDMIInfoWindow::m_ItemGetText(void* data, Evas_Object*, const char* part) {
   const auto* fact = static_cast<const Fact*>(data);
-  if (std::string_view(part) == theme::kRowText) return elm_entry_utf8_to_markup(fact->title.c_str());
-  if (std::string_view(part) == theme::kRowValueText) return elm_entry_utf8_to_markup(fact->value.c_str());
-  return nullptr;
+  return FactText(part, fact->title, fact->value, false);
 }
 
 char* CViewHDMIInfoWindow::m_ItemGetTextReverse(void* data, Evas_Object*, const char* part) {
   const auto* fact = static_cast<const Fact*>(data);
-  if (std::string_view(part) == theme::kRowText) return elm_entry_utf8_to_markup(fact->title.c_str());
-  if (std::string_view(part) == theme::kRowValueTextReversed) return elm_entry_utf8_to_markup(fact->value.c_str());
-  return nullptr;
-}
-
-bool CViewHDMIInfoWindow::m_NeedsAdjustFontSize() {
-  return Utils::WrapMallocdString(vconf_get_str("db/menu_widget/language")) == "xh_ZA.utf8";
+  return FactText(part, fact->title, fact->value, true);
 }
 
 void CViewHDMIInfoWindow::t_Show() {

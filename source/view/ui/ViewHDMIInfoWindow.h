@@ -46,7 +46,6 @@ class CViewHDMIInfoWindow : public CViewWindowBase {
   std::string m_GetCurrentHDMIResolution() const;
   static void m_LaunchHDMITroubleShooting();
   std::string m_GetReadContent();
-  static bool m_NeedsAdjustFontSize();
   bool m_IsRegular() const { return t_DefaultButtonNum > 1; }
 
   static char* m_ItemGetText(void* data, Evas_Object* object, const char* part);

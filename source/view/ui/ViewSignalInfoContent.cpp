@@ -8,6 +8,7 @@
 #include "CommonUtil.h"
 #include "DataProvider.h"
 #include "EventManager.h"
+#include "InformationContent.h"
 #include "Log.h"
 #include "RowFocus.h"
 #include "ThemeNames.h"
@@ -15,12 +16,10 @@
 #include "ViewSignalInfoWindow.h"
 #include "system_info.h"
 #include "toolkit_ext.h"
-#include "vconf.h"
 
 namespace {
 
 // Pixels of a 1920-pixel screen.
-constexpr int kWidth = 880, kMinHeight = 600;
 constexpr int kRowHeight = 64;
 constexpr int kActionRowHeight = 80, kActionHeight = 190;
 constexpr int kImageWidth = 440, kImageHeight = 164;
@@ -29,8 +28,6 @@ constexpr int kActionPad = 16, kImagePad = 20, kDvbPad = 96, kIsdbPad = 116;
 constexpr size_t kTextSize = 512;
 constexpr int kLevelLocalSet = 94;
 constexpr double kFullBar = 100.0, kFullErrorBar = 2000.0;
-/// Its names are too long for the size of the others.
-constexpr const char* kLongLanguage = "xh_ZA.utf8";
 
 constexpr std::string_view kStrength = "signal-information-strength";
 constexpr std::string_view kQuality = "signal-information-quality";
@@ -76,19 +73,6 @@ std::string StyleOf(const std::string& menuID) {
   return style;
 }
 
-Elm_Genlist_Item_Class* NewClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,
-                                 Elm_Gen_Item_Content_Get_Cb content) {
-  Elm_Genlist_Item_Class* itemClass = elm_genlist_item_class_new();
-  if (!itemClass) {
-    LOG_ERROR("Assertion failed");
-    return nullptr;
-  }
-  itemClass->item_style = style;
-  itemClass->func.text_get = text;
-  itemClass->func.content_get = content;
-  return itemClass;
-}
-
 void UpdateText(Elm_Object_Item* row, const char* part) {
   elm_genlist_item_fields_update(row, part, ELM_GENLIST_ITEM_FIELD_TEXT);
 }
@@ -98,27 +82,10 @@ void UpdateText(Elm_Object_Item* row, const char* part) {
 // --- the content and what goes with the type -----------------------------------------------------
 
 void CViewSignalInfoWindow::t_CreateContent() {
-  m_pContentLayout = elm_layout_add(t_pMainBase);
-  if (!m_pContentLayout || !elm_layout_file_set(m_pContentLayout, Utils::GetEDJFile().c_str(), theme::kInformation)) {
-    LOG_ERROR("Assertion failed");
-    if (m_pContentLayout) evas_object_del(m_pContentLayout);
-    m_pContentLayout = nullptr;
-    return;
-  }
-  elm_object_part_text_set(m_pContentLayout, theme::kInformationText,
-                           Utils::GetTranslationStr("TV_SIDCHECK_THE_SIGNAL_OF_EACH_CHANNEL").c_str());
-  Evas_Object* table = Utils::WidgetMinSet(m_pContentLayout, t_pMainBase, kWidth, kMinHeight, 1);
-  evas_object_show(m_pContentLayout);
-  evas_object_show(table);
-  elm_object_part_content_set(t_pMainBase, theme::kContent, table);
+  m_pContentLayout = AddInformation(t_pMainBase, Utils::GetTranslationStr("TV_SIDCHECK_THE_SIGNAL_OF_EACH_CHANNEL"));
+  if (!m_pContentLayout) return;
   ea_object_config_set_auto_transparency(t_pMainBase, 1);
   t_DecorateBySignalInfoType();
-}
-
-void CViewSignalInfoWindow::m_AddPad(const char* part, int height) {
-  Evas_Object* pad = Utils::CreateRectTable(m_pContentLayout, kWidth, height, 1);
-  evas_object_show(pad);
-  elm_object_part_content_set(m_pContentLayout, part, pad);
 }
 
 bool CViewSignalInfoWindow::m_HasSignalImage() const {
@@ -128,20 +95,20 @@ bool CViewSignalInfoWindow::m_HasSignalImage() const {
 void CViewSignalInfoWindow::t_DecorateBySignalInfoType() {
   switch (m_nSignalInfoType) {
     case CTvsUtil::SIGNAL_INFO_ISDB_DIGITAL:
-      m_AddPad(theme::kInformationImagePad, kIsdbPad);
+      AddInformationPad(m_pContentLayout, theme::kInformationImagePad, kIsdbPad);
       break;
     case CTvsUtil::SIGNAL_INFO_ISDB:
     case CTvsUtil::SIGNAL_INFO_ATSC:
-      m_AddPad(theme::kInformationImagePad, kImagePad);
+      AddInformationPad(m_pContentLayout, theme::kInformationImagePad, kImagePad);
       t_CreateSignalImage();
       t_HandleSignalStrength();
       break;
     case CTvsUtil::SIGNAL_INFO_DVB_BASIC:
     case CTvsUtil::SIGNAL_INFO_DVB_SQI:
-      m_AddPad(theme::kInformationImagePad, kDvbPad);
+      AddInformationPad(m_pContentLayout, theme::kInformationImagePad, kDvbPad);
       break;
     case CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE:
-      m_AddPad(theme::kInformationActionPad, kActionPad);
+      AddInformationPad(m_pContentLayout, theme::kInformationActionPad, kActionPad);
       break;
     default:
       break;
@@ -177,35 +144,26 @@ void CViewSignalInfoWindow::t_HandleSignalStrength() {
 
 // --- the lists -----------------------------------------------------------------------------------
 
-bool CViewSignalInfoWindow::m_NeedsAdjustFontSize() {
-  const std::string language = Utils::WrapMallocdString(vconf_get_str("db/menu_widget/language"));
-  return language == kLongLanguage;
-}
-
 bool CViewSignalInfoWindow::m_CreateItemClasses() {
-  const bool abbreviated = m_NeedsAdjustFontSize();
+  const bool abbreviated = NeedsAdjustFontSize();
   const auto text = ua_UI_orientation_get() != 0 ? m_ItemGetTextReverse : m_ItemGetText;
-  m_pTextClass = NewClass(abbreviated ? theme::kFactAbbreviated : theme::kFact, text, nullptr);
+  m_pTextClass = NewRowClass(abbreviated ? theme::kFactAbbreviated : theme::kFact, text, nullptr);
   if (!m_pTextClass) return false;
-  m_pBarClass = NewClass(abbreviated ? theme::kMeasureAbbreviated : theme::kMeasure, text, m_ItemGetContent);
+  m_pBarClass = NewRowClass(abbreviated ? theme::kMeasureAbbreviated : theme::kMeasure, text, m_ItemGetContent);
   return m_pBarClass != nullptr;
 }
 
 void CViewSignalInfoWindow::t_SetContent() {
   if (!m_pContentLayout) return;
-  m_pContentList = elm_genlist_add(m_pContentLayout);
-  elm_object_scroll_item_loop_enabled_set(m_pContentList, EINA_TRUE);
-  KeepFocusOut(m_pContentList);
-  // All of its rows are there; a zoomed height may be rounded by a pixel.
-  elm_scroller_policy_set(m_pContentList, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_OFF);
-  if (!m_CreateItemClasses()) return;
+  m_pContentList = AddFactList(m_pContentLayout);
+  if (!m_pContentList || !m_CreateItemClasses()) return;
   t_AddDVBSetTuneAction();
   t_AddContentItems();
 }
 
 void CViewSignalInfoWindow::t_AddDVBSetTuneAction() {
   if (m_nSignalInfoType != CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE || vSIActionData.empty()) return;
-  m_pActionClass = NewClass(theme::kRowValue, m_ItemGetText, nullptr);
+  m_pActionClass = NewRowClass(theme::kRowValue, m_ItemGetText, nullptr);
   if (!m_pActionClass) return;
   m_pActionList = elm_genlist_add(m_pContentLayout);
   elm_genlist_select_mode_set(m_pActionList, ELM_OBJECT_SELECT_MODE_ALWAYS);
@@ -215,7 +173,7 @@ void CViewSignalInfoWindow::t_AddDVBSetTuneAction() {
                             &row);
   }
   KeepRowFocus(m_pActionList);
-  Evas_Object* table = Utils::WidgetMinSet(m_pActionList, m_pContentLayout, kWidth, kActionHeight, 1);
+  Evas_Object* table = Utils::WidgetMinSet(m_pActionList, m_pContentLayout, kInformationWidth, kActionHeight, 1);
   // The rows stand in the middle of their ground.
   const int gap = (kActionHeight - kActionRowHeight * static_cast<int>(vSIActionData.size())) / 2;
   const int padding = Utils::Scaled(m_pContentLayout, gap);
@@ -235,7 +193,7 @@ void CViewSignalInfoWindow::t_AddContentItems() {
                             nullptr, nullptr);
   }
   const int height = kRowHeight * static_cast<int>(vSIContentData.size());
-  Evas_Object* table = Utils::WidgetMinSet(m_pContentList, m_pContentLayout, kWidth, height, 1);
+  Evas_Object* table = Utils::WidgetMinSet(m_pContentList, m_pContentLayout, kInformationWidth, height, 1);
   evas_object_show(m_pContentList);
   evas_object_show(table);
   elm_object_part_content_set(m_pContentLayout, theme::kInformationItems, table);
@@ -264,17 +222,14 @@ void CViewSignalInfoWindow::t_HandleAdditionalSignalInfoCases() {
 char* CViewSignalInfoWindow::m_ItemGetText(void* data, Evas_Object*, const char* part) {
   const auto* row = static_cast<SignalInfoData*>(data);
   if (!row || !part) return nullptr;
-  if (std::strcmp(part, theme::kRowText) == 0) return strdup(row->strTitle.c_str());
-  if (std::strcmp(part, theme::kRowValueText) != 0) return nullptr;
-  if (row->strMenuID == kStrength && ReadLocalSet() == kLevelLocalSet) return StrengthText(row->strValue);
-  return strdup(row->strValue.c_str());
+  const bool value = std::strcmp(part, theme::kRowValueText) == 0;
+  if (value && row->strMenuID == kStrength && ReadLocalSet() == kLevelLocalSet) return StrengthText(row->strValue);
+  return FactText(part, row->strTitle, row->strValue, false);
 }
 
 char* CViewSignalInfoWindow::m_ItemGetTextReverse(void* data, Evas_Object*, const char* part) {
   const auto* row = static_cast<SignalInfoData*>(data);
-  if (!row || !part) return nullptr;
-  if (std::strcmp(part, theme::kRowText) == 0) return strdup(row->strTitle.c_str());
-  return std::strcmp(part, theme::kRowValueTextReversed) == 0 ? strdup(row->strValue.c_str()) : nullptr;
+  return row && part ? FactText(part, row->strTitle, row->strValue, true) : nullptr;
 }
 
 Evas_Object* CViewSignalInfoWindow::m_ItemGetContent(void* data, Evas_Object* list, const char* part) {

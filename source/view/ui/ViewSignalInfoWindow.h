@@ -60,12 +60,10 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   static SignalInfoData m_FetchDataAsync(const char* id, void* window);
   static void m_ReadValue(SignalInfoData& row);
   void m_KeepRow(const SignalInfoData& row);
-  void m_AddPad(const char* part, int height);
   bool m_CreateItemClasses();
   void m_StopRefresh();
   void m_RefreshMeasures(int strength, int quality, int ber);
   bool m_HasSignalImage() const;
-  static bool m_NeedsAdjustFontSize();
   std::string m_Hint() const;
   std::string m_GetReadContent() const;
   std::string m_SetTuneGetReadContent() const;

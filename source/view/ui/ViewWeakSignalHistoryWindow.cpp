@@ -8,6 +8,7 @@
 #include "ChannelUtil.h"
 #include "EventManager.h"
 #include "HdmiPorts.h"
+#include "InformationContent.h"
 #include "Log.h"
 #include "ThemeNames.h"
 #include "Utils.h"
@@ -20,7 +21,6 @@
 namespace {
 
 constexpr int kDelayLevelWindow = 25;
-constexpr int kWidth = 880, kHeight = 600;
 /// So many rows are seen at once.
 constexpr int kRowsInView = 5;
 constexpr size_t kTextSize = 512;
@@ -169,10 +169,7 @@ void CViewWeakSignalHistoryWindow::t_AddListToUserDefineContent() {
   } else {
     elm_object_signal_emit(m_pContentLayout, theme::kHistoryEmpty, theme::kSource);
   }
-  Evas_Object* table = Utils::WidgetMinSet(m_pContentLayout, t_pMainBase, kWidth, kHeight, 1);
-  evas_object_show(m_pContentLayout);
-  evas_object_show(table);
-  elm_object_part_content_set(t_pMainBase, theme::kContent, table);
+  PlaceInformation(t_pMainBase, m_pContentLayout);
 }
 
 Evas_Object* CViewWeakSignalHistoryWindow::m_CreateLayout() {
