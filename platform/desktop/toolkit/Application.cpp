@@ -132,8 +132,7 @@ void Application::HoldFramesForView() {
     return ECORE_CALLBACK_PASS_ON;
   };
   m_release = ecore_event_handler_add(m_marker, release, this);
-  ecore_event_add(
-      m_marker, nullptr, [](void*, void*) {}, nullptr);
+  PostMarker();
 }
 
 void Application::Launch(const std::string& menuID, const std::map<std::string, std::string>& extra) {
@@ -174,14 +173,24 @@ void Application::Finish() {
 
 // --- scripts -------------------------------------------------------------------------------------
 
+/// A turn of the loop ends with an event: one that dealt with nothing but a timer sleeps on until the next.
+void Application::PostMarker() {
+  ecore_event_add(
+      m_marker, nullptr, [](void*, void*) {}, nullptr);
+}
+
 void Application::Settle() {
   int frames = 0, all = 0;
+  auto count = [this, &frames] {
+    ++frames;
+    PostMarker();
+  };
   Ecore_Animator* animator = ecore_animator_add(
       [](void* data) -> Eina_Bool {
-        ++*static_cast<int*>(data);
+        (*static_cast<decltype(count)*>(data))();
         return ECORE_CALLBACK_RENEW;
       },
-      &frames);
+      &count);
   m_active = false;
   while (frames < kQuietFrames && (IsOffScreen() || all < kMostFrames)) {
     if (g_clock) {
@@ -199,8 +208,7 @@ void Application::Settle() {
 /// A turn of the loop may deal with timers alone: an event of our own comes last of those that wait.
 void Application::DeliverEvents() {
   m_marked = false;
-  ecore_event_add(
-      m_marker, nullptr, [](void*, void*) {}, nullptr);
+  PostMarker();
   while (!m_marked) ecore_main_loop_iterate_may_block(0);
 }
 
@@ -210,13 +218,17 @@ void Application::Wait(double seconds) {
     return Settle();
   }
   bool passed = false;
+  auto pass = [this, &passed] {
+    passed = true;
+    PostMarker();
+  };
   Ecore_Timer* timer = ecore_timer_add(
       seconds,
       [](void* data) -> Eina_Bool {
-        *static_cast<bool*>(data) = true;
+        (*static_cast<decltype(pass)*>(data))();
         return ECORE_CALLBACK_CANCEL;
       },
-      &passed);
+      &pass);
   while (!passed && !m_exited) ecore_main_loop_iterate_may_block(1);
   if (!passed) ecore_timer_del(timer);
 }

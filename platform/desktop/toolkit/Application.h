@@ -56,6 +56,7 @@ class Application {
   void RunStep(const Step& step);
   void Report();
   void WaitForWindow();
+  void PostMarker();
   void DeliverEvents();
   void Listen();
   void Deal(const std::string& notice);
