@@ -78,6 +78,16 @@ TEST(CommandLine, ScriptsAreWrittenOutAndKept) {
   EXPECT_EQ(tv.Get(kRating + "tv_y"), "32");
 }
 
+TEST(CommandLine, AWindowThatIsLeftAloneStaysAsItIs) {
+  const TvFile tv;
+  const std::string keys = "shot:" + (tv / "opened.png") + " wait:0.5 wait:0.2 wait:0.5 shot:" + (tv / "left.png");
+  const Outcome outcome = tv.Program({"signal-information-weakhistory", "--keys", keys, "--dump", tv / "screen.json"});
+  EXPECT_EQ(outcome.output + outcome.errors, "");
+  EXPECT_FALSE(Parsed(test::ReadWhole(tv / "screen.json"))["exited"].asBool()) << "it waited for too long";
+  EXPECT_EQ(SizeOfPng(tv / "opened.png"), std::make_pair(1920u, 1080u));
+  EXPECT_TRUE(test::ReadWhole(tv / "opened.png") == test::ReadWhole(tv / "left.png")) << "something has moved";
+}
+
 TEST(CommandLine, LaunchParametersReachTheProgram) {
   const TvFile tv;
   EXPECT_EQ(tv.Program({"tv-rating", "--extra", "PrevSubmenu=com.vantrel.tv.parent", "--extra=deeplink=a=b", "--keys",
