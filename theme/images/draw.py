@@ -86,10 +86,18 @@ def draw_arrow():
     write_png("arrow-down.png", 48, lambda x, y: coverage(x, 48 - y))
 
 
-def draw_shade():
-    """Thick at the edge, clear within."""
-    write_png("shade-top.png", 48, lambda x, y: (1 - y / 48) ** 1.5)
-    write_png("shade-bottom.png", 48, lambda x, y: (y / 48) ** 1.5)
+def draw_shade(radius):
+    """Thick at the edge, clear within; round at the corners, like the ground below it."""
+    size = 48
+
+    def coverage(x, y):
+        dx = abs(x - size / 2) - (size / 2 - radius)
+        dy = radius - y
+        distance = math.hypot(dx, dy) - radius if min(dx, dy) > 0 else -1.0
+        return (1 - y / size) ** 1.5 * inside(distance)
+
+    write_png("shade-top.png", size, coverage)
+    write_png("shade-bottom.png", size, lambda x, y: coverage(x, size - y))
 
 
 for corner in (5, 6, 10, 16, 20, 24, 28):
@@ -98,4 +106,4 @@ for corner, line in ((10, 4), (16, 3), (20, 3), (28, 4)):
     draw_ring(corner, line)
 draw_tick()
 draw_arrow()
-draw_shade()
+draw_shade(20)
