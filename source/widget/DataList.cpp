@@ -79,7 +79,8 @@ std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string
 }
 
 std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string& menuID, DataInfo&& info) {
-  auto node = std::make_unique<ElementaryNode>(info.id.empty() ? menuID : std::move(info.id));
+  if (info.id.empty()) info.id = menuID;
+  auto node = std::make_unique<ElementaryNode>(std::move(info.id));
   node->SetShowStatus(ITEM_SHOW_VISIBLE);
   node->SetContent(ElementaryNode::kTitle, std::move(info.displayName));
   node->SetContent(ElementaryNode::kValue, std::move(info.value));
