@@ -29,7 +29,7 @@ constexpr Window kWindows[] = {
     {"signal-information", "europe", "Up", "Down"},
     {"signal-information-weakhistory", "europe", "Left", "Right"},
     {"hdmi-information", "hdmi", "Up", "Down"},
-    {"fine-tune", "america", "Right", "Left"},
+    {"fine-tune", "america", "Left", "Right"},
 };
 
 std::vector<std::string> Own(const std::string& what, const std::string& menuID, const std::string& number) {
