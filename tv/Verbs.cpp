@@ -2,9 +2,7 @@
 
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 
 #include "Gate.h"
@@ -14,6 +12,7 @@
 #include "Schema.h"
 #include "Usb.h"
 #include "settings_api.h"
+#include "tvs/Text.h"
 #include "tvs/TvProfile.h"
 
 using namespace desktop;
@@ -27,14 +26,12 @@ void Want(const Arguments& arguments, size_t least, size_t most, const char* usa
 }
 
 long Number(const std::string& word, const char* what, long least, long most) {
-  char* end = nullptr;
-  errno = 0;
-  const long number = std::strtol(word.c_str(), &end, 10);
-  if (word.empty() || *end || errno || number < least || number > most) {
+  const auto number = ToNumber(word);
+  if (!number || *number < least || *number > most) {
     throw WordError(std::string(what) + " '" + word + "': wants " + std::to_string(least) + " to " +
                     std::to_string(most));
   }
-  return number;
+  return *number;
 }
 
 // --- the TV itself -------------------------------------------------------------------------------

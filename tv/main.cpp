@@ -6,6 +6,7 @@
 #include "Profile.h"
 #include "Store.h"
 #include "Verbs.h"
+#include "tvs/Text.h"
 
 using namespace desktop;
 
@@ -79,10 +80,10 @@ int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
   } catch (const WordError& error) {
-    std::fprintf(stderr, "quirelle-tv: %s\n", error.what());
+    std::fprintf(stderr, "quirelle-tv: %s\n", OneLine(error.what()).c_str());
     return kUsage;
   } catch (const std::runtime_error& error) {
-    std::fprintf(stderr, "quirelle-tv: %s\n", error.what());
+    std::fprintf(stderr, "quirelle-tv: %s\n", OneLine(error.what()).c_str());
     return kFailure;
   }
 }

@@ -1,3 +1,4 @@
+#include <climits>
 #include <cstdlib>
 #include <cstring>
 
@@ -173,13 +174,15 @@ int BandWidthFromText(const char* text) {
 }
 
 int StepFrequency(int value, MenuKeyDirection direction) {
-  if (direction == MENU_KEY_UP && value != CTvsUtil::kHighestFrequency) return value + 1;
-  if (direction == MENU_KEY_DOWN && value != CTvsUtil::kLowestFrequency) return value - 1;
+  if (direction == MENU_KEY_UP && value != CTvsUtil::kHighestFrequency && value != INT_MAX) return value + 1;
+  if (direction == MENU_KEY_DOWN && value != CTvsUtil::kLowestFrequency && value != INT_MIN) return value - 1;
   return value;
 }
 
 int StepBandWidth(int value, MenuKeyDirection direction, bool nordic) {
   if (direction != MENU_KEY_UP && direction != MENU_KEY_DOWN) return value;
+  // A channel may have been stored with any number for its bandwidth.
+  if (value < BANDWIDTH_5 || value > BANDWIDTH_712) value = BANDWIDTH_UNKNOWN;
   if (!nordic) return (value + (direction == MENU_KEY_UP ? 1 : 5)) % 6;
   if (value == BANDWIDTH_7) return BANDWIDTH_8;
   if (value == BANDWIDTH_8) return BANDWIDTH_7;

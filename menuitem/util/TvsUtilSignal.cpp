@@ -5,6 +5,7 @@
 
 #include "CacheManager.h"
 #include "Log.h"
+#include "TextUtil.h"
 #include "TvsShared.h"
 #include "TvsUtil.h"
 #include "util.h"
@@ -164,7 +165,7 @@ int CTvsUtil::GetChannelID(char* out) {
   if (channels.empty()) return 0;
   for (const auto& [known, text] : channels) {
     if (known != number) continue;
-    snprintf(out, kTextSize, "%s", text.c_str());
+    CopyText(out, kTextSize, text);
     LOG_DEBUG("found : %d / text : %s", known, out);
     return 0;
   }
@@ -183,10 +184,10 @@ int CTvsUtil::GetBandWidthFromDispStr(const char* text) { return tvs::BandWidthF
 int CTvsUtil::SetCacheFrequency(MenuKeyDirection direction, const char* text, EProfile) {
   const int* stored = CCacheManager::GetInstance()->FindStored<int>(kFrequencyKey);
   if (text) {
-    const long typed = std::strtol(text, nullptr, 10);
+    const int typed = NumberAtStart(text);
     const bool inRange = typed >= kLowestFrequency && typed <= kHighestFrequency;
-    if (!inRange) return stored ? *stored : static_cast<int>(typed);
-    return StoreStepped(kFrequencyKey, static_cast<int>(typed));
+    if (!inRange) return stored ? *stored : typed;
+    return StoreStepped(kFrequencyKey, typed);
   }
   if (!stored) return StoreStepped(kFrequencyKey, 0);
   LOG_DEBUG("CacheValue:%d", *stored);

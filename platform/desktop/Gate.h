@@ -2,6 +2,7 @@
 // writes the journal.
 #pragma once
 
+#include <cstdlib>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -137,7 +138,7 @@ class Gate {
     if constexpr (std::is_same_v<R, bool>) {
       return text == "true";
     } else if constexpr (std::is_arithmetic_v<R> || std::is_enum_v<R>) {
-      return static_cast<R>(text.empty() ? 0 : std::stoll(text));
+      return static_cast<R>(std::strtoll(text.c_str(), nullptr, 10));
     } else {
       return R(nullptr);
     }

@@ -13,6 +13,7 @@
 #include "Deployment.h"
 #include "Gate.h"
 #include "Schema.h"
+#include "tvs/Text.h"
 #include "tvs/TvProfile.h"
 
 namespace desktop {
@@ -40,33 +41,14 @@ ProfileSection& SectionOf(std::vector<ProfileSection>& sections, const std::stri
 void ReadFile(const fs::path& path, std::vector<ProfileSection>& sections, int depth) {
   std::ifstream file(path);
   if (!file) throw ProfileError(path.string() + ": " + std::strerror(errno));
-  std::string current;
-  int number = 0;
-  for (std::string raw; std::getline(file, raw);) {
-    ProfileLine line{path.filename().string() + ":" + std::to_string(++number), Trimmed(raw)};
-    if (line.text.empty() || line.text[0] == '#') continue;
-    if (line.text[0] == '[') {
-      if (line.text.back() != ']') throw ProfileError(line, "section without a closing bracket");
-      current = line.text.substr(1, line.text.size() - 2);
-    } else if (line.text.starts_with("include ")) {
-      if (depth == 0) throw ProfileError(line, "includes itself");
-      ReadFile(path.parent_path() / Trimmed(line.text.substr(8)), sections, depth - 1);
-    } else if (current.empty()) {
-      throw ProfileError(line, "stands outside a section");
-    } else {
-      SectionOf(sections, current).lines.push_back(line);
-    }
-  }
+  ReadProfileText(file, path, sections, depth);
+  if (file.bad()) throw ProfileError(path.string() + ": cannot be read");
 }
 
 long Number(const ProfileLine& line, const std::string& word) {
-  try {
-    size_t used = 0;
-    const long number = std::stol(word, &used);
-    if (used == word.size()) return number;
-  } catch (const std::logic_error&) {
-  }
-  throw ProfileError(line, "'" + word + "' is no number");
+  const auto number = ToNumber(word);
+  if (!number) throw ProfileError(line, "'" + word + "' is no number");
+  return *number;
 }
 
 void WriteSetting(const ProfileLine& line) {
@@ -79,11 +61,16 @@ void WriteSetting(const ProfileLine& line) {
     if (!kept) Query("REPLACE INTO power_on VALUES (?, ?, ?)", key, type, value).Run();
   };
   if (type == "int") {
-    write(static_cast<int64_t>(Number(line, rest)));
+    const long number = Number(line, rest);
+    if (number < INT32_MIN || number > INT32_MAX) throw ProfileError(line, "'" + rest + "' is too big");
+    write(static_cast<int64_t>(number));
   } else if (type == "bool") {
     if (rest != "true" && rest != "false") throw ProfileError(line, "'" + rest + "' is neither true nor false");
     write(rest == "true" ? 1 : 0);
-  } else if (type == "string" || type == "ints") {
+  } else if (type == "ints") {
+    for (std::string words = rest; !words.empty();) Number(line, TakeWord(words));
+    write(rest);
+  } else if (type == "string") {
     write(rest);
   } else {
     throw ProfileError(line, "unknown type '" + type + "'");
@@ -96,6 +83,8 @@ void WriteItem(const ProfileLine& line, int place) {
   const std::string kind = TakeWord(rest), id = TakeWord(rest), name = TakeWord(rest);
   if (kind != "window" && kind != "item" && kind != "group") throw ProfileError(line, "unknown kind '" + kind + "'");
   if (name.empty()) throw ProfileError(line, "a name is missing");
+  // A file that includes another says anew what an item is.
+  Query("DELETE FROM choice WHERE item = ?", id).Run();
   std::string parent, value;
   int choice = 0;
   while (!rest.empty()) {
@@ -137,25 +126,6 @@ void WriteApplication(const ProfileLine& line) {
   Query("REPLACE INTO application VALUES (?, ?)", id, rest == "running" ? 1 : 0).Run();
 }
 
-void WriteSection(const ProfileSection& section) {
-  int place = 0;
-  for (const ProfileLine& line : section.lines) {
-    if (section.name == "settings" || section.name == "features" || section.name == "system") {
-      WriteSetting(line);
-    } else if (section.name == "menu") {
-      WriteItem(line, place++);
-    } else if (section.name == "chips") {
-      WriteChip(line, 0);
-    } else if (section.name == "chips high-contrast") {
-      WriteChip(line, 1);
-    } else if (section.name == "applications") {
-      WriteApplication(line);
-    } else {
-      throw ProfileError(line, "unknown section [" + section.name + "]");
-    }
-  }
-}
-
 /// An SQLite file with the schema and nothing in it.
 void MakeEmpty(const std::string& path) {
   sqlite3* db = nullptr;
@@ -195,6 +165,45 @@ void MoveIntoPlace(const fs::path& made, const fs::path& path, bool replace) {
 
 }  // namespace
 
+void ReadProfileText(std::istream& text, const fs::path& path, std::vector<ProfileSection>& sections, int includes) {
+  std::string current;
+  int number = 0;
+  for (std::string raw; std::getline(text, raw);) {
+    ProfileLine line{path.filename().string() + ":" + std::to_string(++number), Trimmed(raw)};
+    if (line.text.empty() || line.text[0] == '#') continue;
+    if (line.text[0] == '[') {
+      if (line.text.back() != ']') throw ProfileError(line, "section without a closing bracket");
+      current = line.text.substr(1, line.text.size() - 2);
+    } else if (line.text.starts_with("include ")) {
+      if (includes == 0) throw ProfileError(line, "includes itself");
+      ReadFile(path.parent_path() / Trimmed(line.text.substr(8)), sections, includes - 1);
+    } else if (current.empty()) {
+      throw ProfileError(line, "stands outside a section");
+    } else {
+      SectionOf(sections, current).lines.push_back(line);
+    }
+  }
+}
+
+void WriteSection(const ProfileSection& section) {
+  int place = 0;
+  for (const ProfileLine& line : section.lines) {
+    if (section.name == "settings" || section.name == "features" || section.name == "system") {
+      WriteSetting(line);
+    } else if (section.name == "menu") {
+      WriteItem(line, place++);
+    } else if (section.name == "chips") {
+      WriteChip(line, 0);
+    } else if (section.name == "chips high-contrast") {
+      WriteChip(line, 1);
+    } else if (section.name == "applications") {
+      WriteApplication(line);
+    } else {
+      throw ProfileError(line, "unknown section [" + section.name + "]");
+    }
+  }
+}
+
 std::string TakeWord(std::string& text) {
   const size_t end = text.find_first_of(" \t");
   std::string word = text.substr(0, end);
@@ -209,7 +218,8 @@ std::vector<std::pair<std::string, std::string>> Profiles() {
     std::string first;
     std::ifstream file(entry.path());
     std::getline(file, first);
-    profiles.emplace_back(entry.path().stem(), Trimmed(first.substr(first.find_first_not_of("# "))));
+    first.erase(0, first.find_first_not_of("# "));
+    profiles.emplace_back(entry.path().stem(), Trimmed(first));
   }
   std::sort(profiles.begin(), profiles.end());
   return profiles;

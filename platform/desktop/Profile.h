@@ -1,6 +1,8 @@
 // Profiles: readable text from which a TV is made.
 #pragma once
 
+#include <filesystem>
+#include <istream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -42,6 +44,13 @@ struct TvOptions {
 /// Makes a TV in `path`, as a whole or not at all; what was skipped on the way, a line each. Throws ProfileError
 /// or StoreError; a file that is already there is an error unless `replace` is set.
 std::vector<std::string> MakeTv(const std::string& path, const TvOptions& options, bool replace);
+
+/// Adds the sections of a profile's text, and of the files beside `path` that it includes, at most `includes` deep.
+/// Throws ProfileError.
+void ReadProfileText(std::istream& text, const std::filesystem::path& path, std::vector<ProfileSection>& sections,
+                     int includes);
+/// Writes a section that is no TvProfile's into the open TV. Throws ProfileError.
+void WriteSection(const ProfileSection& section);
 
 /// The next word of a line, taken off its front; empty at its end.
 std::string TakeWord(std::string& text);

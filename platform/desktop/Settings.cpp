@@ -1,11 +1,12 @@
+#include <climits>
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
 #include <sstream>
 #include <vector>
 
 #include "Gate.h"
 #include "system_info.h"
+#include "tvs/Text.h"
 #include "vconf.h"
 
 namespace desktop {
@@ -13,6 +14,15 @@ namespace desktop {
 namespace {
 
 constexpr const char* kRead = "SELECT value FROM setting WHERE key = ? AND type = ?";
+
+/// Throws StoreError for what is no number, which then cannot be read.
+int ToInt(const char* key, const std::string& text) {
+  const auto number = ToNumber(text);
+  if (!number || *number < INT_MIN || *number > INT_MAX) {
+    throw StoreError(Store::Get().Path() + ": " + key + ": '" + OneLine(text) + "' is no number");
+  }
+  return static_cast<int>(*number);
+}
 
 /// Calls `take(query)` with the key's row; false when there is none of that type.
 template <class Take>
@@ -46,7 +56,7 @@ int Set(const Operation& operation, const char* key, const char* type, const Val
 template <class Number>
 int GetNumber(const Operation& operation, const char* key, const char* type, Number* value) {
   return Gate::Pass<int>(operation, Entry(key), [&](Entry& entry) {
-    const bool found = key && Read(key, type, [&](Query& q) { *value = static_cast<Number>(q.Int(0)); });
+    const bool found = key && Read(key, type, [&](Query& q) { *value = static_cast<Number>(ToInt(key, q.Text(0))); });
     if (found) entry.Out(*value);
     return found ? 0 : -1;
   });
@@ -66,9 +76,11 @@ int GetText(const Operation& operation, const char* key, char** value) {
 }
 
 /// The numbers of a text such as "8 9 4".
-std::vector<int> Numbers(const std::string& text) {
+std::vector<int> Numbers(const char* key, const std::string& text) {
+  std::vector<int> numbers;
   std::istringstream stream(text);
-  return {std::istream_iterator<int>(stream), {}};
+  for (std::string word; stream >> word;) numbers.push_back(ToInt(key, word));
+  return numbers;
 }
 
 }  // namespace
@@ -124,7 +136,7 @@ int system_info_get_value_int_array(system_info_key_e key, _system_info_value_ar
   const std::string name = NumberedKey("system_info", key);
   return Gate::Pass<int>(op::system_info_get_value_int_array, Entry(name), [&](Entry& entry) {
     std::vector<int> numbers;
-    if (!Read(name.c_str(), "ints", [&](Query& q) { numbers = Numbers(q.Text(0)); })) return -1;
+    if (!Read(name.c_str(), "ints", [&](Query& q) { numbers = Numbers(name.c_str(), q.Text(0)); })) return -1;
     value->count = static_cast<int>(numbers.size());
     value->values = static_cast<int*>(calloc(numbers.size() + 1, sizeof(int)));
     std::copy(numbers.begin(), numbers.end(), value->values);

@@ -40,7 +40,9 @@ std::string Stepped(const std::string& id, const std::string& value, int step) {
     }
   }
   int number = 0;
-  std::from_chars(value.data(), value.data() + value.size(), number);
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  // There is no next one to a number that nobody can read.
+  if (error == std::errc::result_out_of_range) return value;
   return std::to_string(int64_t{number} + step);
 }
 

@@ -1,10 +1,10 @@
 #include "DataProvider.h"
 
-#include <cstdio>
 #include <string>
 #include <string_view>
 
 #include "Log.h"
+#include "TextUtil.h"
 #include "settings_api.h"
 
 namespace {
@@ -35,7 +35,7 @@ constexpr ItemStyle kStyles[] = {
     {"hdmi-delay-level", "ctxpopup.bottom"},
 };
 
-void Copy(char* out, const std::string& text) { snprintf(out, kBufferSize, "%s", text.c_str()); }
+void Copy(char* out, const std::string& text) { CopyText(out, kBufferSize, text); }
 
 bool IsNull(const char* id) {
   if (!id) LOG_DEBUG("Null");

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "Log.h"
+#include "TextUtil.h"
 #include "usb_device.h"
 
 CDeviceManager* CDeviceManager::m_pInstance = nullptr;
@@ -91,7 +92,7 @@ void CDeviceManager::m_AddDevice(usb_device_h device) {
   }
   DEVICE_INFO info;
   const char* product = usb_device_get_product(device);
-  snprintf(info.productName, sizeof info.productName, "%s", product ? product : "");
+  CopyText(info.productName, sizeof info.productName, product ? product : "");
   const char* path = usb_device_get_mountpath(device);
   if (!path) {
     LOG_ERROR("get device mount path failed");

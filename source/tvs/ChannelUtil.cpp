@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "Log.h"
+#include "TextUtil.h"
 #include "TvsShared.h"
 #include "time_util.h"
 #include "util.h"
@@ -235,12 +236,12 @@ bool ChannelUtil::TuneAloneSelectedTransponder(bool enablePositioner) {
 int ChannelUtil::SetCacheFrequency(MenuKeyDirection direction, const char* text, EProfile) {
   int value = CacheFrequency;
   if (text) {
-    const long typed = std::strtol(text, nullptr, 10);
+    const int typed = NumberAtStart(text);
     if (typed < CTvsUtil::kLowestFrequency || typed > CTvsUtil::kHighestFrequency) {
       LOG_DEBUG("Invaild Case");
       return CacheFrequency;
     }
-    value = static_cast<int>(typed);
+    value = typed;
   } else {
     LOG_DEBUG("CacheValue:%d", value);
     value = tvs::StepFrequency(value, direction);

@@ -7,6 +7,7 @@
 
 #include "LanguageTable.h"
 #include "Log.h"
+#include "TextUtil.h"
 #include "Utils.h"
 #include "time_util.h"
 #include "toolkit_ext.h"
@@ -147,7 +148,7 @@ void CommonUtil::GetDeafaultYearByLocalSet(int*, int*, int* year) {
     return;
   }
   LOG_DEBUG("SYSTEM_INFO_KEY_TV_CURRENT_YEAR : %s", text);
-  *year = static_cast<int>(std::strtol(text, nullptr, 10));
+  *year = NumberAtStart(text);
   free(text);
   LOG_DEBUG(" Default year ");
 }

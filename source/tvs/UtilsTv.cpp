@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "Log.h"
+#include "TextUtil.h"
 #include "TvsUtil.h"
 #include "Utils.h"
 #include "app_framework.h"
@@ -180,7 +181,7 @@ void Utils::ReplaceSingleText(char* dst, const char* text, const char* pattern, 
   std::string result = text;
   const size_t at = *pattern ? result.find(pattern) : std::string::npos;
   if (at != std::string::npos) result.replace(at, std::strlen(pattern), replacement);
-  snprintf(dst, size, "%s", result.c_str());
+  CopyText(dst, size, result);
   LOG_DEBUG("result text:%s", dst);
 }
 

@@ -1,8 +1,7 @@
 #include "DataElementary.h"
 
-#include <cstdio>
-
 #include "Log.h"
+#include "TextUtil.h"
 
 namespace {
 
@@ -34,12 +33,12 @@ void SimpleElementaryNode::SetContent(std::string_view key, std::string text) {
 }
 
 void ElementaryNode::GetNodeDisplayName(char* out) const {
-  snprintf(out, kBufferSize, "%s", GetContent(kTitle).c_str());
+  CopyText(out, kBufferSize, GetContent(kTitle));
   LOG_DEBUG("GetNodeDisplayName is [%s]", out);
 }
 
 void ElementaryNode::GetNodeValue(char* value, char* displayValue) const {
   const bool choice = t_Find(kChoice) != nullptr;
-  snprintf(value, kBufferSize, "%s", GetContent(kValue).c_str());
-  snprintf(displayValue, kBufferSize, "%s", GetContent(choice ? kChoice : kDisplayValue).c_str());
+  CopyText(value, kBufferSize, GetContent(kValue));
+  CopyText(displayValue, kBufferSize, GetContent(choice ? kChoice : kDisplayValue));
 }

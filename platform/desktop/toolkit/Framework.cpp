@@ -6,6 +6,7 @@
 #include "Applications.h"
 #include "Gate.h"
 #include "Profile.h"
+#include "tvs/Text.h"
 
 namespace desktop {
 
@@ -38,7 +39,7 @@ bool IsMenuID(const std::string& id) {
   if (id.empty()) {
     std::fprintf(stderr, "quirelle: a menu ID is missing; there are:");
   } else {
-    std::fprintf(stderr, "quirelle: unknown menu ID '%s'; there are:", id.c_str());
+    std::fprintf(stderr, "quirelle: unknown menu ID '%s'; there are:", OneLine(id).c_str());
   }
   for (const std::string& known : MenuIDs()) std::fprintf(stderr, " %s", known.c_str());
   std::fprintf(stderr, "\n");
@@ -50,7 +51,7 @@ Options CommandLine(int argc, char** argv) {
   try {
     options = ParseOptions(argc, argv);
   } catch (const UsageError& error) {
-    std::fprintf(stderr, "quirelle: %s\n", error.what());
+    std::fprintf(stderr, "quirelle: %s\n", OneLine(error.what()).c_str());
     std::exit(kUsage);
   }
   if (options.help) {
@@ -77,7 +78,7 @@ int ui_app_main(int argc, char** argv, ui_app_lifecycle_callback_s* callbacks, v
     if (application.Start()) application.Loop();
     application.Finish();
   } catch (const std::runtime_error& error) {
-    std::fprintf(stderr, "quirelle: %s\n", error.what());
+    std::fprintf(stderr, "quirelle: %s\n", OneLine(error.what()).c_str());
     std::exit(kFailure);
   }
   return 0;

@@ -4,6 +4,7 @@
 #include <libdvbv5/dvb-file.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <memory>
@@ -75,8 +76,9 @@ ScanEntry Read(dvb_entry* entry) {
   read.standard = Property(entry, DTV_DELIVERY_SYSTEM);
   const int frequency = Property(entry, DTV_FREQUENCY);
   const int symbolRate = Property(entry, DTV_SYMBOL_RATE);
-  read.frequency = frequency <= 0 ? -1 : IsSatellite(read.standard) ? frequency : frequency / 1000;
-  read.symbolRate = symbolRate <= 0 ? -1 : symbolRate / 1000;
+  const auto known = [](int value) { return value > 0 ? value : -1; };
+  read.frequency = known(IsSatellite(read.standard) ? frequency : frequency / 1000);
+  read.symbolRate = known(symbolRate / 1000);
   read.polarisation = Ours(kPolarisations, Property(entry, DTV_POLARIZATION));
   read.fec = Ours(kCodeRates, Property(entry, DTV_INNER_FEC));
   read.modulation = Property(entry, DTV_MODULATION);
@@ -126,13 +128,15 @@ std::vector<ScanEntry> ReadScanTable(const fs::path& file, const Complain& compl
 
 int OrbitalPosition(const std::string& name) {
   const size_t at = name.find_last_of("-_");
-  if (at == std::string::npos || at + 2 > name.size()) return -1;
-  char* end = nullptr;
-  const double degrees = std::strtod(name.c_str() + at + 1, &end);
-  const bool whole = end != name.c_str() + at + 1 && (*end == 'E' || *end == 'W') && end[1] == '\0';
-  if (!whole || degrees < 0 || degrees > 180) return -1;
+  const bool east = name.ends_with('E');
+  if (at == std::string::npos || (!east && !name.ends_with('W'))) return -1;
+  double degrees = 0;
+  const char* last = name.data() + name.size() - 1;
+  const auto [end, error] = std::from_chars(name.data() + at + 1, last, degrees, std::chars_format::fixed);
+  // What is no number is not between these either.
+  if (error != std::errc() || end != last || !(degrees >= 0 && degrees <= 180)) return -1;
   const int tenths = static_cast<int>(std::lround(degrees * 10));
-  return *end == 'E' || tenths == 0 ? tenths : 3600 - tenths;
+  return east || tenths == 0 ? tenths : 3600 - tenths;
 }
 
 std::vector<SatelliteTable> SatelliteTables(const fs::path& directory) {

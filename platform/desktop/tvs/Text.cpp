@@ -1,5 +1,6 @@
 #include "Text.h"
 
+#include <charconv>
 #include <cstdint>
 
 namespace desktop {
@@ -29,7 +30,8 @@ uint32_t Decode(std::string_view text, size_t& at) {
     code = code << 6 | (byte(at + i) & 0x3F);
   }
   at += length ? length : 1;
-  return length && code <= 0x10FFFF ? code : kReplacement;
+  constexpr uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+  return length && code >= least[length] && code <= 0x10FFFF ? code : kReplacement;
 }
 
 }  // namespace
@@ -46,6 +48,20 @@ std::u16string ToUtf16(std::string_view text) {
     }
   }
   return units;
+}
+
+std::optional<long> ToNumber(std::string_view text) {
+  long number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (text.empty() || error != std::errc() || end != text.data() + text.size()) return {};
+  return number;
+}
+
+std::string OneLine(std::string text) {
+  for (char& byte : text) {
+    if (static_cast<unsigned char>(byte) < ' ' || byte == '\x7f') byte = '?';
+  }
+  return text;
 }
 
 }  // namespace desktop

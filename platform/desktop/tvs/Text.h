@@ -1,13 +1,20 @@
-// Names between the TV's store (UTF-8) and the service (UTF-16).
+// Texts as the desktop reads and writes them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace desktop {
 
-/// Bytes that are no UTF-8 become U+FFFD; surrogates stay what they are, so that a name that was broken on
-/// air comes out broken.
+/// A name of the TV's store (UTF-8) for the service (UTF-16). Bytes that are no UTF-8 become U+FFFD; surrogates stay
+/// what they are, so that a name that was broken on air comes out broken.
 std::u16string ToUtf16(std::string_view text);
+
+/// The decimal number that a text is, without anything before or behind it.
+std::optional<long> ToNumber(std::string_view text);
+
+/// What is wrong, as one line: words that somebody typed may hold line feeds and worse.
+std::string OneLine(std::string text);
 
 }  // namespace desktop

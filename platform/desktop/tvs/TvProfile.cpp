@@ -5,6 +5,7 @@
 #include "Gate.h"
 #include "Inputs.h"
 #include "State.h"
+#include "Text.h"
 #include "tvs_criteria.h"
 
 namespace desktop {
@@ -15,12 +16,11 @@ constexpr int kFirstUserDefined = SATELLITE_USER_FIRST;
 constexpr int kUserDefined = 4;
 
 long Number(const ProfileLine& line, const std::string& word, long least, long most) {
-  char* end = nullptr;
-  const long number = std::strtol(word.c_str(), &end, 10);
-  if (word.empty() || *end || number < least || number > most) {
+  const auto number = ToNumber(word);
+  if (!number || *number < least || *number > most) {
     throw ProfileError(line, "'" + word + "': wants " + std::to_string(least) + " to " + std::to_string(most));
   }
-  return number;
+  return *number;
 }
 
 int AntennaOf(const ProfileLine& line, const std::string& word) {
@@ -123,7 +123,9 @@ void WritePicture(const ProfileLine& line, std::string rest) {
 }
 
 void WriteLetters(const ProfileLine& line, const std::string& letters) {
-  if (letters.size() != 3) throw ProfileError(line, "'" + letters + "': wants three letters");
+  const auto isLetter = [](char c) { return c >= 'A' && c <= 'Z'; };
+  if (letters.size() != 3 || !std::all_of(letters.begin(), letters.end(), isLetter))
+    throw ProfileError(line, "'" + letters + "': wants three letters");
   SetTvState("country_letters", letters[0] << 16 | letters[1] << 8 | letters[2]);
 }
 
@@ -153,7 +155,23 @@ void WriteHdmi(const ProfileLine& line, std::string rest) {
   SetInputName(source, rest);
 }
 
-void WriteTv(const ProfileLine& line) {
+/// Each picture shows the first channel of its list, tuned long ago.
+void ShowFirstChannels() {
+  Query(
+      "UPDATE picture SET (service, transponder) = (SELECT id, transponder FROM service WHERE antenna = "
+      "picture.antenna AND service_mode = picture.service_mode ORDER BY major, minor, id LIMIT 1)")
+      .Run();
+}
+
+std::vector<std::string> Words(std::string rest) {
+  std::vector<std::string> words;
+  while (!rest.empty()) words.push_back(TakeWord(rest));
+  return words;
+}
+
+}  // namespace
+
+void WriteTvLine(const ProfileLine& line) {
   std::string rest = line.text;
   const std::string what = TakeWord(rest);
   if (what == "picture") {
@@ -187,22 +205,6 @@ void WriteTv(const ProfileLine& line) {
     throw ProfileError(line, "unknown word '" + what + "'");
   }
 }
-
-/// Each picture shows the first channel of its list, tuned long ago.
-void ShowFirstChannels() {
-  Query(
-      "UPDATE picture SET (service, transponder) = (SELECT id, transponder FROM service WHERE antenna = "
-      "picture.antenna AND service_mode = picture.service_mode ORDER BY major, minor, id LIMIT 1)")
-      .Run();
-}
-
-std::vector<std::string> Words(std::string rest) {
-  std::vector<std::string> words;
-  while (!rest.empty()) words.push_back(TakeWord(rest));
-  return words;
-}
-
-}  // namespace
 
 bool TvProfile::Takes(const std::string& section) {
   return section == "tv" || section == "reception" || section == "channels";
@@ -312,7 +314,7 @@ std::vector<std::string> TvProfile::Make(long services) const {
         package.id, package.position)
         .Run();
   }
-  for (const ProfileLine& line : m_tv) WriteTv(line);
+  for (const ProfileLine& line : m_tv) WriteTvLine(line);
   MakeServices(m_lists, services < 0 ? m_services : services);
   ShowFirstChannels();
   return skipped;

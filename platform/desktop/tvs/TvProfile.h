@@ -59,6 +59,9 @@ class TvProfile {
   long m_services = 0;
 };
 
+/// Writes a line of [tv] into the open TV. Throws ProfileError.
+void WriteTvLine(const ProfileLine& line);
+
 /// Most services of a TV.
 constexpr long kMostServices = 10'000'000;
 

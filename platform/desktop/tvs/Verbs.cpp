@@ -13,6 +13,7 @@
 #include "Inputs.h"
 #include "Notices.h"
 #include "State.h"
+#include "Text.h"
 #include "Tuning.h"
 
 namespace desktop {
@@ -30,12 +31,11 @@ struct Command {
 };
 
 long Number(const std::string& word, const std::string& what, long least, long most) {
-  char* end = nullptr;
-  const long number = std::strtol(word.c_str(), &end, 10);
-  if (word.empty() || *end || number < least || number > most) {
+  const auto number = ToNumber(word);
+  if (!number || *number < least || *number > most) {
     throw TvWordError(what + " '" + word + "': wants " + std::to_string(least) + " to " + std::to_string(most));
   }
-  return number;
+  return *number;
 }
 
 Command Parse(const Words& words, size_t most, const char* usage) {
@@ -381,7 +381,8 @@ void ReadHdmiOption(HdmiChange& change, const std::string& option, const std::st
   } else if (option == "--name") {
     change.name = value;
   } else if (option == "--format") {
-    const bool hexadecimal = value.starts_with("0x") && value.size() > 2 && std::isxdigit(value[2]);
+    const bool hexadecimal =
+        value.starts_with("0x") && value.size() > 2 && std::isxdigit(static_cast<unsigned char>(value[2]));
     char* end = nullptr;
     const long code = hexadecimal ? std::strtol(value.c_str(), &end, 16) : Number(value, option, 0, kMostFormat);
     if (hexadecimal && (*end || code > kMostFormat))

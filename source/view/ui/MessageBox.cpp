@@ -1,11 +1,10 @@
 #include "MessageBox.h"
 
-#include <cstdio>
-
 #include "ChannelUtil.h"
 #include "DeviceManager.h"
 #include "EventManager.h"
 #include "Log.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "string_util.h"
@@ -181,7 +180,7 @@ void CMessageBox::t_GetDisplayText(char* text) {
     LOG_DEBUG("Can not malloc memory");
     return;
   }
-  snprintf(text, kDisplayTextSize, "%s", t_TextOf(t_WindowID()).c_str());
+  CopyText(text, kDisplayTextSize, t_TextOf(t_WindowID()));
 }
 
 // --- the buttons ---------------------------------------------------------------------------------

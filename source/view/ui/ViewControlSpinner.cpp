@@ -1,6 +1,5 @@
 #include "ViewControlSpinner.h"
 
-#include <cstdlib>
 #include <string_view>
 
 #include "ChannelUtil.h"
@@ -8,6 +7,7 @@
 #include "EventManager.h"
 #include "Log.h"
 #include "RootWindow.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "VoiceGuide.h"
@@ -296,7 +296,7 @@ void CViewControlSpinner::m_TypeDigit(int digit) {
       LOG_DEBUG("display value is NULL!!!");
       return;
     }
-    number = std::to_string(std::atoi(m_pDisplayValue.c_str()));
+    number = std::to_string(NumberAtStart(m_pDisplayValue.c_str()));
     if (number.size() >= kMostDigits) return;
   }
   for (const Unit& entry : kUnits) {
@@ -308,7 +308,7 @@ void CViewControlSpinner::m_TypeDigit(int digit) {
 
 bool CViewControlSpinner::m_CheckItemMinMax() const {
   const MinMax limits = t_GetMinMaxValue(t_MenuID);
-  const int entered = std::atoi(m_pDisplayValue.c_str());
+  const int entered = NumberAtStart(m_pDisplayValue.c_str());
   return !limits.valid || (entered >= limits.minimum && entered <= limits.maximum);
 }
 

@@ -1,8 +1,7 @@
 #include "ViewFactoryMessageBox.h"
 
-#include <cstdio>
-
 #include "Log.h"
+#include "TextUtil.h"
 #include "Utils.h"
 #include "settings_api.h"
 
@@ -54,7 +53,7 @@ void CViewFactoryMessageBox::t_GetDisplayText(char* text) {
     return;
   }
   const unsigned int windowID = UserWindow(t_WindowID());
-  snprintf(text, kDisplayTextSize, "%s", t_TextOf(windowID).c_str());
+  CopyText(text, kDisplayTextSize, t_TextOf(windowID));
 }
 
 void CViewFactoryMessageBox::t_Show() {

@@ -9,6 +9,7 @@
 #include "FineTuneUtil.h"
 #include "Log.h"
 #include "RootWindow.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "VoiceGuide.h"
@@ -98,7 +99,7 @@ void CViewFineTuneWindow::t_Create() {
 
   LOG_DEBUG("get_current_channel_name");
   char* name = t_GetCurrentChannelName();
-  snprintf(m_channelName, sizeof m_channelName, "%s", name ? name : "");
+  CopyText(m_channelName, sizeof m_channelName, name ? name : "");
   free(name);
   t_nFineTunered = FineTuneUtil::CheckIfInitialFinetuned();
   LOG_DEBUG("t_nFineTunered is: %d", t_nFineTunered);

@@ -11,6 +11,7 @@
 #include "InformationContent.h"
 #include "Log.h"
 #include "RowFocus.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "ViewSignalInfoWindow.h"
@@ -47,8 +48,6 @@ int ReadLocalSet() {
   return localSet;
 }
 
-int NumberOf(const std::string& text) { return static_cast<int>(std::strtol(text.c_str(), nullptr, 10)); }
-
 const char* LevelWord(int strength) {
   for (const auto& [most, word] : kLevels) {
     if (strength <= most) return word;
@@ -63,7 +62,7 @@ char* StrengthText(const std::string& value) {
     LOG_DEBUG("Buffer Failed");
     return nullptr;
   }
-  snprintf(text, kTextSize, "%s%s", value.c_str(), Utils::GetTranslationStr(LevelWord(NumberOf(value))).c_str());
+  CopyText(text, kTextSize, value + Utils::GetTranslationStr(LevelWord(NumberAtStart(value.c_str()))));
   return text;
 }
 
@@ -244,7 +243,8 @@ Evas_Object* CViewSignalInfoWindow::m_ItemGetContent(void* data, Evas_Object* li
   elm_object_mirrored_automatic_set(bar, EINA_FALSE);
   elm_object_mirrored_set(bar, EINA_FALSE);
   elm_progressbar_inverted_set(bar, CommonUtil::IsRTL());
-  elm_progressbar_value_set(bar, NumberOf(row->strValue) / (row->strMenuID == kErrors ? kFullErrorBar : kFullBar));
+  elm_progressbar_value_set(
+      bar, NumberAtStart(row->strValue.c_str()) / (row->strMenuID == kErrors ? kFullErrorBar : kFullBar));
   return bar;
 }
 

@@ -2,7 +2,6 @@
 
 #include <Ecore_Input.h>
 
-#include <cstdlib>
 #include <future>
 #include <string_view>
 #include <utility>
@@ -12,6 +11,7 @@
 #include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "settings_api.h"
@@ -225,7 +225,7 @@ void CViewSignalInfoWindow::m_KeepRow(const SignalInfoData& row) {
   LOG_DEBUG("vSIActionData : strMenuID is [%s] ,strTitle is [%s], strValue is [%s]", row.strMenuID.c_str(),
             row.strTitle.c_str(), row.strValue.c_str());
   vSIActionData.push_back(row);
-  if (frequency) t_OriginalFrequency = static_cast<int>(std::strtol(row.strValue.c_str(), nullptr, 10));
+  if (frequency) t_OriginalFrequency = NumberAtStart(row.strValue.c_str());
   if (bandwidth) {
     t_OriginalBandwidth = static_cast<EBandwidth>(ChannelUtil::GetBandWidthFromDispStr(row.strValue.c_str()));
   }

@@ -1,0 +1,430 @@
+// What the desktop reads: command lines, keys, profiles, scan tables, names for the service.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+
+#include "Applications.h"
+#include "Fuzz.h"
+#include "Gate.h"
+#include "Keys.h"
+#include "MenuControl.h"
+#include "Options.h"
+#include "Profile.h"
+#include "Verbs.h"
+#include "app_framework.h"
+#include "system_info.h"
+#include "tvs/Inputs.h"
+#include "tvs/ScanTables.h"
+#include "tvs/Text.h"
+#include "tvs/TvProfile.h"
+#include "vconf.h"
+
+using desktop::Query;
+using desktop::Store;
+
+std::string g_tv = "the TV";
+
+namespace fuzz {
+
+namespace {
+
+bool IsOneLine(const std::string& text) {
+  return !text.empty() &&
+         std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
+}
+
+/// Some of the words, each as it is or mutated.
+std::string Some(Dice& dice, const Texts& words, unsigned int most, const char* between) {
+  std::string text;
+  for (unsigned int i = dice.Below(most) + 1; i > 0; --i) {
+    text += (text.empty() ? "" : between) + (dice.Chance(25) ? dice.Mutated(dice.Any(words)) : dice.Any(words));
+  }
+  return text;
+}
+
+// --- keys and options ----------------------------------------------------------------------------
+
+const Texts kSteps = {"Up",       "Down",   "Return",     "XF86Back",        "KP_7",     "F2",
+                      "wait:2.5", "wait:0", "wait:86400", "shot:/tmp/a.png", "wait:1e3", "Escape"};
+
+bool ReadSteps(const std::string& input) {
+  std::vector<desktop::Step> steps;
+  std::string wrong;
+  const bool read = desktop::ParseSteps(input, steps, wrong);
+  Want(read || (!wrong.empty() && input.find(wrong) != input.npos), "names the word that is none");
+  for (const desktop::Step& step : steps) {
+    if (step.kind == desktop::Step::kWait) {
+      Want(std::isfinite(step.seconds) && step.seconds >= 0 && step.seconds <= 86400, "waits at most a day");
+    } else {
+      Want(!step.text.empty(), "a key or a file");
+      Want(step.kind == desktop::Step::kShot || desktop::RemoteKey(step.text), "a key of the remote");
+    }
+  }
+  return read;
+}
+
+const Texts kOptions = {"tv-rating",   "--keys", "Down Return", "--keys=Up", "--extra", "a=b",
+                        "--extra=c=d", "--log",  "info",        "--log=off", "--shot",  "--dump",
+                        "-",           "--tv=x", "--list",      "--help"};
+
+bool ReadOptions(const std::string& input) {
+  Texts words = Lines("quirelle\n" + input);
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  try {
+    const desktop::Options options = desktop::ParseOptions(static_cast<int>(pointers.size()), pointers.data());
+    for (const auto& [key, value] : options.extra) Want(!key.empty(), "an extra has a key");
+    return true;
+  } catch (const desktop::UsageError& error) {
+    Want(IsOneLine(desktop::OneLine(error.what())), "says in one line what is wrong");
+    return false;
+  }
+}
+
+// --- quirelle-tv ---------------------------------------------------------------------------------
+
+/// Standard output goes nowhere.
+class Silence {
+ public:
+  Silence() {
+    std::fflush(stdout);
+    static const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    dup2(nowhere, STDOUT_FILENO);
+  }
+  ~Silence() {
+    std::fflush(stdout);
+    static_cast<void>(dup2(m_output, STDOUT_FILENO));
+    close(m_output);
+  }
+  Silence(const Silence&) = delete;
+  Silence& operator=(const Silence&) = delete;
+
+ private:
+  int m_output = dup(STDOUT_FILENO);
+};
+
+const Texts kLines = {
+    "channels\nair\n--limit\n3",
+    "satellites\n--json",
+    "transponders\n1\n--limit\n2",
+    "tune\n1",
+    "tune\nnext\n--pip",
+    "source\n0",
+    "mode\ncable\n-1",
+    "signal\n--strength\n50\n--quality\n60\n--ber\n10\n--snr\n2000",
+    "history\nadd\n1700000000:7:65535:2:0:0",
+    "history\nlist\n--limit\n2",
+    "clock\n12",
+    "hdmi\n--port\n1\n--resolution\n1920x1080@59.94p\n--format\n0x70000\n--name\nConsole",
+    "get\ndb/menu_widget/language",
+    "set\ndb/menu_widget/language\nde_DE.utf8",
+    "set\ndb/menu/broadcasting/program_rating_lock/tv_rating/tv_y\n1",
+    "set\ndb/setting/accessibility/tts\ntrue",
+    "settings\ndb/menu/b",
+    "item\nhdmi-delay-level",
+    "item\nuser-defined-transponder-frequency\n11000 MHz",
+    "fail\nvconf_get_int\n-1\n--times\n2",
+    "fail\nSettingsAPI_GetItemValue\nfalse",
+    "heal",
+    "heal\nvconf_get_int",
+    "usage",
+    "key\nReturn",
+    "start\norg.nyxel.function-osd",
+    "plug\n..",
+    "unplug\na/b",
+};
+
+std::string MakeWords(Dice& dice) {
+  // The verb stays: a mutated one is unknown, and that is all.
+  const std::string line = dice.Any(kLines);
+  const size_t end = std::min(line.find('\n'), line.size());
+  return line.substr(0, end) + (dice.Chance(90) ? dice.Mutated(line.substr(end)) : "\n" + dice.Mutated(line));
+}
+
+bool RunWords(const Texts& words) {
+  const Texts rest(words.begin() + 1, words.end());
+  const Silence silence;
+  for (const Verb& verb : Verbs()) {
+    if (words[0] == verb.name) return verb.run(rest) == 0;
+  }
+  for (const desktop::TvVerb& verb : desktop::TvServiceVerbs()) {
+    if (words[0] == verb.name) return verb.run(rest) == 0;
+  }
+  throw WordError("no such verb");
+}
+
+/// A journal could be followed for ever, a stick would stay.
+bool IsLasting(const std::string& verb) {
+  return verb == "journal" || verb == "new" || verb == "plug" || verb == "unplug" || verb == "power-cycle";
+}
+
+bool ReadWords(const std::string& input) {
+  const Texts words = Lines(input);
+  const bool refused =
+      words.size() == 2 && (words[1].empty() || words[1][0] == '.' || words[1].find('/') != words[1].npos);
+  if (IsLasting(words[0]) && !(words[0].ends_with("plug") && refused)) return false;
+  bool read = false;
+  try {
+    read = RunWords(words);
+    Want(read, "a verb that does not do it says why");
+  } catch (const std::runtime_error& error) {
+    Want(IsOneLine(desktop::OneLine(error.what())), "says in one line what is wrong");
+  }
+  if (words[0] == "fail" && read) {
+    Store::Get().Write([] { Query("DELETE FROM fault").Run(); }, false);
+    desktop::Gate::FaultsChanged();
+  }
+  return read;
+}
+
+// --- what a TV is made from ----------------------------------------------------------------------
+
+const Texts kProfile = {
+    "[settings]",
+    "[menu]",
+    "[chips]",
+    "[chips high-contrast]",
+    "[applications]",
+    "[tv]",
+    "[reception]",
+    "[channels]",
+    "# a remark",
+    "int db/menu/broadcasting/program_rating_lock/tv_rating/tv_y 1",
+    "bool db/menu/picture/pip/onoff true",
+    "string db/menu_widget/language en_US.utf8",
+    "ints system_info/5 8 9 4",
+    "item hdmi-delay-level SID_DELAY parent=hdmi value=1 0:SID_LOW 1:SID_HIGH",
+    "MENU_LIST 10 20 30 255",
+    "org.nyxel.function-osd running",
+    "picture main air -1 0",
+    "model 47 1",
+    "state clock_hours 24",
+    "broadcaster 3 5",
+    "letters DEU",
+    "operator-profile 3 satellite 1 Sky & Co",
+    "satcr 0 1 1210",
+    "select 19.2E 13.0E",
+    "weak-signal 1700000000:7:65535:2:0:0",
+    "hdmi 1 1920x1080@59.94p 2 Console",
+    "satellites 19.2E 28.2E",
+    "air dvb-t/de-Berlin",
+    "package 2 19.2E",
+    "services 120",
+    "list air -1 50 analog=10 radio=5 uhd=2 locked=3 virtual=1 subchannels",
+    "list satellite 8 100 at=19.2E",
+};
+
+bool ReadProfile(const std::string& input) {
+  std::istringstream text(input);
+  std::vector<desktop::ProfileSection> sections;
+  try {
+    desktop::ReadProfileText(text, "/nowhere/fuzz.tv", sections, 1);
+    desktop::TvProfile profile;
+    for (const desktop::ProfileSection& section : sections) {
+      if (desktop::TvProfile::Takes(section.name)) {
+        profile.Read(section);
+        if (section.name != "tv") continue;
+        for (const desktop::ProfileLine& line : section.lines) desktop::WriteTvLine(line);
+      } else {
+        desktop::WriteSection(section);
+      }
+    }
+  } catch (const desktop::ProfileError& error) {
+    const std::string said = desktop::OneLine(error.what());
+    Want(said.starts_with("fuzz.tv:") || said.starts_with("/"), "says in which line what is wrong");
+    return false;
+  }
+  return true;
+}
+
+std::string MakePosition(Dice& dice) {
+  static constexpr const char* names[] = {"Astra-19.2E", "Eutelsat_Hotbird-13.0E", "Intelsat-34.5W", "x-0W", "S-180E"};
+  const std::string number = "S-" + dice.Number() + (dice.Chance(50) ? "E" : "W");
+  return dice.Chance(50) ? number : dice.Mutated(dice.Any(names));
+}
+
+bool ReadPosition(const std::string& input) {
+  const int position = desktop::OrbitalPosition(input);
+  Want(position >= -1 && position < 3600, "a position is on the circle, or none");
+  if (position < 0) return false;
+  char again[64];
+  const bool west = position > 1800;
+  snprintf(again, sizeof again, "S-%.1f%c", (west ? 3600 - position : position) / 10.0, west ? 'W' : 'E');
+  Want(desktop::OrbitalPosition(again) == position, "a position that is written is read again");
+  const size_t sign = input.find_last_of("-_");
+  Want(input.find_first_not_of("0123456789.", sign + 1) == input.size() - 1, "a position is degrees and E or W");
+  return true;
+}
+
+std::string MakeResolution(Dice& dice) {
+  static constexpr const char* texts[] = {"1920x1080@59.94p", "720x576@25i", "3840x2160@120p", "none", "1x1@0p"};
+  return dice.Mutated(dice.Any(texts));
+}
+
+bool ReadResolution(const std::string& input) {
+  const auto read = desktop::ParseResolution(input);
+  if (!read) return false;
+  const auto within = [](int value, int most) { return value >= 0 && value <= most; };
+  Want(within(read->horizontal, 99999) && within(read->vertical, 99999) && within(read->frameRate, 99999),
+       "a resolution within its digits");
+  if (read->horizontal == 0) return true;
+  char again[64];
+  snprintf(again, sizeof again, "%dx%d@%d.%02d%c", read->horizontal, read->vertical, read->frameRate / 100,
+           read->frameRate % 100, read->progressive ? 'p' : 'i');
+  const auto second = desktop::ParseResolution(again);
+  Want(second && second->frameRate == read->frameRate && second->vertical == read->vertical, "is read again");
+  return true;
+}
+
+std::string MakeScanTable(Dice& dice) {
+  static const std::string table =
+      "[Astra]\n\tDELIVERY_SYSTEM = DVBS2\n\tFREQUENCY = 10714000\n\tPOLARIZATION = HORIZONTAL\n\tSYMBOL_RATE = "
+      "22000000\n\tINNER_FEC = 5/6\n\tMODULATION = PSK/8\n\tINVERSION = AUTO\n\n[CHANNEL]\n\tDELIVERY_SYSTEM = "
+      "DVBT\n\tFREQUENCY = 474000000\n\tBANDWIDTH_HZ = 8000000\n\tMODULATION = QAM/64\n";
+  return dice.Mutated(table);
+}
+
+bool ReadScanTable(const std::string& input) {
+  static const std::string file = (std::filesystem::path(Store::Get().Path()).parent_path() / "fuzz-table").string();
+  std::ofstream(file, std::ios::binary | std::ios::trunc) << input;
+  Texts said;
+  const auto entries = desktop::ReadScanTable(file, [&](const std::string& what) { said.push_back(what); });
+  Want(!entries.empty() || !said.empty(), "says why a table gives nothing");
+  for (const std::string& what : said) Want(what.starts_with(file), "says of which table it is");
+  for (const desktop::ScanEntry& entry : entries) {
+    Want(entry.frequency > 0 && entry.symbolRate >= -1, "an entry has a frequency");
+  }
+  return said.empty();
+}
+
+// --- what the TV keeps ---------------------------------------------------------------------------
+
+std::string MakeUtf16(Dice& dice) { return dice.Chance(70) ? dice.Mutated("Añ€ 📺 قناة") : dice.Bytes(40); }
+
+std::string ToUtf8(std::u16string_view units) {
+  std::string text;
+  for (size_t at = 0; at < units.size(); ++at) {
+    uint32_t code = units[at];
+    if (code >= 0xD800 && code < 0xDC00 && at + 1 < units.size())
+      code = 0x10000 + ((code - 0xD800) << 10) + (units[++at] - 0xDC00);
+    if (code < 0x80) {
+      text += static_cast<char>(code);
+      continue;
+    }
+    const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+    constexpr unsigned char first[] = {0, 0xC0, 0xE0, 0xF0};
+    text += static_cast<char>(first[more] | code >> (6 * more));
+    for (int i = more - 1; i >= 0; --i) text += static_cast<char>(0x80 | (code >> (6 * i) & 0x3F));
+  }
+  return text;
+}
+
+bool ReadUtf16(const std::string& input) {
+  const std::u16string units = desktop::ToUtf16(input);
+  Want(units.find(u'\0') == units.npos, "no end in the middle");
+  if (IsUtf8(input)) {
+    Want(ToUtf8(units) == input, "characters stay what they are");
+    return true;
+  }
+  Want(std::any_of(units.begin(), units.end(), [](char16_t c) { return c == 0xFFFD || (c >= 0xD800 && c < 0xE000); }),
+       "what is broken is seen to be");
+  return false;
+}
+
+std::string MakeSetting(Dice& dice) {
+  static constexpr const char* types[] = {"int", "bool", "string", "ints"};
+  return std::string(dice.Any(types)) + "\n" +
+         (dice.Chance(70) ? dice.Mutated("8 9 " + dice.Number()) : dice.Mutated("de_DE.utf8"));
+}
+
+/// Whether a text is a number that fits, and nothing else.
+bool IsInt(const std::string& text) {
+  const auto number = desktop::ToNumber(text);
+  return number && *number >= INT32_MIN && *number <= INT32_MAX;
+}
+
+/// One value under a key of each type, and what the set's functions make of it.
+bool ReadSetting(const std::string& input) {
+  const size_t end = std::min(input.find('\n'), input.size());
+  const std::string type = input.substr(0, end), value = input.substr(std::min(end + 1, input.size()));
+  const std::string key = type == "ints" || type == "int" ? "system_info/0" : "db/fuzz";
+  Store::Get().Write([&] { Query("REPLACE INTO setting VALUES (?, ?, ?)", key, type, value).Run(); }, false);
+  ForgetLog();
+  bool read = false;
+  if (type == "string") {
+    char* text = vconf_get_str(key.c_str());
+    Want(text && value == text, "a text is what it is");
+    free(text);
+    return true;
+  }
+  if (type == "bool") {
+    int number = 0;
+    read = vconf_get_bool(key.c_str(), &number) == 0;
+    Want(read == IsInt(value), "what is no number cannot be read");
+  } else if (type == "int") {
+    int number = 0;
+    read = system_info_get_value_int(static_cast<system_info_key_e>(0), &number) == 0;
+    Want(read == IsInt(value), "what is no number cannot be read");
+    Want(!read || std::strtol(value.c_str(), nullptr, 10) == number, "a number is what it is");
+  } else if (type == "ints") {
+    _system_info_value_array array{};
+    read = system_info_get_value_int_array(static_cast<system_info_key_e>(0), &array) == 0;
+    std::istringstream words(value);
+    int numbers = 0;
+    bool all = true;
+    for (std::string word; words >> word; ++numbers) all = all && IsInt(word);
+    Want(read == all && (!read || array.count == numbers), "every number of a list");
+    free(array.values);
+  }
+  Want(read || Logged("is no"), "says what is no number");
+  return read;
+}
+
+std::string MakeLaunch(Dice& dice) {
+  return dice.Mutated("type") + "\n" + dice.Mutated(dice.Chance(50) ? "NUM_SPIN" : "{\"a\": [\"ü\"]}");
+}
+
+/// A launch with any words comes out of the TV as it went in.
+bool ReadLaunch(const std::string& input) {
+  const size_t end = std::min(input.find('\n'), input.size());
+  const std::string key = input.substr(0, end), value = input.substr(std::min(end + 1, input.size()));
+  app_control_h request = nullptr;
+  Want(app_control_create(&request) == 0, "a request can be made");
+  app_control_set_app_id(request, "org.nyxel.function-osd");
+  app_control_add_extra_data(request, "ID", value.c_str());
+  app_control_add_extra_data(request, key.c_str(), value.c_str());
+  MenuControl control;
+  control.SetLaunchParam(request);
+  app_control_send_launch_request(request, nullptr, nullptr);
+  app_control_destroy(request);
+  auto launches = desktop::OwnLaunches();
+  Store::Get().Write([] { Query("DELETE FROM launch").Run(); }, false);
+  Want(launches.size() == 1 && launches[0].extra[key] == value, "a launch keeps its words");
+  return IsUtf8(input);
+}
+
+}  // namespace
+
+const std::vector<Reader>& DesktopReaders() {
+  static const std::vector<Reader> readers = {
+      {"keys", 1, false, [](Dice& dice) { return Some(dice, kSteps, 3, " "); }, ReadSteps},
+      {"options", 1, false, [](Dice& dice) { return Some(dice, kOptions, 4, "\n"); }, ReadOptions},
+      {"quirelle-tv", 1, true, MakeWords, ReadWords},
+      {"profiles", 1, true, [](Dice& dice) { return dice.Any(kProfile) + "\n" + Some(dice, kProfile, 3, "\n"); },
+       ReadProfile},
+      {"positions", 1, false, MakePosition, ReadPosition},
+      {"resolutions", 1, false, MakeResolution, ReadResolution},
+      {"scan tables", 10, false, MakeScanTable, ReadScanTable},
+      {"names on air", 1, false, MakeUtf16, ReadUtf16},
+      {"settings", 1, true, MakeSetting, ReadSetting},
+      {"launches", 1, true, MakeLaunch, ReadLaunch},
+  };
+  return readers;
+}
+
+}  // namespace fuzz

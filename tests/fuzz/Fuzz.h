@@ -1,0 +1,90 @@
+// Texts that nobody would write, and what reads them.
+#pragma once
+
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fuzz {
+
+using Texts = std::vector<std::string>;
+
+/// Makes texts; the same ones with the same seed. None holds the byte that ends a text.
+class Dice {
+ public:
+  explicit Dice(unsigned int seed) : m_random(seed) {}
+
+  unsigned int Below(unsigned int limit) { return limit ? m_random() % limit : 0; }
+  bool Chance(unsigned int percent) { return Below(100) < percent; }
+  template <class Range>
+  auto& Any(const Range& range) {
+    return *(std::begin(range) + Below(static_cast<unsigned int>(std::size(range))));
+  }
+
+  /// At the ends of what a type holds, just beyond them, or anywhere.
+  std::string Number();
+  std::string Bytes(unsigned int most);
+  /// Cut, doubled, with numbers exchanged, with broken characters and much else in it; sometimes as it was.
+  std::string Mutated(std::string text);
+
+ private:
+  void Mutate(std::string& text);
+
+  std::mt19937 m_random;
+};
+
+/// What a reader did that it must not do.
+class Wrong : public std::logic_error {
+ public:
+  using std::logic_error::logic_error;
+};
+
+inline void Want(bool held, const char* what) {
+  if (!held) throw Wrong(what);
+}
+
+/// One reader of texts.
+struct Reader {
+  const char* name;
+  /// Of the runs that were asked for it makes one in so many: it needs the TV's file or a folder for each.
+  unsigned int every;
+  /// Whether what it writes into the TV is taken back now and then.
+  bool writes;
+  std::string (*make)(Dice& dice);
+  /// Whether the text could be read. Throws Wrong.
+  bool (*read)(const std::string& input);
+};
+
+const std::vector<Reader>& ProgramReaders();
+const std::vector<Reader>& DesktopReaders();
+
+/// Whether these are whole characters only.
+bool IsUtf8(std::string_view text);
+/// At least one, without the line feeds.
+Texts Lines(const std::string& text);
+
+/// Whether a line of the program's log since the last `ForgetLog` holds the text.
+bool Logged(std::string_view text);
+void ForgetLog();
+
+/// A buffer that notices what is written behind its end.
+template <size_t Size>
+struct Buffer {
+  char text[Size], behind[16];
+  Buffer() {
+    for (char& byte : behind) byte = '#';
+    for (char& byte : text) byte = '?';
+    text[0] = '\0';
+  }
+  std::string_view Checked() const {
+    Want(std::string_view(behind, sizeof behind) == "################", "writes behind the buffer");
+    const std::string_view all(text, Size);
+    const size_t end = all.find('\0');
+    Want(end != all.npos, "leaves the buffer without an end");
+    return all.substr(0, end);
+  }
+};
+
+}  // namespace fuzz

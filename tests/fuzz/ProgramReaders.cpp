@@ -1,0 +1,544 @@
+// What the program itself reads: notes of weak signal, numbers and names of the TV, sticks.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <filesystem>
+#include <set>
+
+#include "CacheManager.h"
+#include "ChannelUtil.h"
+#include "CommonUtil.h"
+#include "DataElementary.h"
+#include "DataProvider.h"
+#include "DeviceManager.h"
+#include "FineTuneUtil.h"
+#include "Fuzz.h"
+#include "Store.h"
+#include "TextUtil.h"
+#include "TvsShared.h"
+#include "TvsUtil.h"
+#include "Usb.h"
+#include "Utils.h"
+#include "ViewWeakSignalHistoryWindow.h"
+#include "settings_api.h"
+#include "string_util.h"
+#include "tvs/State.h"
+
+using desktop::Query;
+using desktop::Store;
+
+/// The window adds a row to its sorted ones where nobody else can ask it to.
+void AddSorted(CViewWeakSignalHistoryWindow& window, std::vector<DataInfo>& rows, DataInfo row);
+template <void (CViewWeakSignalHistoryWindow::*Add)(std::vector<DataInfo>&, DataInfo)>
+struct RowOpener {
+  friend void AddSorted(CViewWeakSignalHistoryWindow& window, std::vector<DataInfo>& rows, DataInfo row) {
+    (window.*Add)(rows, std::move(row));
+  }
+};
+template struct RowOpener<&CViewWeakSignalHistoryWindow::m_AddRow>;
+
+namespace fuzz {
+
+namespace {
+
+constexpr size_t kText = 512;
+
+void Update(const std::string& sql, const std::string& value, const std::string& key) {
+  Store::Get().Write([&] { Query(sql, value, key).Run(); }, false);
+}
+
+// --- the notes of weak signal --------------------------------------------------------------------
+
+class History : public CViewWeakSignalHistoryWindow {
+ public:
+  using CViewWeakSignalHistoryWindow::m_CompareTime;
+  using CViewWeakSignalHistoryWindow::STAMP_24_HOURS;
+  using CViewWeakSignalHistoryWindow::STAMP_WORD_FIRST;
+  using CViewWeakSignalHistoryWindow::STAMP_WORD_LAST;
+  History() : CViewWeakSignalHistoryWindow("signal-information-weakhistory") {}
+};
+
+struct Clock {
+  const char* name;
+  int hours, type;
+  const char* language;
+};
+constexpr Clock kClocks[] = {{"whole day", 24, History::STAMP_24_HOURS, "en_US.utf8"},
+                             {"word last", 12, History::STAMP_WORD_LAST, "de_DE.utf8"},
+                             {"word first", 12, History::STAMP_WORD_FIRST, "ko_KR.utf8"}};
+const std::string kNoTime = "----/--/--         --:--";
+
+const Clock& ClockOf(const std::string& name) {
+  for (const Clock& clock : kClocks) {
+    if (name == clock.name) return clock;
+  }
+  return kClocks[0];
+}
+
+void SetClock(const Clock& clock) {
+  if (desktop::TvState("fuzz_clock", -1) == clock.type) return;
+  Store::Get().Write(
+      [&] {
+        desktop::SetTvState("fuzz_clock", clock.type);
+        desktop::SetTvState("clock_hours", clock.hours);
+      },
+      false);
+  Update("UPDATE setting SET value = ? WHERE key = ?", clock.language, "db/menu_widget/language");
+}
+
+/// When a stamp says that it was; empty for one that is not written as stamps are.
+std::string TimeOf(const std::string& stamp, int type) {
+  char date[16] = "", word[64] = "";
+  int hour = 0, minute = 0, end = 0;
+  int count = 0;
+  if (type == History::STAMP_24_HOURS) {
+    count = sscanf(stamp.c_str(), "%10[0-9/] %2d:%2d%n", date, &hour, &minute, &end) + 1;
+  } else if (type == History::STAMP_WORD_LAST) {
+    count = sscanf(stamp.c_str(), "%10[0-9/] %2d:%2d %63s%n", date, &hour, &minute, word, &end);
+  } else {
+    count = sscanf(stamp.c_str(), "%10[0-9/] %63s %2d:%2d%n", date, word, &hour, &minute, &end);
+  }
+  const bool day = std::strlen(date) == 10 && date[4] == '/' && date[7] == '/';
+  if (count != 4 || static_cast<size_t>(end) != stamp.size() || !day) return "";
+  if (type != History::STAMP_24_HOURS) {
+    const bool morning = word == Utils::GetTranslationStr("SID_AM_ABBR_4");
+    if (!morning && word != Utils::GetTranslationStr("SID_PM_ABBR_4")) return "";
+    hour = hour % 12 + (morning ? 0 : 12);
+  }
+  char text[64];
+  snprintf(text, sizeof text, "%s %02d:%02d", date, hour, minute);
+  return text;
+}
+
+/// A row as the window makes it of a note; false when there is nothing in the note.
+bool ReadNote(const std::string& note, const Clock& clock, DataInfo& row) {
+  Buffer<kText> date, time, other;
+  ForgetLog();
+  const int result = ChannelUtil::GetHistoryItemInfo(note, date.text, time.text, other.text);
+  const bool numbers = note.find_first_not_of(':') != note.npos;
+  Want(result == (numbers ? 0 : -1), "a note is read when there is anything in it");
+  if (!numbers) {
+    Want(Logged("[Debug] Can not Get Time"), "says that a note has no time");
+    return false;
+  }
+  const std::string stamp = std::string(date.Checked()) + "         " + std::string(time.Checked());
+  Want(Logged("[Error] Invalid Date ") == (stamp == kNoTime), "says that a note's time is none");
+  Want(IsUtf8(stamp) && IsUtf8(other.Checked()), "what is shown is UTF-8");
+  const bool dated = date.Checked().find_first_not_of("0123456789/-") == std::string_view::npos;
+  Want(dated && !date.Checked().empty(), "a date is digits");
+  const bool fourDigits = date.Checked().size() == 10 && stamp != kNoTime;
+  Want(!fourDigits || !TimeOf(stamp, clock.type).empty(), "a stamp is a date and a time of day");
+  row = {stamp, std::string(other.Checked()), "", "", ""};
+  return true;
+}
+
+std::string MakeNotes(Dice& dice) {
+  // The clock stays for a while: to set it takes longer than to read a note.
+  static const Clock* clock = &kClocks[0];
+  if (dice.Chance(1)) clock = &dice.Any(kClocks);
+  std::string text = clock->name;
+  for (unsigned int i = dice.Below(4) + 1; i > 0; --i) {
+    std::string note = std::to_string(1'500'000'000 + dice.Below(400'000'000)) + ":" +
+                       std::to_string(dice.Below(1000)) + ":65535:2:0:" + (dice.Chance(50) ? "0" : "1");
+    if (dice.Chance(60)) note = dice.Mutated(note);
+    if (dice.Chance(5)) note = dice.Bytes(60);
+    text += "\n" + note;
+  }
+  return text;
+}
+
+bool ReadNotes(const std::string& input) {
+  const Texts notes = Lines(input);
+  const Clock& clock = ClockOf(notes[0]);
+  SetClock(clock);
+  static History window;
+  std::vector<DataInfo> rows;
+  std::multiset<std::string> read;
+  for (size_t i = 1; i < notes.size(); ++i) {
+    DataInfo row;
+    if (!ReadNote(notes[i], clock, row)) continue;
+    read.insert(row.displayName + "|" + row.value);
+    AddSorted(window, rows, row);
+  }
+  std::multiset<std::string> listed;
+  std::string last = "~";
+  bool timesOver = false;
+  for (const DataInfo& row : rows) {
+    listed.insert(row.displayName + "|" + row.value);
+    timesOver = timesOver || row.displayName == kNoTime;
+    Want(timesOver == (row.displayName == kNoTime), "notes without a time come last");
+    const std::string time = TimeOf(row.displayName, clock.type);
+    Want(time <= last, "the newest note comes first");
+    if (!time.empty()) last = time;
+  }
+  Want(listed == read, "the rows are the notes that could be read");
+  return read.size() + 1 == notes.size();
+}
+
+std::string StampAt(int minutes, int type) {
+  const int day = minutes / 1440, hour = minutes / 60 % 24, minute = minutes % 60, half = (hour + 11) % 12 + 1;
+  const std::string word = Utils::GetTranslationStr(hour < 12 ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
+  char text[80];
+  if (type == History::STAMP_24_HOURS) {
+    snprintf(text, sizeof text, "2025/03/%02d         %02d:%02d", day + 1, hour, minute);
+  } else if (type == History::STAMP_WORD_LAST) {
+    snprintf(text, sizeof text, "2025/03/%02d         %02d:%02d %s", day + 1, half, minute, word.c_str());
+  } else {
+    snprintf(text, sizeof text, "2025/03/%02d         %s %02d:%02d", day + 1, word.c_str(), half, minute);
+  }
+  return text;
+}
+
+std::string MakeStamps(Dice& dice) {
+  const int type = 1 + static_cast<int>(dice.Below(3)), first = static_cast<int>(dice.Below(3 * 1440));
+  const int second = dice.Chance(10) ? first : static_cast<int>(dice.Below(3 * 1440));
+  std::string text = std::to_string(type);
+  for (const int minutes : {first, second}) {
+    const std::string stamp = StampAt(minutes, dice.Chance(10) ? 1 + static_cast<int>(dice.Below(3)) : type);
+    text += "\n" + (dice.Chance(40) ? dice.Mutated(stamp) : dice.Chance(3) ? kNoTime : stamp);
+  }
+  return text;
+}
+
+/// Cuts a stamp as the window does.
+struct Pieces {
+  explicit Pieces(std::string text) : held(std::move(text)) {
+    size_t count = 0;
+    char* rest = nullptr;
+    for (char* token = strtok_r(held.data(), " :", &rest); token && count < 4; token = strtok_r(nullptr, " :", &rest)) {
+      tokens[count++] = token;
+    }
+  }
+  std::string held;
+  char* tokens[4] = {};
+};
+
+int Compare(int type, const std::string& newStamp, const std::string& sorted) {
+  Pieces pieces(newStamp);
+  const int order = History::m_CompareTime(type, pieces.tokens, sorted);
+  return (order > 0) - (order < 0);
+}
+
+bool ReadStamps(const std::string& input) {
+  Texts lines = Lines(input);
+  lines.resize(3);
+  const int type = NumberAtStart(lines[0].c_str());
+  const int order = Compare(type, lines[1], lines[2]), back = Compare(type, lines[2], lines[1]);
+  const std::string first = TimeOf(lines[1], type), second = TimeOf(lines[2], type);
+  Want(Compare(type, lines[1], "") == 1, "anything is newer than nothing");
+  if (first.empty() || second.empty()) return false;
+  Want(order == (first > second) - (first < second) && back == -order, "stamps compare as their times");
+  return true;
+}
+
+// --- numbers -------------------------------------------------------------------------------------
+
+/// The same by hand.
+int Parsed(const std::string& text) {
+  size_t at = text.find_first_not_of(" \t\n\v\f\r");
+  if (at == text.npos) return 0;
+  const bool minus = text[at] == '-';
+  if (minus || text[at] == '+') ++at;
+  long long number = 0;
+  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
+    number = std::min<long long>(number * 10 + (text[at] - '0'), LLONG_MAX / 100);
+  }
+  return static_cast<int>(std::clamp<long long>(minus ? -number : number, INT_MIN, INT_MAX));
+}
+
+std::string MakeNumber(Dice& dice) {
+  static constexpr const char* units[] = {"", " kHz", " MHz", " KS/s", "°", "E", "----"};
+  std::string text = dice.Number() + dice.Any(units);
+  return dice.Chance(50) ? dice.Mutated(text) : text;
+}
+
+bool ReadNumber(const std::string& input) {
+  const int number = NumberAtStart(input.c_str());
+  Want(number == Parsed(input), "the nearest number that an int holds");
+  return number != 0;
+}
+
+std::string MakeFrequency(Dice& dice) {
+  static constexpr const char* bandwidths[] = {"5 MHz", "6 MHz", "7 MHz", "8 MHz", "10 MHz", "712 MHz"};
+  return dice.Number() + "\n" + (dice.Chance(50) ? MakeNumber(dice) : dice.Mutated(dice.Any(bandwidths)));
+}
+
+bool IsStep(long from, long to, long least, long most) {
+  const bool inside = from >= least && from <= most;
+  return std::labs(to - from) <= 1 && (!inside || (to >= least && to <= most));
+}
+
+/// A cached number, typed over and stepped, by both of those who keep one.
+bool ReadFrequency(const std::string& input) {
+  const Texts lines = Lines(input);
+  const int stored = NumberAtStart(lines[0].c_str());
+  const std::string text = lines.size() > 1 ? lines[1] : "";
+  const long typed = std::strtol(text.c_str(), nullptr, 10);
+  const bool fits = typed >= CTvsUtil::kLowestFrequency && typed <= CTvsUtil::kHighestFrequency;
+
+  ChannelUtil::CacheFrequency = stored;
+  ForgetLog();
+  const int kept = ChannelUtil::SetCacheFrequency(MENU_KEY_NONE, text.c_str(), PROFILE_MAIN);
+  Want(kept == (fits ? typed : stored), "a typed frequency is taken when it is in range");
+  Want(Logged("[Debug]Invaild Case") == !fits, "says that a typed frequency is out of range");
+  CCacheManager::FlushCache();
+  const int shared = CTvsUtil::SetCacheFrequency(MENU_KEY_NONE, text.c_str(), PROFILE_MAIN);
+  Want(shared == NumberAtStart(text.c_str()), "the first number is taken as it is");
+  for (const MenuKeyDirection direction : {MENU_KEY_UP, MENU_KEY_DOWN, MENU_KEY_DOWN}) {
+    const long before = ChannelUtil::CacheFrequency;
+    const long after = ChannelUtil::SetCacheFrequency(direction, nullptr, PROFILE_MAIN);
+    Want(IsStep(before, after, CTvsUtil::kLowestFrequency, CTvsUtil::kHighestFrequency), "a step is a step");
+    CTvsUtil::SetCacheFrequency(direction, nullptr, PROFILE_MAIN);
+  }
+
+  ChannelUtil::CacheBandWidth = stored;
+  const int bandwidth = tvs::BandWidthFromText(text.c_str());
+  Want(bandwidth >= BANDWIDTH_UNKNOWN && bandwidth <= BANDWIDTH_712, "a known bandwidth or none");
+  const int chosen = ChannelUtil::SetCacheBandWidth(MENU_KEY_NONE, text.c_str(), PROFILE_MAIN);
+  Want(chosen == (bandwidth == BANDWIDTH_UNKNOWN ? stored : bandwidth), "a known bandwidth is taken");
+  CTvsUtil::SetCacheBandWidth(MENU_KEY_NONE, text.c_str(), PROFILE_MAIN);
+  for (const MenuKeyDirection direction : {MENU_KEY_UP, MENU_KEY_DOWN}) {
+    const int stepped = ChannelUtil::SetCacheBandWidth(direction, nullptr, PROFILE_MAIN);
+    Want(stepped >= BANDWIDTH_5 && stepped <= BANDWIDTH_712, "a step leads to a bandwidth");
+    CTvsUtil::SetCacheBandWidth(direction, nullptr, PROFILE_MAIN);
+    for (const bool nordic : {false, true}) tvs::StepBandWidth(stored, direction, nordic);
+  }
+  return fits || bandwidth != BANDWIDTH_UNKNOWN;
+}
+
+// --- texts ---------------------------------------------------------------------------------------
+
+std::string MakeFilled(Dice& dice) {
+  static constexpr const char* formats[] = {"<<A>> rows", "Reset <<B>>?<br/><<A>>", "<<A>><<A>>", "전체 <<A>>개",
+                                            "<<C>>|<<D>>"};
+  return dice.Mutated(dice.Any(formats)) + "\n" + dice.Mutated(dice.Chance(50) ? "USB-Stick größer" : "닫기");
+}
+
+template <size_t Size>
+void CheckCut(const std::string& text) {
+  Buffer<Size> cut;
+  CopyText(cut.text, Size, text);
+  const std::string_view shown = cut.Checked();
+  Want(text.starts_with(shown) && (shown.size() == text.size() || shown.size() + 4 >= Size),
+       "as much as there is room");
+  Want(!IsUtf8(text) || IsUtf8(shown), "cut between characters");
+}
+
+/// Everything that fills a buffer with a text of the TV.
+bool ReadFilled(const std::string& input) {
+  const Texts lines = Lines(input);
+  const std::string &format = lines[0], &value = lines.back();
+  const bool whole = IsUtf8(format) && IsUtf8(value);
+  Buffer<24> small;
+  Want(CStringUtil::CombinateStrings(small.text, 24, format.c_str(), value.c_str(), "b"), "fills");
+  Want(!whole || IsUtf8(small.Checked()), "a filled text is cut between characters");
+  Buffer<kText> large;
+  CStringUtil::CombinateStrings(large.text, kText, format.c_str(), value.c_str(), "b", "c", "d");
+  Want(!whole || IsUtf8(large.Checked()), "a filled text is cut between characters");
+  Utils::ReplaceSingleText(small.text, format.c_str(), "<<A>>", value.c_str(), 24);
+  Want(!whole || IsUtf8(small.Checked()), "a replaced text is cut between characters");
+  CheckCut<1>(value);
+  CheckCut<7>(value);
+  CheckCut<kText>(value);
+
+  ElementaryNode node(value);
+  node.SetContent(ElementaryNode::kTitle, value);
+  node.SetContent(ElementaryNode::kValue, value);
+  node.SetContent(ElementaryNode::kChoice, format);
+  Buffer<kText> name, stored, shown;
+  node.GetNodeDisplayName(name.text);
+  node.GetNodeValue(stored.text, shown.text);
+  Want(name.Checked() == stored.Checked() && value.starts_with(name.Checked()), "a row keeps its text");
+  Want(!whole || (IsUtf8(name.Checked()) && IsUtf8(shown.Checked())), "a row's text is cut between characters");
+  const int digit = Utils::GetNumberFromKey(value.c_str());
+  Want(digit >= -1 && digit <= 9, "a key is a digit or none");
+  return whole;
+}
+
+// --- items of the settings tree ------------------------------------------------------------------
+
+constexpr const char* kItems[] = {"user-defined-transponder-frequency", "user-defined-transponder-symbolrate",
+                                  "user-defined-transponder-polarity",  "hdmi-delay-level",
+                                  "signal-information-program",         "no-such-item"};
+
+std::string MakeItem(Dice& dice) {
+  return std::string(dice.Any(kItems)) + "\n" +
+         (dice.Chance(60) ? MakeNumber(dice) : dice.Mutated(dice.Chance(50) ? "Vertikal" : "수직"));
+}
+
+bool ReadItem(const std::string& input) {
+  const size_t end = std::min(input.find('\n'), input.size());
+  const std::string id = input.substr(0, end), value = input.substr(std::min(end + 1, input.size()));
+  Update("UPDATE item SET value = ? WHERE id = ?", value, id);
+  Update(
+      "UPDATE choice SET name = ?1, value = iif(?2 = 'user-defined-transponder-polarity', ?1, value) WHERE item = ?2 "
+      "AND place = 1",
+      value, id);
+  Buffer<kText> name, shown;
+  ForgetLog();
+  const bool found = CMenuDataProvider::GetItemValue(id.c_str(), name.text, shown.text);
+  Want(Logged("Ret[" + std::to_string(found) + "], Menu Id : " + id), "says whether an item was found");
+  Want(!IsUtf8(value) || (IsUtf8(shown.Checked()) && IsUtf8(name.Checked())), "a value is cut between characters");
+  for (const char* step : {"Up", "Down"}) {
+    const int result = SettingsAPI::Get()->SetItemValue(id, step, false);
+    Want((result == 0) == found, "an item that is there can be stepped");
+  }
+  std::string back, text;
+  if (found) SettingsAPI::Get()->GetItemValue(id, back, text);
+  Want(id != kItems[0] || text == value || text.find_first_not_of("-0123456789") == text.npos, "a step is a number");
+  return found;
+}
+
+// --- what is received ----------------------------------------------------------------------------
+
+struct Column {
+  const char* table;
+  const char* name;
+};
+constexpr Column kColumns[] = {
+    {"service", "frequency"},    {"service", "bandwidth"},       {"service", "symbol_rate"},
+    {"service", "major"},        {"service", "minor"},           {"service", "type"},
+    {"service", "name"},         {"service", "modulation"},      {"service", "fine_tune_offset"},
+    {"service", "satellite"},    {"transponder", "frequency"},   {"transponder", "label"},
+    {"transponder", "strength"}, {"transponder", "quality"},     {"transponder", "ber"},
+    {"transponder", "snr"},      {"transponder", "symbol_rate"}, {"transponder", "number"},
+    {"transponder", "standard"}, {"satellite", "position"},      {"satellite", "name"},
+    {"satellite", "low"},        {"satellite", "high"},          {"satellite", "switch"},
+    {"satellite", "slot"},       {"satellite", "user_band"},     {"picture", "antenna"},
+    {"picture", "service_mode"}, {"picture", "source"},          {"picture", "tuned_at"},
+    {"tv_state", "value"},       {"model_value", "value"},       {"satcr", "frequency"},
+    {"satcr", "slot"},
+};
+
+std::string MakeReceived(Dice& dice) {
+  const Column& column = dice.Any(kColumns);
+  return std::string(column.table) + "\n" + column.name + "\n" +
+         (dice.Chance(70) ? dice.Number() : dice.Mutated("Astra & Söhne <HD>"));
+}
+
+void CheckRows() {
+  for (const char* row : {"program", "strength", "quality", "biterrlevel", "snr", "frequence", "bandwidth",
+                          "modulation", "multiplex", "physical", "channelid"}) {
+    std::string name, value;
+    SettingsAPI::Get()->GetItemValue(std::string("signal-information-") + row, name, value);
+    const std::string_view id(row);
+    if (id != "strength" && id != "quality") continue;
+    Want(!value.empty() && value.size() <= 3 && Parsed(value) >= 0 && Parsed(value) <= 100,
+         "a measure is a percentage");
+  }
+}
+
+/// One figure of everything that is on air, and all that the windows ask for it.
+bool ReadReceived(const std::string& input) {
+  Texts lines = Lines(input);
+  lines.resize(std::max<size_t>(lines.size(), 3));
+  for (const Column& column : kColumns) {
+    if (lines[0] != column.table || lines[1] != column.name) continue;
+    // Of the thousands on air, those that the pictures show.
+    const bool many = lines[0] == "service" || lines[0] == "transponder";
+    const std::string which = many ? " AND id IN (SELECT " + lines[0] + " FROM picture)" : "";
+    Update("UPDATE " + lines[0] + " SET " + lines[1] + " = ?1 WHERE ?2 = ''" + which, lines[2], "");
+  }
+  CCacheManager::FlushCache();
+  CheckRows();
+  CTvsUtil::InitSelectedSatellite(true);
+  CTvsUtil::InitSelectedTransponder(true);
+  CTvsUtil::TuneAloneSelectedTransponder(false);
+  ChannelUtil::CacheFrequency = ChannelUtil::GetFrequency(PROFILE_MAIN);
+  ChannelUtil::SetCacheFrequency(MENU_KEY_UP, nullptr, PROFILE_MAIN);
+  ChannelUtil::CacheBandWidth = ChannelUtil::GetBandWidth(PROFILE_MAIN);
+  ChannelUtil::SetCacheBandWidth(MENU_KEY_UP, nullptr, PROFILE_MAIN);
+  ChannelUtil::SetBandFreqForSignalInformation(BANDWIDTH_8, 474000);
+  ChannelUtil::GetSignalInfoType();
+  ChannelUtil::GetTVNavigationMode();
+  CTvsUtil::GetBitErrorRate();
+  char text[kText] = "";
+  CTvsUtil::GetChannelID(text);
+  free(FineTuneUtil::TvServiceChannelGetInfo());
+  const int offset = FineTuneUtil::GetFinetuneFreq();
+  Want(offset >= -32 && offset <= 223, "a stored offset is a byte");
+  Want(std::abs(FineTuneUtil::GetTunerMft()) <= 223, "the tuner's offset is a byte");
+  Want(std::strlen(Utils::WrapMallocdString(Utils::GetCountryCode()).c_str()) <= 4, "a country is three letters");
+  CommonUtil::GetCurrentDateStr();
+  return lines[2].find_first_not_of("-0123456789") == lines[2].npos;
+}
+
+// --- sticks --------------------------------------------------------------------------------------
+
+std::string FileName(std::string text) {
+  std::replace(text.begin(), text.end(), '/', '%');
+  std::replace(text.begin(), text.end(), '\n', '|');
+  if (text.empty() || text[0] == '.') text.insert(0, "n");
+  return text.substr(0, 250);
+}
+
+std::string MakeSticks(Dice& dice) {
+  static constexpr const char* files[] = {
+      "channel_list.zip", "Ärger & <b>.zip", "list.ZIP", ".zip", "x.zip.txt", "zip"};
+  std::string text;
+  for (unsigned int stick = dice.Below(3); stick > 0; --stick) {
+    text += (text.empty() ? "" : "\n") + FileName(dice.Mutated("USB DISK"));
+    for (unsigned int file = dice.Below(3); file > 0; --file) text += "\n/" + FileName(dice.Mutated(dice.Any(files)));
+  }
+  return text;
+}
+
+/// Lines of a stick's name, and lines of its files behind a slash.
+bool ReadSticks(const std::string& input) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  std::set<std::string> sticks, archives;
+  fs::path stick;
+  for (const std::string& line : Lines(input)) {
+    if (line.empty()) continue;
+    if (line[0] != '/') {
+      stick = desktop::UsbDirectory() / FileName(line);
+      if (mkdir(stick.c_str(), 0700) == 0) sticks.insert(stick.filename());
+    } else if (!stick.empty()) {
+      const std::string name = FileName(line.substr(1));
+      const int file = creat((stick / name).c_str(), 0600);
+      if (file < 0) continue;
+      close(file);
+      if (name.ends_with(".zip")) archives.insert(stick.filename().string() + "/" + name);
+    }
+  }
+  CDeviceManager::GetInstance()->Initialize(true);
+  std::set<std::string> seen, found;
+  int withMap = 0;
+  for (const DEVICE_INFO& device : CDeviceManager::GetInstance()->GetDevices()) {
+    seen.insert(device.productName);
+    withMap += device.chmapFileNames.empty() ? 0 : 1;
+    for (const std::string& name : device.chmapFileNames) found.insert(std::string(device.productName) + "/" + name);
+    Want(device.nChmapFileCount == static_cast<int>(device.chmapFileNames.size()), "archives are counted");
+  }
+  const DEVICE_INFO* selected = CDeviceManager::GetInstance()->GetSelectedDevice();
+  const bool chosen = selected && !selected->chmapFileNames.empty();
+  const bool counted = CDeviceManager::GetInstance()->m_nDeviceWithMapCount == withMap;
+  for (const std::string& name : sticks) fs::remove_all(desktop::UsbDirectory() / name, error);
+  Want(seen == sticks, "each stick is seen once, by its name");
+  Want(found == archives, "each archive is seen, and nothing else");
+  Want(counted && (withMap == 0 || chosen), "a stick with archives is selected");
+  return withMap > 0;
+}
+
+}  // namespace
+
+const std::vector<Reader>& ProgramReaders() {
+  static const std::vector<Reader> readers = {
+      {"notes of weak signal", 1, true, MakeNotes, ReadNotes},
+      {"time stamps", 1, false, MakeStamps, ReadStamps},
+      {"numbers", 1, false, MakeNumber, ReadNumber},
+      {"frequencies and bandwidths", 1, false, MakeFrequency, ReadFrequency},
+      {"filled texts", 1, false, MakeFilled, ReadFilled},
+      {"items", 1, true, MakeItem, ReadItem},
+      {"what is received", 20, true, MakeReceived, ReadReceived},
+      {"sticks", 10, false, MakeSticks, ReadSticks},
+  };
+  return readers;
+}
+
+}  // namespace fuzz
