@@ -19,7 +19,7 @@ constexpr const char* kRead = "SELECT value FROM setting WHERE key = ? AND type 
 int ToInt(const char* key, const std::string& text) {
   const auto number = ToNumber(text);
   if (!number || *number < INT_MIN || *number > INT_MAX) {
-    throw StoreError(Store::Get().Path() + ": " + key + ": '" + OneLine(text) + "' is no number");
+    throw StoreError(Store::Get().Path() + ": " + key + " is no number: '" + OneLine(text) + "'");
   }
   return static_cast<int>(*number);
 }

@@ -41,6 +41,7 @@ TEST(BadInput, OfTheProgramsCommandLine) {
   const BadWords cases[] = {
       {{}, 2, "a menu ID is missing; there are: satellite-selection"},
       {{"no-such-window"}, 2, "unknown menu ID 'no-such-window'; there are: satellite-selection"},
+      {{"tv-\nrating"}, 2, "unknown menu ID 'tv-?rating'; there are: satellite-selection"},
       {{"tv-rating", "movie-rating"}, 2, "more than one menu ID: 'tv-rating' and 'movie-rating'"},
       {{"tv-rating", "--nope"}, 2, "unknown option '--nope'"},
       {{"tv-rating", "-x"}, 2, "unknown option '-x'"},
@@ -97,6 +98,7 @@ TEST(BadInput, OfTheTvsCommandLine) {
       {{"history", "add"}, 2, "usage: quirelle-tv history"},
       {{"history", "paint"}, 2, "usage: quirelle-tv history"},
       {{"history", "add", "noon:7"}, 2, "'noon:7': wants up to six numbers"},
+      {{"clock", "1\n3"}, 2, "'1?3' is neither 12 nor 24"},
       {{"clock", "13"}, 2, "'13' is neither 12 nor 24"},
       {{"hdmi", "--port", "9"}, 2, "--port '9': wants 1 to 8"},
       {{"hdmi", "--port", "1", "--resolution", "1920x1080"}, 2, "--resolution '1920x1080': wants none"},

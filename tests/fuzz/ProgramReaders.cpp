@@ -90,28 +90,35 @@ void SetClock(const Clock& clock) {
   Update("UPDATE setting SET value = ? WHERE key = ?", clock.language, "db/menu_widget/language");
 }
 
+std::string Stamp(const std::string& date, int hour, int minute, const std::string& word, int type) {
+  char text[128];
+  if (type == History::STAMP_24_HOURS) {
+    snprintf(text, sizeof text, "%s         %02d:%02d", date.c_str(), hour, minute);
+  } else if (type == History::STAMP_WORD_LAST) {
+    snprintf(text, sizeof text, "%s         %02d:%02d %s", date.c_str(), hour, minute, word.c_str());
+  } else {
+    snprintf(text, sizeof text, "%s         %s %02d:%02d", date.c_str(), word.c_str(), hour, minute);
+  }
+  return text;
+}
+
 /// When a stamp says that it was; empty for one that is not written as stamps are.
 std::string TimeOf(const std::string& stamp, int type) {
   char date[16] = "", word[64] = "";
-  int hour = 0, minute = 0, end = 0;
-  int count = 0;
-  if (type == History::STAMP_24_HOURS) {
-    count = sscanf(stamp.c_str(), "%10[0-9/] %2d:%2d%n", date, &hour, &minute, &end) + 1;
-  } else if (type == History::STAMP_WORD_LAST) {
-    count = sscanf(stamp.c_str(), "%10[0-9/] %2d:%2d %63s%n", date, &hour, &minute, word, &end);
+  int hour = 0, minute = 0;
+  if (type == History::STAMP_WORD_FIRST) {
+    sscanf(stamp.c_str(), "%10[0-9/] %63s %2d:%2d", date, word, &hour, &minute);
   } else {
-    count = sscanf(stamp.c_str(), "%10[0-9/] %63s %2d:%2d%n", date, word, &hour, &minute, &end);
+    sscanf(stamp.c_str(), "%10[0-9/] %2d:%2d %63s", date, &hour, &minute, word);
   }
   const bool day = std::strlen(date) == 10 && date[4] == '/' && date[7] == '/';
-  if (count != 4 || static_cast<size_t>(end) != stamp.size() || !day) return "";
+  if (!day || hour < 0 || minute < 0 || stamp != Stamp(date, hour, minute, word, type)) return "";
   if (type != History::STAMP_24_HOURS) {
     const bool morning = word == Utils::GetTranslationStr("SID_AM_ABBR_4");
     if (!morning && word != Utils::GetTranslationStr("SID_PM_ABBR_4")) return "";
     hour = hour % 12 + (morning ? 0 : 12);
   }
-  char text[64];
-  snprintf(text, sizeof text, "%s %02d:%02d", date, hour, minute);
-  return text;
+  return Stamp(date, hour, minute, "", History::STAMP_24_HOURS);
 }
 
 /// A row as the window makes it of a note; false when there is nothing in the note.
@@ -130,6 +137,7 @@ bool ReadNote(const std::string& note, const Clock& clock, DataInfo& row) {
   Want(IsUtf8(stamp) && IsUtf8(other.Checked()), "what is shown is UTF-8");
   const bool dated = date.Checked().find_first_not_of("0123456789/-") == std::string_view::npos;
   Want(dated && !date.Checked().empty(), "a date is digits");
+  Want(date.Checked()[0] != '-' || stamp == kNoTime || note.find('-') != note.npos, "no year before the first");
   const bool fourDigits = date.Checked().size() == 10 && stamp != kNoTime;
   Want(!fourDigits || !TimeOf(stamp, clock.type).empty(), "a stamp is a date and a time of day");
   row = {stamp, std::string(other.Checked()), "", "", ""};
@@ -141,7 +149,7 @@ std::string MakeNotes(Dice& dice) {
   static const Clock* clock = &kClocks[0];
   if (dice.Chance(1)) clock = &dice.Any(kClocks);
   std::string text = clock->name;
-  for (unsigned int i = dice.Below(4) + 1; i > 0; --i) {
+  for (unsigned int i = dice.Chance(70) ? 1 : dice.Below(4) + 1; i > 0; --i) {
     std::string note = std::to_string(1'500'000'000 + dice.Below(400'000'000)) + ":" +
                        std::to_string(dice.Below(1000)) + ":65535:2:0:" + (dice.Chance(50) ? "0" : "1");
     if (dice.Chance(60)) note = dice.Mutated(note);
@@ -180,17 +188,10 @@ bool ReadNotes(const std::string& input) {
 }
 
 std::string StampAt(int minutes, int type) {
-  const int day = minutes / 1440, hour = minutes / 60 % 24, minute = minutes % 60, half = (hour + 11) % 12 + 1;
+  const int day = minutes / 1440, hour = minutes / 60 % 24, half = (hour + 11) % 12 + 1;
   const std::string word = Utils::GetTranslationStr(hour < 12 ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
-  char text[80];
-  if (type == History::STAMP_24_HOURS) {
-    snprintf(text, sizeof text, "2025/03/%02d         %02d:%02d", day + 1, hour, minute);
-  } else if (type == History::STAMP_WORD_LAST) {
-    snprintf(text, sizeof text, "2025/03/%02d         %02d:%02d %s", day + 1, half, minute, word.c_str());
-  } else {
-    snprintf(text, sizeof text, "2025/03/%02d         %s %02d:%02d", day + 1, word.c_str(), half, minute);
-  }
-  return text;
+  const std::string date = "2025/03/0" + std::to_string(day + 1);
+  return Stamp(date, type == History::STAMP_24_HOURS ? hour : half, minutes % 60, word, type);
 }
 
 std::string MakeStamps(Dice& dice) {
@@ -295,17 +296,15 @@ bool ReadFrequency(const std::string& input) {
     CTvsUtil::SetCacheFrequency(direction, nullptr, PROFILE_MAIN);
   }
 
-  ChannelUtil::CacheBandWidth = stored;
-  const int bandwidth = tvs::BandWidthFromText(text.c_str());
+  const int bandwidth = ChannelUtil::GetBandWidthFromDispStr(text.c_str());
   Want(bandwidth >= BANDWIDTH_UNKNOWN && bandwidth <= BANDWIDTH_712, "a known bandwidth or none");
-  const int chosen = ChannelUtil::SetCacheBandWidth(MENU_KEY_NONE, text.c_str(), PROFILE_MAIN);
-  Want(chosen == (bandwidth == BANDWIDTH_UNKNOWN ? stored : bandwidth), "a known bandwidth is taken");
-  CTvsUtil::SetCacheBandWidth(MENU_KEY_NONE, text.c_str(), PROFILE_MAIN);
   for (const MenuKeyDirection direction : {MENU_KEY_UP, MENU_KEY_DOWN}) {
-    const int stepped = ChannelUtil::SetCacheBandWidth(direction, nullptr, PROFILE_MAIN);
-    Want(stepped >= BANDWIDTH_5 && stepped <= BANDWIDTH_712, "a step leads to a bandwidth");
-    CTvsUtil::SetCacheBandWidth(direction, nullptr, PROFILE_MAIN);
-    for (const bool nordic : {false, true}) tvs::StepBandWidth(stored, direction, nordic);
+    for (const int code : {stored, bandwidth}) {
+      const int stepped = tvs::StepBandWidth(code, direction, false),
+                nordic = tvs::StepBandWidth(code, direction, true);
+      Want(stepped >= BANDWIDTH_5 && stepped <= BANDWIDTH_712, "a step leads to a bandwidth");
+      Want(nordic >= BANDWIDTH_UNKNOWN && nordic <= BANDWIDTH_712, "a step leads to a bandwidth or none");
+    }
   }
   return fits || bandwidth != BANDWIDTH_UNKNOWN;
 }
@@ -389,6 +388,8 @@ bool ReadItem(const std::string& input) {
   }
   std::string back, text;
   if (found) SettingsAPI::Get()->GetItemValue(id, back, text);
+  const bool tooBig = value.size() > 10 && value.find_first_not_of("0123456789") == value.npos;
+  Want(id != kItems[0] || !tooBig || text == value || Parsed(value) < INT_MAX, "what is too big is not stepped");
   Want(id != kItems[0] || text == value || text.find_first_not_of("-0123456789") == text.npos, "a step is a number");
   return found;
 }
@@ -534,9 +535,9 @@ const std::vector<Reader>& ProgramReaders() {
       {"numbers", 1, false, MakeNumber, ReadNumber},
       {"frequencies and bandwidths", 1, false, MakeFrequency, ReadFrequency},
       {"filled texts", 1, false, MakeFilled, ReadFilled},
-      {"items", 1, true, MakeItem, ReadItem},
-      {"what is received", 20, true, MakeReceived, ReadReceived},
-      {"sticks", 10, false, MakeSticks, ReadSticks},
+      {"items", 10, true, MakeItem, ReadItem},
+      {"what is received", 500, true, MakeReceived, ReadReceived},
+      {"sticks", 200, false, MakeSticks, ReadSticks},
   };
   return readers;
 }

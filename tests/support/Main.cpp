@@ -7,12 +7,18 @@
 
 namespace {
 
-/// --monkey SEED STEPS: just the monkey, with this seed, for so many steps.
-void ReadMonkey(int argc, char** argv) {
+/// --monkey SEED STEPS, --fuzz SEED RUNS: just that test, with this seed, for so long.
+void ReadSeeded(int argc, char** argv) {
+  struct Seeded {
+    const char *option, *variable, *filter;
+  };
+  constexpr Seeded kSeeded[] = {{"--monkey", "QUIRELLE_MONKEY", "Monkey.*"}, {"--fuzz", "QUIRELLE_FUZZ", "Fuzz.*"}};
   for (int i = 1; i + 2 < argc; ++i) {
-    if (std::strcmp(argv[i], "--monkey") != 0) continue;
-    setenv("QUIRELLE_MONKEY", (std::string(argv[i + 1]) + " " + argv[i + 2]).c_str(), 1);
-    testing::GTEST_FLAG(filter) = "Monkey.*";
+    for (const auto& [option, variable, filter] : kSeeded) {
+      if (std::strcmp(argv[i], option) != 0) continue;
+      setenv(variable, (std::string(argv[i + 1]) + " " + argv[i + 2]).c_str(), 1);
+      testing::GTEST_FLAG(filter) = filter;
+    }
   }
 }
 
@@ -27,7 +33,7 @@ int main(int argc, char** argv) {
   setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
   setenv("XDG_DATA_HOME", (home + "/data").c_str(), 1);
   testing::InitGoogleTest(&argc, argv);
-  ReadMonkey(argc, argv);
+  ReadSeeded(argc, argv);
   const int result = RUN_ALL_TESTS();
   std::error_code ignored;  // left-overs of a crashed test do not make the tests fail
   std::filesystem::remove_all(home, ignored);

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <ctime>
 #include <map>
-#include <random>
 
 #include "Harness.h"
 #include "Screen.h"
@@ -208,87 +207,7 @@ TEST(History, ComparesWhatIsIncomplete) {
   }
 }
 
-std::string StampOf(int minutes, int type) {
-  const int day = minutes / 1440, hour = minutes / 60 % 24, minute = minutes % 60;
-  const std::string word = Utils::GetTranslationStr(hour < 12 ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
-  char text[64];
-  const int half = (hour + 11) % 12 + 1;
-  if (type == History::STAMP_24_HOURS) {
-    snprintf(text, sizeof text, "2025/03/%02d %02d:%02d", day + 1, hour, minute);
-  } else if (type == History::STAMP_WORD_LAST) {
-    snprintf(text, sizeof text, "2025/03/%02d %02d:%02d %s", day + 1, half, minute, word.c_str());
-  } else {
-    snprintf(text, sizeof text, "2025/03/%02d %s %02d:%02d", day + 1, word.c_str(), half, minute);
-  }
-  return text;
-}
-
-TEST(History, ComparesAnyTwoStamps) {
-  Tv tv("europe", 0);
-  std::mt19937 random(7);
-  std::uniform_int_distribution<int> minutes(0, 3 * 1440 - 1), type(0, 4), length(0, 30), letter(0, 18);
-  const auto garbage = [&] {
-    std::string text;
-    for (int i = length(random); i > 0; --i) text += "0123456789/-:: \t\xff\xecM"[letter(random)];
-    return text;
-  };
-  for (int i = 0; i < 50'000; ++i) {
-    const int kind = 1 + i % 3, a = minutes(random), b = i % 10 ? minutes(random) : a;
-    ASSERT_EQ(Compare(kind, StampOf(a, kind), StampOf(b, kind)), (a > b) - (a < b))
-        << StampOf(a, kind) << StampOf(b, kind);
-    const std::string odd = garbage(), other = garbage();
-    Compare(type(random), odd, other);
-    ASSERT_EQ(Compare(kind, odd, ""), 1);
-  }
-}
-
 // --- the window ----------------------------------------------------------------------------------
-
-TEST(History, SortsWhateverTheTvHasNoted) {
-  std::mt19937 random(11);
-  std::uniform_int_distribution<int> length(0, 40), letter(0, 15), share(0, 2);
-  std::uniform_int_distribution<time_t> time(1, At(2100, 1, 1, 0, 0));
-  Texts notes;
-  std::vector<time_t> valid;
-  for (int i = 0; i < 3000; ++i) {
-    if (share(random)) {
-      valid.push_back(time(random) / 60 * 60);
-      notes.push_back(Note(valid.back()));
-      continue;
-    }
-    std::string text;
-    for (int j = length(random); j > 0; --j) text += "0123456789::- x\xff"[letter(random)];
-    notes.push_back(text);
-  }
-  std::sort(valid.rbegin(), valid.rend());
-  Texts expected;
-  for (const time_t seconds : valid) {
-    char text[64];
-    tm local;
-    localtime_r(&seconds, &local);
-    strftime(text, sizeof text, "%Y/%m/%d         %H:%M", &local);
-    expected.emplace_back(text);
-  }
-  Tv tv("europe", 0);
-  SetNotes(notes);
-  const Texts stamps = Stamps();
-  const auto firstWithout = std::find(stamps.begin(), stamps.end(), kNoTime);
-  EXPECT_TRUE(std::all_of(firstWithout, stamps.end(), [](const std::string& s) { return s == kNoTime; }));
-  // What garbage gave a time stands between the others.
-  auto next = expected.begin();
-  for (const std::string& stamp : stamps) {
-    if (next != expected.end() && stamp == *next) ++next;
-  }
-  EXPECT_EQ(next - expected.begin(), static_cast<ptrdiff_t>(expected.size()));
-  test::Run({kMenuID}, [&](Remote& remote) {
-    ASSERT_EQ(Column(remote, "text").size(), 5U);
-    EXPECT_EQ(Column(remote, "text").front(), stamps.front());
-    remote.Press("Left Down Down Up");
-    EXPECT_EQ(remote.Focus(), stamps[1]);
-    remote.Press("Right Return");
-    EXPECT_TRUE(remote.HasExited());
-  });
-}
 
 TEST(History, ListsTimeAndChannelAnewEachTime) {
   Tv tv("europe", 0);

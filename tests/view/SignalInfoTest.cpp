@@ -179,6 +179,13 @@ TEST(SignalInfo, EachTypeShowsItsRowsAndDecoration) {
   }
 }
 
+TEST(SignalInfo, ShowsAChannelNameAsItIs) {
+  const std::string name = "R&D <b>1</b> &amp; ü";
+  Tv tv("europe", 40);
+  Change("UPDATE service SET name = '" + name + "'");
+  Open([&](Remote& remote) { EXPECT_TRUE(ValueOf(remote, "Channel").ends_with(" " + name)); });
+}
+
 TEST(SignalInfo, ThePictureFollowsTheStrength) {
   Tv tv;
   SetSignal("strength = 100");
