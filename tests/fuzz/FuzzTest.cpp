@@ -223,7 +223,7 @@ const std::vector<Known>& KnownTexts() {
       {"filled texts", "<<A>>\nx" + Times(300, "ü"), true},
       {"items", "user-defined-transponder-frequency\n99999999999", true},
       {"positions", "S-nanE", false},
-      {"positions", "S-0x10E", false},
+      {"positions", "S-1e1E", false},
       {"names on air", "\xE0\x80\x80", false},
       {"names on air", "\xF0\x89\x93\xBA", false},
       {"scan tables", "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBT\n\tFREQUENCY = 91\n\tBANDWIDTH_HZ = 8000000\n", false},
