@@ -11,17 +11,24 @@
 
 #include "Gate.h"
 #include "Schema.h"
+#include "tvs/Text.h"
 
 namespace desktop {
 
 namespace {
 
 constexpr int kBusyMilliseconds = 5000;
+constexpr int kMostMilliseconds = 3'600'000;
 
 /// How long another program's lock is waited for; `$QUIRELLE_PATIENCE` (milliseconds) in place of the usual.
 int BusyMilliseconds() {
   const char* own = std::getenv("QUIRELLE_PATIENCE");
-  return own && *own ? std::atoi(own) : kBusyMilliseconds;
+  if (!own || !*own) return kBusyMilliseconds;
+  const auto number = ToNumber(own);
+  if (!number || *number < 0 || *number > kMostMilliseconds) {
+    throw StoreError(std::string("QUIRELLE_PATIENCE '") + own + "': wants 0 to " + std::to_string(kMostMilliseconds));
+  }
+  return static_cast<int>(*number);
 }
 
 Store*& Current() {

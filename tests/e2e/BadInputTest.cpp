@@ -112,6 +112,17 @@ TEST(BadInput, OfTheTvsCommandLine) {
   EXPECT_EQ(tv.Contents(), before);
 }
 
+TEST(BadInput, OfTheEnvironment) {
+  const TvFile tv;
+  for (const char* size : {"99999999999x1", "40000x40000", "0x1080", "1920", "1920x1080p"}) {
+    const std::string screen = std::string("QUIRELLE_SCREEN=") + size;
+    ExpectRefused(tv.Program({"tv-rating", "--keys", "Down"}, {screen}), 1, std::string("'") + size + "': wants", size);
+  }
+  const std::vector<std::string> patience = {"QUIRELLE_PATIENCE=soon"};
+  ExpectRefused(tv.Tv({"get", kY}, patience), 1, "QUIRELLE_PATIENCE 'soon': wants 0 to 3600000", "quirelle-tv");
+  ExpectRefused(tv.Program({"tv-rating", "--keys", "Down"}, patience), 1, "QUIRELLE_PATIENCE 'soon'", "quirelle");
+}
+
 /// Every way to come to a TV, on a file that is none.
 void ExpectNoTv(const std::string& path, const std::string& said) {
   const std::string before = test::ReadWhole(path);

@@ -15,6 +15,7 @@
 #include "MenuControl.h"
 #include "Options.h"
 #include "Profile.h"
+#include "Screen.h"
 #include "Verbs.h"
 #include "app_framework.h"
 #include "system_info.h"
@@ -256,6 +257,9 @@ std::string MakeResolution(Dice& dice) {
 }
 
 bool ReadResolution(const std::string& input) {
+  int w = -1, h = -1;
+  const bool screen = desktop::ParseScreenSize(std::string_view(input).substr(0, input.find('@')), w, h);
+  Want(screen ? w > 0 && w <= 8192 && h > 0 && h <= 8192 : w == -1 && h == -1, "a screen's size is none or fits");
   const auto read = desktop::ParseResolution(input);
   if (!read) return false;
   const auto within = [](int value, int most) { return value >= 0 && value <= most; };

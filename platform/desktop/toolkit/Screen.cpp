@@ -16,6 +16,7 @@
 #include "Wayland.h"
 #include "app_framework.h"
 #include "display.h"
+#include "tvs/Text.h"
 
 namespace desktop {
 
@@ -23,6 +24,8 @@ namespace {
 
 constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
+constexpr long kMostPixels = 8192;
+constexpr const char* kOwnSize = "QUIRELLE_SCREEN";
 /// Sizes of the theme are one to one on a screen of this height at this scale.
 constexpr double kScale = 2.0;
 
@@ -52,10 +55,11 @@ void CloseRequested(void*, Evas_Object*, void*) { ui_app_exit(); }
 /// `$QUIRELLE_SCREEN` (WIDTHxHEIGHT) stands in for the size of a display that is not there.
 void OffScreenSize(int& w, int& h) {
   w = kWidth, h = kHeight;
-  const char* size = std::getenv("QUIRELLE_SCREEN");
-  int wantedW = 0, wantedH = 0;
-  if (size && std::sscanf(size, "%dx%d", &wantedW, &wantedH) == 2 && wantedW > 0 && wantedH > 0) {
-    w = wantedW, h = wantedH;
+  if (!Has(kOwnSize)) return;
+  const std::string size = std::getenv(kOwnSize);
+  if (!ParseScreenSize(size, w, h)) {
+    throw std::runtime_error(std::string(kOwnSize) + " '" + size + "': wants something like 1920x1080, up to " +
+                             std::to_string(kMostPixels) + " each way");
   }
 }
 
@@ -189,6 +193,18 @@ void MeetDisplay() {
   } else if (Is("ELM_DISPLAY", "x11") && Has("DISPLAY") && ecore_x_init(nullptr) == 0) {
     throw std::runtime_error(std::string("no X11 display '") + std::getenv("DISPLAY") + "'");
   }
+  int w = 0, h = 0;
+  if (IsOffScreen()) OffScreenSize(w, h);
+}
+
+bool ParseScreenSize(std::string_view text, int& w, int& h) {
+  const size_t by = text.find('x');
+  if (by == text.npos) return false;
+  const auto width = ToNumber(text.substr(0, by)), height = ToNumber(text.substr(by + 1));
+  const auto fits = [](const auto& pixels) { return pixels && *pixels > 0 && *pixels <= kMostPixels; };
+  if (!fits(width) || !fits(height)) return false;
+  w = static_cast<int>(*width), h = static_cast<int>(*height);
+  return true;
 }
 
 Evas_Object* Window() { return g_window; }

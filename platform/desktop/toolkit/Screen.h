@@ -3,6 +3,8 @@
 
 #include <Elementary.h>
 
+#include <string_view>
+
 namespace desktop {
 
 /// Chooses Wayland, X11 or drawing off screen from the environment; before the toolkit is started.
@@ -13,6 +15,8 @@ bool HasSeat();
 /// Lets the display say how large it is; after the toolkit is started. Throws std::runtime_error when there is
 /// no such display.
 void MeetDisplay();
+/// "1920x1080"; false leaves the numbers as they are.
+bool ParseScreenSize(std::string_view text, int& w, int& h);
 
 /// The program's window, null when there is none (any more).
 Evas_Object* Window();
