@@ -138,7 +138,7 @@ bool ReadNote(const std::string& note, const Clock& clock, DataInfo& row) {
   const bool dated = date.Checked().find_first_not_of("0123456789/-") == std::string_view::npos;
   Want(dated && !date.Checked().empty(), "a date is digits");
   Want(date.Checked()[0] != '-' || stamp == kNoTime || note.find('-') != note.npos, "no year before the first");
-  const bool fourDigits = date.Checked().size() == 10 && stamp != kNoTime;
+  const bool fourDigits = date.Checked().size() == 10 && date.Checked().find('-') == std::string_view::npos;
   Want(!fourDigits || !TimeOf(stamp, clock.type).empty(), "a stamp is a date and a time of day");
   row = {stamp, std::string(other.Checked()), "", "", ""};
   return true;
