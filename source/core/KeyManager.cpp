@@ -80,7 +80,7 @@ void LaunchEManual() {
 }
 
 void HandleCommonKey(std::string_view key) {
-  if (key == "XF86Back" || key == "BackSpace") {
+  if (CKeyManager::IsBack(key)) {
     CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
   } else if (key == "XF86EManual") {
     LaunchEManual();

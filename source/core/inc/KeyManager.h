@@ -5,6 +5,7 @@
 
 #include <array>
 #include <span>
+#include <string_view>
 
 class CKeyManager {
  public:
@@ -25,6 +26,9 @@ class CKeyManager {
   static void SetTimeOut(int seconds);
   static void UnSetTimeOut();
   static void ResetTimeOut();
+
+  /// A remote's key, or the one of a keyboard.
+  static bool IsBack(std::string_view key) { return key == "XF86Back" || key == "BackSpace"; }
 
   static Eina_Bool HandleMenuCommonKeyCB(void* data, int type, void* event);
 

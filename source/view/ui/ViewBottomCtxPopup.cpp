@@ -5,6 +5,7 @@
 
 #include "EventManager.h"
 #include "KPILog.h"
+#include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
 #include "ThemeNames.h"
@@ -25,8 +26,6 @@ std::string DisplayName(const std::string& menuID) {
   SettingsAPI::Get()->GetItemDisplayName(menuID, name);
   return name;
 }
-
-bool IsBack(std::string_view key) { return key == "XF86Back" || key == "BackSpace"; }
 
 }  // namespace
 
@@ -107,12 +106,12 @@ void CViewBottomCtxPopup::t_SublistItemPress() {
 }
 
 void CViewBottomCtxPopup::t_ProcessListKeyPressCB(std::string keyName) {
-  if (IsBack(keyName)) m_Close();
+  if (CKeyManager::IsBack(keyName)) m_Close();
 }
 
 bool CViewBottomCtxPopup::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
   const auto* key = static_cast<Ecore_Event_Key*>(event);
-  if (!key || !IsBack(key->keyname)) return false;
+  if (!key || !CKeyManager::IsBack(key->keyname)) return false;
   m_Close();
   return true;
 }

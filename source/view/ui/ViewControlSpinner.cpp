@@ -5,6 +5,7 @@
 #include "ChannelUtil.h"
 #include "ControlPlacement.h"
 #include "EventManager.h"
+#include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
 #include "TextUtil.h"
@@ -241,8 +242,9 @@ void CViewControlSpinner::m_SubitemKeyPressed(void* data, Evas*, Evas_Object*, v
   feedback_play(kFeedbackKey);
   const std::string key = event->keyname;
   // Arrows step the value: they must not carry the focus to what lies below.
-  if (key != "XF86Back")
+  if (!CKeyManager::IsBack(key)) {
     event->event_flags = static_cast<Evas_Event_Flags>(event->event_flags | EVAS_EVENT_FLAG_ON_HOLD);
+  }
   pThis->m_HandleKey(key);
 }
 

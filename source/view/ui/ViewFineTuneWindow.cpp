@@ -7,6 +7,7 @@
 
 #include "EventManager.h"
 #include "FineTuneUtil.h"
+#include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
 #include "TextUtil.h"
@@ -25,7 +26,6 @@ constexpr double kLowest = -32.0, kHighest = 32.0, kStep = 0.015625;
 constexpr double kHair = 0.00001;
 constexpr double kPopupSeconds = 5.0;
 constexpr double kVoiceDelaySeconds = 0.2;
-constexpr const char* kBack = "XF86Back";
 constexpr int kPopupWrap = 2, kPopupTextWidth = 1122, kPopupFontSize = 48;
 /// Before the toolkit's own handling of the key.
 constexpr Evas_Callback_Priority kKeyPriority = -100;
@@ -393,7 +393,7 @@ void CViewFineTuneWindow::m_OkBtnKeyPressed(void* data, Evas*, Evas_Object*, voi
     LOG_ERROR("Assertion failed");
     return;
   }
-  if (std::string_view(event->keyname) != kBack) return;
+  if (!CKeyManager::IsBack(event->keyname)) return;
   pThis->m_closedAt = event->timestamp;
   pThis->m_ClosePopup();
   LOG_INFO(" popup ok button pressed");
@@ -402,7 +402,7 @@ void CViewFineTuneWindow::m_OkBtnKeyPressed(void* data, Evas*, Evas_Object*, voi
 /// The window hears of a key before or after the popup's button does.
 bool CViewFineTuneWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
   const auto* key = static_cast<Ecore_Event_Key*>(event);
-  if (!key || std::string_view(key->keyname) != kBack) return false;
+  if (!key || !CKeyManager::IsBack(key->keyname)) return false;
   return m_pPopup || (m_closedAt != 0 && key->timestamp == m_closedAt);
 }
 
