@@ -4,6 +4,7 @@
 
 #include "ChannelUtil.h"
 #include "EventManager.h"
+#include "FitRow.h"
 #include "HdmiPorts.h"
 #include "InformationContent.h"
 #include "KeyManager.h"
@@ -116,8 +117,14 @@ void CViewHDMIInfoWindow::t_SetContent() {
 
 void CViewHDMIInfoWindow::t_AddContentItems() {
   const std::string device = m_GetCurrentHDMIDeviceName(), port = m_GetCurrentHDMIPort();
-  m_source = {T("COM_SID_SOURCE_KR_EXT"), device.empty() ? port : device + " (" + port + ")"};
-  m_resolution = {T("COM_SID_RESOLUTION_ABBR_10"), m_GetCurrentHDMIResolution()};
+  const std::string inBrackets = " (" + port + ")";
+  m_source = {T("COM_SID_SOURCE_KR_EXT"), device.empty() ? port : device + inBrackets, port};
+  if (!device.empty()) {
+    const char* part = Utils::FlagReverseMode() ? theme::kRowValueTextReversed : theme::kRowValueText;
+    m_source.shown = FitIntoRow(m_pList, m_pItemClass->item_style, part, kInformationWidth, device, inBrackets);
+  }
+  m_resolution = {T("COM_SID_RESOLUTION_ABBR_10"), m_GetCurrentHDMIResolution(), {}};
+  m_resolution.shown = m_resolution.value;
   for (Fact* fact : {&m_source, &m_resolution}) {
     elm_genlist_item_append(m_pList, m_pItemClass, fact, nullptr, ELM_GENLIST_ITEM_NONE, nullptr, nullptr);
   }
@@ -126,12 +133,12 @@ void CViewHDMIInfoWindow::t_AddContentItems() {
 
 char* CViewHDMIInfoWindow::m_ItemGetText(void* data, Evas_Object*, const char* part) {
   const auto* fact = static_cast<const Fact*>(data);
-  return FactText(part, fact->title, fact->value, false);
+  return FactText(part, fact->title, fact->shown, false);
 }
 
 char* CViewHDMIInfoWindow::m_ItemGetTextReverse(void* data, Evas_Object*, const char* part) {
   const auto* fact = static_cast<const Fact*>(data);
-  return FactText(part, fact->title, fact->value, true);
+  return FactText(part, fact->title, fact->shown, true);
 }
 
 void CViewHDMIInfoWindow::t_Show() {

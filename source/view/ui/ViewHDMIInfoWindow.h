@@ -37,6 +37,8 @@ class CViewHDMIInfoWindow : public CViewWindowBase {
   struct Fact {
     std::string title;
     std::string value;
+    /// The value as far as there is room for it.
+    std::string shown;
   };
 
   void m_GetCurrentSource();
