@@ -125,7 +125,8 @@ void CViewSignalInfoWindow::t_Show() {
 }
 
 void CViewSignalInfoWindow::t_Pause() {
-  if (m_bHistoryRequested) {
+  m_bHistoryShown = m_bHistoryRequested;
+  if (m_bHistoryShown) {
     LOG_DEBUG("need Hide SignalInfoWindow ");
     t_Hide();
   } else if (m_pActionList && elm_object_focus_get(m_pActionList) && t_pDefaultButtons[1]) {
@@ -137,10 +138,9 @@ void CViewSignalInfoWindow::t_Pause() {
 }
 
 void CViewSignalInfoWindow::t_Resume() {
-  if (m_bHistoryRequested) {
+  if (std::exchange(m_bHistoryShown, false)) {
     CViewWindowBase::t_Show();
     if (t_pDefaultButtons[0]) elm_object_focus_set(t_pDefaultButtons[0], EINA_TRUE);
-    m_bHistoryRequested = false;
   } else if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
     for (auto* row = m_pActionList ? elm_genlist_first_item_get(m_pActionList) : nullptr; row;
          row = elm_genlist_item_next_get(row)) {
@@ -169,6 +169,8 @@ void CViewSignalInfoWindow::t_Hide() {
 
 void CViewSignalInfoWindow::t_Destroy() {
   m_StopRefresh();
+  if (m_pRequestEnd) ecore_job_del(m_pRequestEnd);
+  m_pRequestEnd = nullptr;
   for (Evas_Object* list : {m_pContentList, m_pActionList}) {
     if (list) elm_genlist_clear(list);
   }
@@ -308,6 +310,14 @@ bool CViewSignalInfoWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
 void CViewSignalInfoWindow::t_ProcessDefaultButtonOneClickCallBack() {
   m_bHistoryRequested = true;
   CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, kHistoryWindow, 0, nullptr, nullptr);
+  // A job stands in the same queue, behind the event.
+  if (!m_pRequestEnd) m_pRequestEnd = ecore_job_add(m_EndHistoryRequest, this);
+}
+
+void CViewSignalInfoWindow::m_EndHistoryRequest(void* data) {
+  auto* pThis = static_cast<CViewSignalInfoWindow*>(data);
+  pThis->m_pRequestEnd = nullptr;
+  pThis->m_bHistoryRequested = false;
 }
 
 void CViewSignalInfoWindow::t_ProcessDefaultButtonOneKeyPressCallBack(std::string) {}
