@@ -119,7 +119,8 @@ void Store::Check() {
   const int schema = pragma("PRAGMA user_version");
   if (schema != kSchema) {
     throw StoreError(m_path + ": made by " + (schema > kSchema ? "a newer" : "an older") + " quirelle (schema " +
-                         std::to_string(schema) + ", this one knows " + std::to_string(kSchema) + ")",
+                         std::to_string(schema) + ", this one knows " + std::to_string(kSchema) +
+                         "); to replace it by a new TV: quirelle-tv new PROFILE --tv '" + m_path + "' --force",
                      SQLITE_SCHEMA);
   }
 }

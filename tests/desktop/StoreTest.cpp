@@ -160,7 +160,10 @@ TEST(Store, SaysWhatIsWrongWithAFile) {
 
   Tv tv;
   desktop::Store::Get().Execute("PRAGMA user_version = 99");
-  EXPECT_EQ(open(tv.Path()), tv.Path() + ": made by a newer quirelle (schema 99, this one knows 2)");
+  EXPECT_EQ(open(tv.Path()), tv.Path() +
+                                 ": made by a newer quirelle (schema 99, this one knows 2); to replace it by a new "
+                                 "TV: quirelle-tv new PROFILE --tv '" +
+                                 tv.Path() + "' --force");
   EXPECT_FALSE(desktop::Store::IsOpen());
 }
 

@@ -152,6 +152,11 @@ TEST(BadInput, FilesThatAreNoTv) {
   test::Rows(tv / "other.db", "PRAGMA application_id = " + test::Rows(tv.Path(), "PRAGMA application_id").at(0));
   test::Rows(tv / "other.db", "PRAGMA user_version = 99");
   ExpectNoTv(tv / "other.db", "made by a newer quirelle (schema 99");
+  test::Rows(tv / "other.db", "PRAGMA user_version = 1");
+  ExpectNoTv(tv / "other.db", "made by an older quirelle (schema 1");
+  // As the line says.
+  EXPECT_EQ(test::Execute("quirelle-tv", {"new", "europe", "--tv", tv / "other.db", "--force"}).status, 0);
+  EXPECT_EQ(test::Execute("quirelle", {"tv-rating", "--tv", tv / "other.db", "--keys", "Back"}).status, 0);
 }
 
 /// The program with a half-copied TV: whichever page it misses, it says so instead of showing made-up values.
