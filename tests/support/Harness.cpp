@@ -21,6 +21,7 @@
 #include "Application.h"
 #include "CacheManager.h"
 #include "Clock.h"
+#include "DeviceManager.h"
 #include "Dump.h"
 #include "EventManager.h"
 #include "Gate.h"
@@ -58,8 +59,8 @@ namespace test {
 
 namespace {
 
-std::vector<std::string> g_log;
-std::vector<std::string> g_toolkitErrors;
+Texts g_log;
+Texts g_toolkitErrors;
 
 void TakeLogLine(int, const char* text) {
   std::string line = text;
@@ -155,23 +156,39 @@ std::string NameOf(const Evas_Object* object) {
   return shown ? shown : name;
 }
 
-const Evas_Object* FindNamed(const Evas_Object* object, const std::string& name) {
+using Wanted = std::function<bool(const Evas_Object*)>;
+
+Evas_Object* FindBelow(Evas_Object* object, const Wanted& isWanted) {
   if (!evas_object_visible_get(object)) return nullptr;
-  if (NameOf(object) == name) return object;
+  if (isWanted(object)) return object;
   if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return nullptr;
-  const Evas_Object* found = nullptr;
+  Evas_Object* found = nullptr;
   Eina_List* members = evas_object_smart_members_get(object);
   void* member = nullptr;
   EINA_LIST_FREE(members, member) {
-    if (!found) found = FindNamed(static_cast<Evas_Object*>(member), name);
+    if (!found) found = FindBelow(static_cast<Evas_Object*>(member), isWanted);
   }
   return found;
 }
 
-std::vector<std::string> Texts(const Json::Value& array) {
-  std::vector<std::string> texts;
-  for (const Json::Value& text : array) texts.push_back(text.asString());
+/// The uppermost one on the screen; null without one.
+Evas_Object* Find(const Wanted& isWanted) {
+  const Evas* canvas = evas_object_evas_get(desktop::Window());
+  Evas_Object* found = nullptr;
+  for (Evas_Object* o = evas_object_top_get(canvas); o && !found; o = evas_object_below_get(o)) {
+    if (!evas_object_smart_parent_get(o)) found = FindBelow(o, isWanted);
+  }
+  return found;
+}
+
+Texts AsTexts(const Json::Value& array, const char* member = nullptr) {
+  Texts texts;
+  for (const Json::Value& entry : array) texts.push_back((member ? entry[member] : entry).asString());
   return texts;
+}
+
+bool Has(const Texts& texts, const std::string& text) {
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
 }  // namespace
@@ -199,6 +216,7 @@ Tv::Tv(const std::string& profile, long services) {
 }
 
 Tv::~Tv() {
+  CDeviceManager::ReleaseInstance();
   desktop::Gate::FailNth(0, false);
   desktop::Gate::Watch(nullptr);
   desktop::WatchLog(nullptr);
@@ -224,8 +242,21 @@ void Tv::Set(const std::string& key, const std::string& value) {
   });
 }
 
-void Tv::Remove(const std::string& key) {
-  desktop::Store::Get().Write([&] { desktop::Query("DELETE FROM setting WHERE key = ?", key).Run(); });
+void Tv::Remove(const std::string& key) { Change("DELETE FROM setting WHERE key = ?", key); }
+
+std::string Tv::Item(const std::string& id) { return Ask("SELECT value FROM item WHERE id = ?", id); }
+
+void Tv::SetItem(const std::string& id, const std::string& value) {
+  Change("UPDATE item SET value = ? WHERE id = ?", value, id);
+}
+
+void Tv::PutOnStick(const std::string& stick, const Texts& files) {
+  std::filesystem::create_directory(m_directory / stick);
+  for (const std::string& file : files) {
+    const std::filesystem::path path = m_directory / stick / file;
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path) << "x";
+  }
 }
 
 void Tv::Fail(const std::string& name, const std::string& result, int times) {
@@ -240,7 +271,7 @@ void Tv::Fail(const std::string& name, const std::string& result, int times) {
 }
 
 void Tv::Heal() {
-  desktop::Store::Get().Write([] { desktop::Query("DELETE FROM fault").Run(); });
+  Change("DELETE FROM fault");
   desktop::Gate::FaultsChanged();
 }
 
@@ -253,9 +284,15 @@ std::vector<Call> Tv::Journal(const std::string& operation) {
   return calls;
 }
 
+Texts Tv::ArgumentsOf(const std::string& operation) {
+  Texts arguments;
+  for (const Call& call : Journal(operation)) arguments.push_back(call.arguments);
+  return arguments;
+}
+
 void Tv::ClearJournal() {
   desktop::Gate::Flush();
-  desktop::Store::Get().Write([] { desktop::Query("DELETE FROM journal").Run(); });
+  Change("DELETE FROM journal");
 }
 
 // --- the program ---------------------------------------------------------------------------------
@@ -284,22 +321,39 @@ std::string Remote::Focus() {
   return focus.isNull() ? "" : focus.asString();
 }
 
-std::vector<std::string> Remote::Stack() { return test::Texts(Screen()["stack"]); }
+test::Texts Remote::Stack() { return AsTexts(Screen()["stack"]); }
 
-std::vector<std::string> Remote::Spoken() { return test::Texts(Screen()["spoken"]); }
+test::Texts Remote::Spoken() { return AsTexts(Screen()["spoken"]); }
 
-std::vector<std::string> Remote::Texts() { return test::Texts(Screen()["texts"]); }
+test::Texts Remote::Texts() { return AsTexts(Screen()["texts"]); }
+
+std::string Remote::Title() { return Screen()["title"].asString(); }
+
+test::Texts Remote::Buttons() { return AsTexts(Screen()["buttons"], "text"); }
+
+std::vector<std::pair<std::string, std::string>> Remote::Rows() {
+  std::vector<std::pair<std::string, std::string>> rows;
+  const Json::Value screen = Screen();
+  for (const Json::Value& row : screen["rows"]) rows.emplace_back(row["text"].asString(), row["value"].asString());
+  return rows;
+}
+
+test::Texts Remote::RowTexts() { return AsTexts(Screen()["rows"], "text"); }
+
+bool Remote::Shows(const std::string& text) { return Has(Texts(), text); }
+
+bool Remote::Heard(const std::string& text) { return Has(Spoken(), text); }
+
+Evas_Object* Remote::List() {
+  return Find([](const Evas_Object* object) { return IsA(object, "elm_genlist"); });
+}
 
 Place Remote::PlaceOf(const std::string& name) {
-  const Evas* canvas = evas_object_evas_get(desktop::Window());
-  for (Evas_Object* o = evas_object_top_get(canvas); o; o = evas_object_below_get(o)) {
-    const Evas_Object* found = evas_object_smart_parent_get(o) ? nullptr : FindNamed(o, name);
-    if (!found) continue;
-    Place place{};
-    evas_object_geometry_get(found, &place.x, &place.y, &place.w, &place.h);
-    return place;
-  }
-  throw std::runtime_error("nothing on the screen is named " + name);
+  const Evas_Object* found = Find([&](const Evas_Object* object) { return NameOf(object) == name; });
+  if (!found) throw std::runtime_error("nothing on the screen is named " + name);
+  Place place{};
+  evas_object_geometry_get(found, &place.x, &place.y, &place.w, &place.h);
+  return place;
 }
 
 unsigned int Remote::ColourAt(int x, int y) {
@@ -347,6 +401,13 @@ void Remote::Launch(const std::string& menuID) {
   Settle();
 }
 
+void Remote::Post(int type, long first, long second, IEventData* data) {
+  CEventManager::GetInstance()->SendEvent(type, first, second, nullptr, data);
+  Settle();
+}
+
+void Remote::Pop() { Post(EVENT_POP_VIEW, 1); }
+
 void Run(const std::vector<std::string>& words, const Body& body) {
   const KeptEnvironment environment;
   g_toolkitErrors.clear();
@@ -378,10 +439,10 @@ void Run(const std::vector<std::string>& words, const Body& body) {
   for (const std::string& error : g_toolkitErrors) ADD_FAILURE() << error;
 }
 
-std::vector<std::string> TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
+Texts TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
 
-std::vector<std::string> TakeGraveToolkitErrors() {
-  std::vector<std::string> errors = TakeToolkitErrors();
+Texts TakeGraveToolkitErrors() {
+  Texts errors = TakeToolkitErrors();
   const Evas_Object* focus = desktop::Window() ? elm_object_focused_object_get(desktop::Window()) : nullptr;
   if (desktop::Window() && (!focus || focus == desktop::Window())) return errors;
   // What has the focus now is the row of a list; a popup that goes makes no complaint.
@@ -391,9 +452,9 @@ std::vector<std::string> TakeGraveToolkitErrors() {
   return errors;
 }
 
-std::vector<std::string> Log() { return g_log; }
+Texts Log() { return g_log; }
 
-bool Logged(const std::string& text) { return std::find(g_log.begin(), g_log.end(), text) != g_log.end(); }
+bool Logged(const std::string& text) { return Has(g_log, text); }
 
 void ClearLog() { g_log.clear(); }
 

@@ -2,6 +2,7 @@
 // what is on the screen, in the store, in the journal.
 #pragma once
 
+#include <Evas.h>
 #include <gtest/gtest.h>
 #include <json/value.h>
 
@@ -9,12 +10,18 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "Store.h"
+
 class CViewManager;
+class IEventData;
 class IView;
 
 namespace test {
+
+using Texts = std::vector<std::string>;
 
 /// A directory of the test's own, gone when the test is over.
 class TemporaryDirectory {
@@ -44,17 +51,40 @@ class Tv {
   std::string Get(const std::string& key);
   void Set(const std::string& key, const std::string& value);
   void Remove(const std::string& key);
+  /// "en_US.utf8" and the like.
+  void SetLanguage(const std::string& language) { Set("db/menu_widget/language", language); }
+  void TurnVoiceOn() { Set("db/setting/accessibility/tts", "1"); }
+  /// Value of an item of the settings tree.
+  std::string Item(const std::string& id);
+  void SetItem(const std::string& id, const std::string& value);
+  /// Files on a stick, which is plugged in with its first one.
+  void PutOnStick(const std::string& stick, const Texts& files);
   int GetInt(const std::string& key) { return std::stoi(Get(key)); }
 
   void Fail(const std::string& operation, const std::string& result = "", int times = 0);
   void Heal();
   /// Everything in the journal, or the calls of one operation.
   std::vector<Call> Journal(const std::string& operation = "");
+  size_t Calls(const std::string& operation) { return Journal(operation).size(); }
+  Texts ArgumentsOf(const std::string& operation);
   void ClearJournal();
 
  private:
   TemporaryDirectory m_directory;
 };
+
+/// A statement on the TV's file, past its operations.
+template <class... Values>
+void Change(const std::string& sql, const Values&... values) {
+  desktop::Store::Get().Write([&] { desktop::Query(sql, values...).Run(); });
+}
+
+/// The first field of what a query on the TV's file finds; "" when it finds nothing.
+template <class... Values>
+std::string Ask(const std::string& sql, const Values&... values) {
+  desktop::Query query(sql, values...);
+  return query.Row() ? query.Text(0) : "";
+}
 
 /// Where something lies on the screen.
 struct Place {
@@ -72,10 +102,21 @@ class Remote {
   /// What is seen and heard; see the command line's --dump.
   Json::Value Screen();
   std::string Focus();
-  std::vector<std::string> Stack();
-  std::vector<std::string> Spoken();
-  std::vector<std::string> Texts();
+  test::Texts Stack();
+  test::Texts Spoken();
+  test::Texts Texts();
+  std::string Title();
+  /// What the buttons say.
+  test::Texts Buttons();
+  /// Text and value of each row in sight.
+  std::vector<std::pair<std::string, std::string>> Rows();
+  test::Texts RowTexts();
+  /// Whether one of the texts is on the screen, and whether it was spoken: the whole text.
+  bool Shows(const std::string& text);
+  bool Heard(const std::string& text);
   bool IsOn(const std::string& check);
+  /// The list in sight; null without one.
+  Evas_Object* List();
   /// Of the check box, button or text with this name.
   Place PlaceOf(const std::string& name);
   /// Colour of the screen at a place, as 0xAARRGGBB.
@@ -87,6 +128,10 @@ class Remote {
   void Pause();
   void Resume();
   void Launch(const std::string& menuID);
+  /// An event as the program's own parts send it.
+  void Post(int type, long first = 0, long second = 0, IEventData* data = nullptr);
+  /// Takes the uppermost view off, and leaves the program running without any.
+  void Pop();
   /// Puts a view of the test's own on top of the stack, which owns it from then on.
   template <class View>
   View* Push(std::unique_ptr<View> view) {
@@ -105,14 +150,14 @@ using Body = std::function<void(Remote&)>;
 /// toolkit reports fails the test.
 void Run(const std::vector<std::string>& words, const Body& body);
 /// What the toolkit has reported so far; a test that provokes an error takes it here.
-std::vector<std::string> TakeToolkitErrors();
+Texts TakeToolkitErrors();
 /// The same without the complaint that the focus could not be handed on, as long as something on the screen has it
 /// or there is no screen any more: a list makes it now and then of a row that it makes later, and then gives the row
 /// the focus; windows that go one after the other make it of the next one that goes.
-std::vector<std::string> TakeGraveToolkitErrors();
+Texts TakeGraveToolkitErrors();
 
 /// Texts of the program's log since the test began, oldest first, without file, function and line.
-std::vector<std::string> Log();
+Texts Log();
 bool Logged(const std::string& text);
 void ClearLog();
 

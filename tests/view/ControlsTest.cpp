@@ -15,11 +15,10 @@
 #include "ViewSublist.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 constexpr const char* kGround = "StopFrequency";
 constexpr const char* kPolarity = "user-defined-transponder-polarity";
@@ -28,42 +27,22 @@ constexpr const char* kRate = "user-defined-transponder-symbolrate";
 constexpr const char* kBandwidth = "signal-information-bandwidth";
 constexpr const char* kSignalFrequency = "signal-information-frequence";
 
-void SetItem(const std::string& id, const std::string& value) {
-  desktop::Store::Get().Write([&] { desktop::Query("UPDATE item SET value = ? WHERE id = ?", value, id).Run(); });
-}
-
-std::string Item(const std::string& id) {
-  desktop::Query q("SELECT value FROM item WHERE id = ?", id);
-  return q.Row() ? q.Text(0) : "";
-}
-
 void SetChoices(const std::string& id, int count) {
-  desktop::Store::Get().Write([&] {
-    desktop::Query("DELETE FROM choice WHERE item = ?", id).Run();
-    for (int i = 0; i < count; ++i) {
-      const std::string value = std::to_string(i);
-      desktop::Query("INSERT INTO choice (item, place, value, name) VALUES (?, ?, ?, ?)", id, i, value, "Row " + value)
-          .Run();
-    }
-  });
+  test::Change("DELETE FROM choice WHERE item = ?", id);
+  for (int i = 0; i < count; ++i) {
+    const std::string value = std::to_string(i);
+    test::Change("INSERT INTO choice (item, place, value, name) VALUES (?, ?, ?, ?)", id, i, value, "Row " + value);
+  }
 }
 
 /// As a window does for one of its rows.
 void OpenControl(Remote& remote, const char* id, int x = 400, int y = 300, int w = 800) {
   auto* data = new CEventPositionData(id);
   data->SetPositionData(x, y, w);
-  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, 0, 0, nullptr, data);
-  remote.Settle();
+  remote.Post(EVENT_PUSH_VIEW, 0, 0, data);
 }
 
-Texts Rows(Remote& remote) {
-  Texts rows;
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& row : screen["rows"]) rows.push_back(row["text"].asString());
-  return rows;
-}
-
-size_t Writes(Tv& tv) { return tv.Journal("SettingsAPI::SetItemValue").size(); }
+constexpr const char* kWrite = "SettingsAPI::SetItemValue";
 
 // --- the drop-down -------------------------------------------------------------------------------
 
@@ -80,20 +59,20 @@ TEST(Sublist, OpensOnTheValueAndStoresTheChosenOne) {
          {Case{"0", "Row 0", "Down Return", "1", 1, true}, Case{"3", "Row 3", "Up Up Return", "1", 1, true},
           Case{"3", "Row 3", "Return", "3", 1, true}, Case{"0", "Row 0", "Up Return", "0", 1, true},
           Case{"2", "Row 2", "Down Down Down Down Return", "3", 1, true}, Case{"1", "Row 1", "Down Left", "1", 0, true},
-          Case{"1", "Row 1", "Down Back", "1", 0, true}, Case{"1", "Row 1", "Right 5 XF86Red", "1", 0, false},
-          Case{"gone", "Row 0", "Return", "0", 1, true}}) {
+          Case{"1", "Row 1", "Down Back", "1", 0, true}, Case{"1", "Row 1", "Down BackSpace", "1", 0, true},
+          Case{"1", "Row 1", "Right 5 XF86Red", "1", 0, false}, Case{"gone", "Row 0", "Return", "0", 1, true}}) {
       SCOPED_TRACE(std::string(c.value) + " " + c.keys);
-      SetItem(kPolarity, c.value);
+      tv.SetItem(kPolarity, c.value);
       tv.ClearJournal();
       OpenControl(remote, kPolarity);
-      EXPECT_EQ(Rows(remote), (Texts{"Row 0", "Row 1", "Row 2", "Row 3"}));
+      EXPECT_EQ(remote.RowTexts(), (Texts{"Row 0", "Row 1", "Row 2", "Row 3"}));
       EXPECT_EQ(remote.Focus(), c.focus);
       remote.Press(c.keys);
       EXPECT_EQ(remote.Stack().size(), c.closed ? 1U : 2U);
       if (!c.closed) remote.Press("Back");
       EXPECT_EQ(remote.Focus(), "OK") << "the focus is back in the window";
-      EXPECT_EQ(Item(kPolarity), c.stored);
-      EXPECT_EQ(Writes(tv), c.writes);
+      EXPECT_EQ(tv.Item(kPolarity), c.stored);
+      EXPECT_EQ(tv.Calls(kWrite), c.writes);
     }
   });
 }
@@ -101,21 +80,21 @@ TEST(Sublist, OpensOnTheValueAndStoresTheChosenOne) {
 TEST(Sublist, ReachesEveryRowOfALongList) {
   Tv tv("europe", 0);
   SetChoices(kPolarity, 40);
-  SetItem(kPolarity, "20");
+  tv.SetItem(kPolarity, "20");
   test::Run({kGround}, [&](Remote& remote) {
     OpenControl(remote, kPolarity);
     EXPECT_EQ(remote.Focus(), "Row 20");
     for (int row = 21; row < 40; ++row) {
       remote.Press("Down");
       ASSERT_EQ(remote.Focus(), "Row " + std::to_string(row));
-      const Texts seen = Rows(remote);
+      const Texts seen = remote.RowTexts();
       ASSERT_NE(std::find(seen.begin(), seen.end(), remote.Focus()), seen.end()) << "the focus is out of sight";
     }
     remote.Press("Down");
     EXPECT_EQ(remote.Focus(), "Row 39") << "no way round";
     remote.Press("Return");
   });
-  EXPECT_EQ(Item(kPolarity), "39");
+  EXPECT_EQ(tv.Item(kPolarity), "39");
 }
 
 TEST(Sublist, StandsBesideItsRow) {
@@ -136,7 +115,7 @@ TEST(Sublist, StandsBesideItsRow) {
         Case{"en_US.utf8", 0, 0, 0, 408, "nX=0,nY=0,nW=408,m_nControlPopupWidth=408,m_nControlPopupHeight=535",
              "dStartXPoS : 200.000000, dPosX : [0.104167]", "dStartYPoS [252.500000] , dPosY : [0.233796]"}}) {
     Tv tv("europe", 0);
-    tv.Set("db/menu_widget/language", c.language);
+    tv.SetLanguage(c.language);
     SetChoices(kPolarity, c.rows);
     test::Run({kGround}, [&](Remote& remote) {
       OpenControl(remote, kPolarity, c.x, c.y, c.w);
@@ -184,6 +163,7 @@ const Typed kTyped[] = {
     {kFrequency, "11000", "1 2 Up", "11001", "11001"},
     {kFrequency, "11000", "1 2 Up 3", "3 MHz", "11001"},
     {kFrequency, "11000", "1 2 Back", nullptr, "11000"},
+    {kFrequency, "11000", "1 2 BackSpace", nullptr, "11000"},
     {kFrequency, "11000", "Left Right XF86Red XF86RaiseChannel", "11000", "11000"},
     {kFrequency, "----", "", "----", "----"},
     {kFrequency, "----", "Return", nullptr, "----"},
@@ -198,15 +178,15 @@ TEST(Spinner, StepsAndTakesDigitsWithinItsLimits) {
   test::Run({kGround}, [&](Remote& remote) {
     for (const Typed& c : kTyped) {
       SCOPED_TRACE(std::string(c.id) + " " + c.value + ": " + c.keys);
-      SetItem(c.id, c.value);
+      tv.SetItem(c.id, c.value);
       OpenControl(remote, c.id);
       EXPECT_EQ(remote.Focus(), c.value);
       remote.Press(c.keys);
       EXPECT_EQ(remote.Stack().size(), c.shown ? 2U : 1U);
       EXPECT_EQ(remote.Focus(), c.shown ? c.shown : "OK");
-      EXPECT_EQ(Item(c.id), c.stored);
+      EXPECT_EQ(tv.Item(c.id), c.stored);
       if (c.shown) remote.Press("Back");
-      EXPECT_EQ(Item(c.id), c.stored) << "after Back";
+      EXPECT_EQ(tv.Item(c.id), c.stored) << "after Back";
     }
   });
 }
@@ -226,7 +206,7 @@ TEST(Spinner, OfTheSignalRetunes) {
     remote.Press("Return");
     EXPECT_EQ(remote.Stack(), Texts{kGround});
     EXPECT_FALSE(tv.Journal("CreateServiceNavigation").empty());
-    EXPECT_EQ(Writes(tv), 0U);
+    EXPECT_EQ(tv.Calls(kWrite), 0U);
 
     OpenControl(remote, kBandwidth);
     EXPECT_TRUE(remote.Focus().ends_with(" MHz")) << remote.Focus();
@@ -239,15 +219,14 @@ TEST(Spinner, OfTheSignalRetunes) {
 
 TEST(Spinner, SpeaksEachStepAndOpensTheNumberPad) {
   Tv tv("europe", 0);
-  tv.Set("db/setting/accessibility/tts", "1");
-  SetItem(kFrequency, "11000");
+  tv.TurnVoiceOn();
+  tv.SetItem(kFrequency, "11000");
   test::Run({kGround}, [&](Remote& remote) {
     OpenControl(remote, kFrequency);
     remote.Wait(0.3);
     remote.Press("Up");
     remote.Wait(0.3);
-    const Texts spoken = remote.Spoken();
-    EXPECT_NE(std::find(spoken.begin(), spoken.end(), "11001"), spoken.end());
+    EXPECT_TRUE(remote.Heard("11001"));
     remote.Press("XF86More");
     const Json::Value launched = remote.Screen()["launched"];
     ASSERT_EQ(launched.size(), 1U);
@@ -274,12 +253,9 @@ TEST(Controls, LiveWithAnyStoredText) {
     for (int i = 0; i < 40; ++i) {
       for (const char* id : {kFrequency, kRate, kPolarity, kBandwidth}) {
         const std::string value = AnyText(random), name = AnyText(random);
-        SetItem(id, value);
+        tv.SetItem(id, value);
         SetChoices(kPolarity, static_cast<int>(random() % 9));
-        desktop::Store::Get().Write([&] {
-          desktop::Query("UPDATE choice SET value = ?, name = ? WHERE item = ? AND place = 1", value, name, kPolarity)
-              .Run();
-        });
+        test::Change("UPDATE choice SET value = ?, name = ? WHERE item = ? AND place = 1", value, name, kPolarity);
         OpenControl(remote, id);
         EXPECT_EQ(remote.Stack().size(), 2U);
         remote.Press("Up Down 9 Return");
@@ -332,13 +308,13 @@ TEST(ListActionWindow, HasRowsAboveItsButtons) {
                         Case{"postype-sat-longitude-settings", "ar_AE.utf8", 1, "Left", "Right"}}) {
     SCOPED_TRACE(std::string(c.menuID) + " " + c.language);
     Tv tv("europe", 0);
-    SetItem(kFrequency, "11000");
-    SetItem(kRate, "22000");
-    tv.Set("db/menu_widget/language", c.language);
+    tv.SetItem(kFrequency, "11000");
+    tv.SetItem(kRate, "22000");
+    tv.SetLanguage(c.language);
     test::Run({kGround}, [&](Remote& remote) {
       auto* window = remote.Push(std::make_unique<ActionWindow>(c.menuID));
-      EXPECT_EQ(Rows(remote), (Texts{"Row 0", "Row 1", "Row 2"}));
-      EXPECT_EQ(remote.Screen()["buttons"].size(), 1 + c.buttons) << "the window below has one";
+      EXPECT_EQ(remote.RowTexts(), (Texts{"Row 0", "Row 1", "Row 2"}));
+      EXPECT_EQ(remote.Buttons().size(), 1 + c.buttons) << "the window below has one";
       remote.Press("Up Up Up Up");
       EXPECT_EQ(remote.Focus(), "Row 0");
       remote.Press("Return Down Down Return");
@@ -363,8 +339,8 @@ TEST(ListActionWindow, SavesATransponderOnceItIsComplete) {
                         Case{"11000", "22000", true}}) {
     SCOPED_TRACE(std::string(c.frequency) + " " + c.rate);
     Tv tv("europe", 0);
-    SetItem(kFrequency, c.frequency);
-    SetItem(kRate, c.rate);
+    tv.SetItem(kFrequency, c.frequency);
+    tv.SetItem(kRate, c.rate);
     test::Run({kGround}, [&](Remote& remote) {
       remote.Push(std::make_unique<ActionWindow>("user-defined-transponder"));
       const auto canSave = [&] {
@@ -375,10 +351,9 @@ TEST(ListActionWindow, SavesATransponderOnceItIsComplete) {
         throw std::runtime_error("no button to save with");
       };
       EXPECT_EQ(canSave(), c.complete);
-      SetItem(kFrequency, "12000");
-      SetItem(kRate, "27500");
-      CEventManager::GetInstance()->SendEvent(EVENT_REFRESH_VIEW, 0, 0, nullptr, nullptr);
-      remote.Settle();
+      tv.SetItem(kFrequency, "12000");
+      tv.SetItem(kRate, "27500");
+      remote.Post(EVENT_REFRESH_VIEW);
       EXPECT_TRUE(canSave());
       tv.ClearJournal();
       remote.Press("Down Down Down Down");
@@ -437,13 +412,7 @@ TEST(Rows, ThatAreDimmedAreFaintUntilTheyAreNot) {
   SetChoices(kPolarity, 3);
   test::Run({kGround}, [&](Remote& remote) {
     OpenControl(remote, kPolarity);
-    Evas_Object* list = nullptr;
-    for (Evas_Object* o = elm_object_focused_object_get(desktop::Window()); o && !list;
-         o = elm_object_parent_widget_get(o)) {
-      if (std::string_view(evas_object_type_get(o)) == "elm_genlist") list = o;
-    }
-    ASSERT_NE(list, nullptr);
-    Elm_Object_Item* row = elm_genlist_nth_item_get(list, 1);
+    Elm_Object_Item* row = elm_genlist_nth_item_get(remote.List(), 1);
     const test::Place place = remote.PlaceOf("Row 1");
     const auto brightest = [&] {
       unsigned int most = 0;

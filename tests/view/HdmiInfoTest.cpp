@@ -7,8 +7,8 @@
 #include "tvs/Inputs.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
-using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -29,16 +29,8 @@ void Show(int source, const std::string& name, const std::string& resolution, lo
 /// Source and resolution as the window shows them.
 std::string Facts(Remote& remote) {
   std::string text;
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& row : screen["rows"]) text += row["text"].asString() + "=" + row["value"].asString() + ";";
+  for (const auto& [name, value] : remote.Rows()) text += name + "=" + value + ";";
   return text;
-}
-
-Texts Buttons(Remote& remote) {
-  Texts texts;
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& button : screen["buttons"]) texts.push_back(button["text"].asString());
-  return texts;
 }
 
 const Texts kRegular = {"Cable test", "Signal history", "Close"};
@@ -67,7 +59,7 @@ TEST(HdmiInfo, NamesTheDeviceAndThePort) {
     test::Run({kMenuID}, [&](Remote& remote) {
       const bool hdmi = std::string(c.shown).find("HDMI") != std::string::npos;
       EXPECT_EQ(Facts(remote), std::string("Source=") + c.shown + ";Resolution=" + (hdmi ? "1920x1080 / 50p;" : ";"));
-      EXPECT_EQ(Buttons(remote), kRegular);
+      EXPECT_EQ(remote.Buttons(), kRegular);
       EXPECT_EQ(remote.Focus(), "Close");
       EXPECT_EQ(test::Logged("[Error]Current source isn't HDMI"), !hdmi);
       remote.Press("Up Up Up");
@@ -122,12 +114,12 @@ TEST(HdmiInfo, AnHDBaseTInputCanOnlyBeClosed) {
     tv.Set(kHdbtPort, c.port);
     Show(c.source, "", "1920x1080@60p");
     test::Run({kMenuID}, [&](Remote& remote) {
-      EXPECT_EQ(Buttons(remote), c.isHdbt ? Texts{"Close"} : kRegular) << c.source;
+      EXPECT_EQ(remote.Buttons(), c.isHdbt ? Texts{"Close"} : kRegular) << c.source;
       EXPECT_EQ(Facts(remote).starts_with("Source=HDBaseT;"), c.isHdbt) << c.source;
       EXPECT_EQ(remote.Focus(), "Close");
       remote.Press("Return");
       EXPECT_TRUE(remote.HasExited());
-      EXPECT_TRUE(tv.Journal("app_control_send_launch_request").empty());
+      EXPECT_EQ(tv.Calls("app_control_send_launch_request"), 0U);
     });
   }
 }
@@ -154,37 +146,29 @@ TEST(HdmiInfo, OpensWithoutWhatTheTvDoesNotSay) {
     test::Run({kMenuID}, [&](Remote& remote) {
       EXPECT_EQ(Facts(remote), c.facts) << c.operation;
       EXPECT_TRUE(test::Logged(c.said)) << c.operation;
-      EXPECT_EQ(Buttons(remote), kRegular);
+      EXPECT_EQ(remote.Buttons(), kRegular);
     });
   }
 }
 
-Texts Launches(Tv& tv) {
-  Texts launches;
-  for (const test::Call& call : tv.Journal("app_control_send_launch_request")) {
-    launches.push_back(call.arguments + " = " + call.result);
-  }
-  return launches;
-}
-
 TEST(HdmiInfo, TestsTheCable) {
   const std::string request = R"(com.vantrel.tv.wirelore, {"type":"VIDEO_TROUBLE_SHOOTING_SETUP"})";
+  const char* launch = "app_control_send_launch_request";
   Tv tv("hdmi", 0);
   test::Run({kMenuID}, [&](Remote& remote) {
     remote.Press("Up Up Return");
-    EXPECT_EQ(Launches(tv), Texts{request + " = 0"});
-    desktop::Query q("SELECT running FROM application WHERE id = 'com.vantrel.tv.wirelore'");
-    EXPECT_TRUE(q.Row() && q.Int(0) == 1);
+    EXPECT_EQ(tv.ArgumentsOf(launch), Texts{request});
+    EXPECT_EQ(test::Ask("SELECT running FROM application WHERE id = 'com.vantrel.tv.wirelore'"), "1");
     EXPECT_EQ(remote.Stack(), Texts{kMenuID});
-    tv.Fail("app_control_send_launch_request", "-7");
+    tv.Fail(launch, "-7");
     remote.Press("Return");
-    EXPECT_EQ(Launches(tv).back(), request + " = -7");
+    EXPECT_EQ(tv.ArgumentsOf(launch), (Texts{request, request}));
     EXPECT_TRUE(test::Logged("[Error]Failed to send request : -7"));
     tv.Fail("app_control_create");
     remote.Press("Return");
-    EXPECT_EQ(Launches(tv).size(), 2U);
+    EXPECT_EQ(tv.Calls(launch), 2U);
     EXPECT_EQ(remote.Focus(), "Cable test");
-    EXPECT_EQ(tv.Journal("app_control_destroy").size() + 1, tv.Journal("app_control_create").size());
+    EXPECT_EQ(tv.Calls("app_control_destroy") + 1, tv.Calls("app_control_create"));
   });
 }
 
@@ -208,7 +192,7 @@ TEST(HdmiInfo, GivesWayToTheHistoryAndComesBack) {
     remote.Wait(3600);
     remote.Press("Up Return");
     EXPECT_EQ(remote.Stack().back(), kHistory);
-    EXPECT_EQ(Buttons(remote), (Texts{"HDMI delay level", "Close"})) << "the window below is hidden";
+    EXPECT_EQ(remote.Buttons(), (Texts{"HDMI delay level", "Close"})) << "the window below is hidden";
     EXPECT_EQ(SpecialKeys(tv), "+-");
     EXPECT_TRUE(test::Logged("[Debug]need Hide HDMIInfoWindow"));
 
@@ -217,7 +201,7 @@ TEST(HdmiInfo, GivesWayToTheHistoryAndComesBack) {
     remote.Press("Down Return");
     EXPECT_EQ(remote.Stack(), Texts{kMenuID});
     EXPECT_EQ(remote.Focus(), "Signal history");
-    EXPECT_EQ(Buttons(remote), kRegular);
+    EXPECT_EQ(remote.Buttons(), kRegular);
     EXPECT_EQ(SpecialKeys(tv).back(), '+');
     remote.Wait(3600);
     EXPECT_FALSE(remote.HasExited()) << "the window has no time-out";
@@ -259,18 +243,18 @@ TEST(HdmiInfo, IsShownInEveryLanguage) {
   };
   for (const auto& c : cases) {
     Tv tv("hdmi", 0);
-    tv.Set("db/menu_widget/language", c.language);
+    tv.SetLanguage(c.language);
     Show(SOURCE_TYPE_HDMI2, "Box", "1920x1080@60p");
     test::Run({kMenuID}, [&](Remote& remote) {
       EXPECT_EQ(Facts(remote), c.facts);
-      EXPECT_EQ(Buttons(remote).front(), c.button);
+      EXPECT_EQ(remote.Buttons().front(), c.button);
     });
   }
 }
 
 TEST(HdmiInfo, IsReadOut) {
   Tv tv("hdmi", 0);
-  tv.Set("db/setting/accessibility/tts", "1");
+  tv.TurnVoiceOn();
   Show(SOURCE_TYPE_HDMI2, "Box", "1920x1080@60p");
   test::Run({kMenuID}, [&](Remote& remote) {
     remote.Wait(1);
@@ -278,14 +262,55 @@ TEST(HdmiInfo, IsReadOut) {
         "Signal informationCheck the signal of the current external device.SourceBox (HDMI 2) Resolution1920x1080 / "
         "60p "
         "Close";
-    const Texts spoken = remote.Spoken();
-    EXPECT_NE(std::find(spoken.begin(), spoken.end(), expected), spoken.end());
+    EXPECT_TRUE(remote.Heard(expected)) << testing::PrintToString(remote.Spoken());
     EXPECT_TRUE(test::Logged("[Debug]m_sReadBuff = " + expected));
   });
 }
 
+/// The pixels of the last letters of a text.
+std::vector<unsigned> EndOf(Remote& remote, const std::string& text) {
+  const test::Place place = remote.PlaceOf(text);
+  std::vector<unsigned> pixels;
+  for (int y = place.y; y < place.y + place.h; ++y) {
+    for (int x = place.x + place.w - 80; x < place.x + place.w; ++x) pixels.push_back(remote.ColourAt(x, y));
+  }
+  return pixels;
+}
+
+TEST(HdmiInfo, ALongNameGivesWayToThePort) {
+  const struct {
+    const char* language;
+    std::string name;
+  } cases[] = {{"en_US.utf8", std::string(40, 'W')},
+               {"en_US.utf8", std::string(2000, 'i')},
+               {"en_US.utf8", "A & <b>player</b> in the room at the end of the corridor"},
+               {"xh_ZA.utf8", std::string(40, 'W')},
+               {"ar_AE.utf8", std::string(40, 'W')}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.language + (" " + c.name));
+    Tv tv("hdmi", 0);
+    tv.SetLanguage(c.language);
+    Show(SOURCE_TYPE_HDMI1, "W", "1920x1080@50p");
+    std::vector<unsigned> end;
+    std::string port;
+    test::Run({kMenuID}, [&](Remote& remote) {
+      const std::string value = remote.Rows()[0].second;
+      port = value.substr(1);
+      end = EndOf(remote, value);
+    });
+    Show(SOURCE_TYPE_HDMI1, c.name, "1920x1080@50p");
+    test::Run({kMenuID}, [&](Remote& remote) {
+      const std::string value = remote.Rows()[0].second;
+      ASSERT_TRUE(value.ends_with("\u2026" + port)) << value;
+      EXPECT_TRUE(c.name.starts_with(value.substr(0, value.find("\u2026")))) << value;
+      EXPECT_GT(remote.PlaceOf(value).w, 400) << "it gives way too far";
+      EXPECT_EQ(EndOf(remote, value), end) << "the theme cuts it once more";
+    });
+  }
+}
+
 TEST(HdmiInfo, ShowsNamesThatAreNoText) {
-  for (const std::string& name : {std::string("Bad\xff\xfe\xc3"), std::string(2000, 'W'), std::string("\x01\n\t")}) {
+  for (const std::string& name : {std::string("Bad\xff\xfe\xc3"), std::string(2000, '\xff'), std::string("\x01\n\t")}) {
     Tv tv("hdmi", 0);
     Show(SOURCE_TYPE_HDMI1, name, "1920x1080@60p");
     test::Run({kMenuID}, [&](Remote& remote) {

@@ -1,7 +1,4 @@
 // The history of weak signals, and the delay levels behind it.
-#define EFL_BETA_API_SUPPORT
-
-#include <Efl_Core.h>
 #include <Elementary.h>
 
 #include <algorithm>
@@ -9,20 +6,18 @@
 #include <map>
 
 #include "Harness.h"
-#include "Screen.h"
-#include "Store.h"
 #include "Utils.h"
 #include "ViewWeakSignalHistoryWindow.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
-using Texts = std::vector<std::string>;
 
 namespace {
 
 constexpr const char* kMenuID = "signal-information-weakhistory";
 constexpr const char* kNoTime = "----/--/--         --:--";
-const std::string kLanguage = "db/menu_widget/language";
+const std::string kHint = "Channels are listed here when their signal was weak.";
 
 class History : public CViewWeakSignalHistoryWindow {
  public:
@@ -58,19 +53,11 @@ std::string Note(time_t time, int major = 7) {
 }
 
 void SetNotes(const Texts& notes) {
-  desktop::Store::Get().Write([&] {
-    desktop::Query("DELETE FROM weak_signal").Run();
-    for (const std::string& note : notes) desktop::Query("INSERT INTO weak_signal (entry) VALUES (?)", note).Run();
-  });
+  test::Change("DELETE FROM weak_signal");
+  for (const std::string& note : notes) test::Change("INSERT INTO weak_signal (entry) VALUES (?)", note);
 }
 
-void SetClock(int hours) {
-  desktop::Store::Get().Write([&] { desktop::Query("REPLACE INTO tv_state VALUES ('clock_hours', ?)", hours).Run(); });
-}
-
-void SetSource(int source) {
-  desktop::Store::Get().Write([&] { desktop::Query("UPDATE picture SET source = ? WHERE profile = 1", source).Run(); });
-}
+void SetSource(int source) { test::Change("UPDATE picture SET source = ? WHERE profile = 1", source); }
 
 Texts Stamps() {
   std::vector<DataInfo> rows;
@@ -83,53 +70,31 @@ Texts Stamps() {
   return stamps;
 }
 
-Texts Column(Remote& remote, const char* name) {
-  Texts texts;
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& row : screen["rows"]) texts.push_back(row[name].asString());
-  return texts;
-}
-
-Texts Buttons(Remote& remote) {
-  Texts texts;
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& button : screen["buttons"]) texts.push_back(button["text"].asString());
-  return texts;
-}
-
-bool Shows(Remote& remote, const std::string& text) {
-  const Texts texts = remote.Texts();
-  return std::find(texts.begin(), texts.end(), text) != texts.end();
-}
-
 // --- the order -----------------------------------------------------------------------------------
 
-struct ClockCase {
-  int hours;
-  const char* language;
-  /// Times of one date, newest first.
-  Texts times;
-};
-
-const ClockCase kClocks[] = {
-    {24, "en_US.utf8", {"13:30", "12:10", "01:30", "00:05"}},
-    {12, "en_US.utf8", {"01:30 PM", "12:10 PM", "01:30 AM", "12:05 AM"}},
-    {12, "de_DE.utf8", {"01:30 PM", "12:10 PM", "01:30 AM", "12:05 AM"}},
-    {12, "ar_AE.utf8", {"01:30 م", "12:10 م", "01:30 ص", "12:05 ص"}},
-    {12, "ko_KR.utf8", {"오후 01:30", "오후 12:10", "오전 01:30", "오전 12:05"}},
-};
-
 TEST(History, PutsTheNewestFirstInWhicheverOrderTheNotesCome) {
+  const struct {
+    int hours;
+    const char* language;
+    /// Times of one date, newest first.
+    Texts times;
+  } cases[] = {
+      {24, "en_US.utf8", {"13:30", "12:10", "01:30", "00:05"}},
+      {12, "en_US.utf8", {"01:30 PM", "12:10 PM", "01:30 AM", "12:05 AM"}},
+      {12, "de_DE.utf8", {"01:30 PM", "12:10 PM", "01:30 AM", "12:05 AM"}},
+      {12, "ar_AE.utf8", {"01:30 م", "12:10 م", "01:30 ص", "12:05 ص"}},
+      {12, "ko_KR.utf8", {"오후 01:30", "오후 12:10", "오전 01:30", "오전 12:05"}},
+  };
   Texts notes;
   for (const auto& [hour, minute] : {std::pair(0, 5), {1, 30}, {12, 10}, {13, 30}}) {
     notes.push_back(Note(At(2025, 3, 2, hour, minute)));
   }
   notes.push_back(Note(0));
-  for (const ClockCase& c : kClocks) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.language) + " " + std::to_string(c.hours));
     Tv tv("europe", 0);
-    SetClock(c.hours);
-    tv.Set(kLanguage, c.language);
+    test::Change("REPLACE INTO tv_state VALUES ('clock_hours', ?)", c.hours);
+    tv.SetLanguage(c.language);
     Texts expected;
     for (const std::string& time : c.times) expected.push_back("2025/03/02         " + time);
     expected.emplace_back(kNoTime);
@@ -151,21 +116,15 @@ TEST(History, KnowsAStampByItsPieces) {
                                                    {"", History::STAMP_WORD_LAST}};
   Tv tv("europe", 0);
   for (const auto& [language, type] : languages) {
-    tv.Set(kLanguage, language);
+    tv.SetLanguage(language);
     EXPECT_EQ(History::m_GetTimeStampType(4), type) << language;
     EXPECT_EQ(History::m_GetTimeStampType(3), History::STAMP_24_HOURS);
     EXPECT_EQ(History::m_GetTimeStampType(2), History::STAMP_NONE);
   }
-  tv.Set(kLanguage, "ko_KR.utf8");
+  tv.SetLanguage("ko_KR.utf8");
   tv.Fail("vconf_get_str");
   EXPECT_EQ(History::m_GetTimeStampType(4), History::STAMP_WORD_LAST);
 }
-
-struct Broken {
-  int type;
-  const char *newStamp, *sorted;
-  int sign;
-};
 
 /// Cuts a stamp as the window does.
 struct Pieces {
@@ -187,7 +146,11 @@ int Compare(int type, const std::string& newStamp, const std::string& sorted) {
 }
 
 TEST(History, ComparesWhatIsIncomplete) {
-  const Broken cases[] = {
+  const struct {
+    int type;
+    const char *newStamp, *sorted;
+    int sign;
+  } cases[] = {
       {History::STAMP_24_HOURS, "2025/01/01 10:00", "", 1},
       {History::STAMP_24_HOURS, "2025/01/01", "2025/01/01 10:00", -1},
       {History::STAMP_24_HOURS, "2025/01/01 10:00", "2025/01/01 10", 1},
@@ -199,8 +162,7 @@ TEST(History, ComparesWhatIsIncomplete) {
       {History::STAMP_24_HOURS, "2025/01/01 13:30", "2025/01/01 01:30", 1},
   };
   Tv tv("europe", 0);
-  for (const Broken& c : cases)
-    EXPECT_EQ(Compare(c.type, c.newStamp, c.sorted), c.sign) << c.newStamp << "|" << c.sorted;
+  for (const auto& c : cases) EXPECT_EQ(Compare(c.type, c.newStamp, c.sorted), c.sign) << c.newStamp << "|" << c.sorted;
   for (const char* said : {"[Debug]strSortedTimeStamp is NULL", "[Debug]splitNewTimeStamp[ 1 ] is NULL",
                            "[Debug]splitSortedTimeStamp[ 2 ] is NULL"}) {
     EXPECT_TRUE(test::Logged(said)) << said;
@@ -211,45 +173,31 @@ TEST(History, ComparesWhatIsIncomplete) {
 
 TEST(History, ListsTimeAndChannelAnewEachTime) {
   Tv tv("europe", 0);
-  SetNotes({"0:12:3:2:0:1", Note(At(2025, 3, 2, 18, 40), 8), "::", ""});
-  for (const int rows : {2, 3}) {
+  Texts notes = {"0:12:3:2:0:1", Note(At(2025, 3, 2, 18, 40), 8), "::", ""};
+  std::vector<std::pair<std::string, std::string>> rows = {{"2025/03/02         18:40", "8"}, {kNoTime, "UHD 12-3"}};
+  for (const bool again : {false, true}) {
+    if (again) {
+      notes.push_back(Note(At(2025, 3, 2, 18, 41), 9));
+      rows.insert(rows.begin(), {"2025/03/02         18:41", "9"});
+    }
+    SetNotes(notes);
     test::Run({kMenuID}, [&](Remote& remote) {
-      EXPECT_EQ(Column(remote, "text").size(), static_cast<size_t>(rows));
-      EXPECT_EQ(Column(remote, "value").front(), rows == 2 ? "8" : "9");
-      EXPECT_EQ(Column(remote, "value").back(), "UHD 12-3");
-      EXPECT_EQ(Column(remote, "text").back(), kNoTime);
-      EXPECT_EQ(remote.Screen()["title"].asString(), "Signal history");
-      EXPECT_TRUE(Shows(remote, "Channels are listed here when their signal was weak."));
-      EXPECT_EQ(Buttons(remote), Texts{"Close"});
+      EXPECT_EQ(remote.Rows(), rows);
+      EXPECT_EQ(remote.Title(), "Signal history");
+      EXPECT_TRUE(remote.Shows(kHint));
+      EXPECT_EQ(remote.Buttons(), Texts{"Close"});
       EXPECT_EQ(remote.Focus(), "Close");
       // A row can be chosen, and nothing comes of it.
       remote.Press("Left Return");
       EXPECT_EQ(remote.Stack(), Texts{kMenuID});
     });
-    SetNotes({"0:12:3:2:0:1", Note(At(2025, 3, 2, 18, 40), 8), Note(At(2025, 3, 2, 18, 41), 9)});
   }
   EXPECT_TRUE(test::Logged("[Info]Can not get weak signal info of vconf value [::]"));
 }
 
-const Evas_Object* FindList(const Evas_Object* object) {
-  if (std::string_view(evas_object_type_get(object)) == "elm_genlist") return object;
-  if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return nullptr;
-  const Evas_Object* found = nullptr;
-  Eina_List* members = evas_object_smart_members_get(object);
-  void* member = nullptr;
-  EINA_LIST_FREE(members, member) {
-    if (!found) found = FindList(static_cast<Evas_Object*>(member));
-  }
-  return found;
-}
-
 /// "top", "bottom", both or none.
-std::string Shadows() {
-  Evas* canvas = evas_object_evas_get(desktop::Window());
-  const Evas_Object* list = nullptr;
-  for (Evas_Object* o = evas_object_bottom_get(canvas); o && !list; o = evas_object_above_get(o)) list = FindList(o);
-  if (!list) return "no list";
-  const Evas_Object* edje = elm_layout_edje_get(list);
+std::string Shadows(Remote& remote) {
+  const Evas_Object* edje = elm_layout_edje_get(remote.List());
   std::string shown;
   for (const char* edge : {"top", "bottom"}) {
     double value = 0;
@@ -285,7 +233,7 @@ TEST(History, ShadowsSayWhereThereIsMore) {
     test::Run({kMenuID}, [&](Remote& remote) {
       for (const auto& [keys, shadows] : c.steps) {
         remote.Press(keys);
-        EXPECT_EQ(Shadows(), shadows) << c.rows << " rows, after " << keys << ", at " << remote.Focus();
+        EXPECT_EQ(Shadows(remote), shadows) << c.rows << " rows, after " << keys << ", at " << remote.Focus();
       }
     });
   }
@@ -304,19 +252,14 @@ TEST(History, DependsOnTheSource) {
   }
   SetSource(39);
   test::Run({kMenuID}, [&](Remote& remote) {
-    EXPECT_TRUE(Column(remote, "text").empty());
-    EXPECT_TRUE(Shows(remote, "The signal history of the external device is shown below."));
-    EXPECT_EQ(Buttons(remote), (Texts{"HDMI delay level", "Close"}));
+    EXPECT_TRUE(remote.RowTexts().empty());
+    EXPECT_TRUE(remote.Shows("The signal history of the external device is shown below."));
+    EXPECT_EQ(remote.Buttons(), (Texts{"HDMI delay level", "Close"}));
     EXPECT_EQ(remote.Focus(), "Close");
-    EXPECT_TRUE(tv.Journal("SourceControl::GetWeakSignalHistory").empty());
+    EXPECT_EQ(tv.Calls("SourceControl::GetWeakSignalHistory"), 0U);
     remote.Press("Return");
     EXPECT_TRUE(remote.HasExited());
   });
-}
-
-std::string DelayLevel() {
-  desktop::Query q("SELECT value FROM item WHERE id = 'hdmi-delay-level'");
-  return q.Row() ? q.Text(0) : "";
 }
 
 TEST(History, OpensTheDelayLevels) {
@@ -324,21 +267,21 @@ TEST(History, OpensTheDelayLevels) {
   test::Run({kMenuID}, [&](Remote& remote) {
     remote.Press("Up Return");
     EXPECT_EQ(remote.Stack().size(), 2U);
-    EXPECT_EQ(remote.Screen()["title"].asString(), "HDMI delay level");
-    EXPECT_EQ(Column(remote, "text"), (Texts{"Off", "1", "2", "3"}));
-    EXPECT_TRUE(Buttons(remote).empty()) << "the window below is hidden";
+    EXPECT_EQ(remote.Title(), "HDMI delay level");
+    EXPECT_EQ(remote.RowTexts(), (Texts{"Off", "1", "2", "3"}));
+    EXPECT_TRUE(remote.Buttons().empty()) << "the window below is hidden";
     remote.Press("Down Down Return");
-    EXPECT_EQ(DelayLevel(), "2");
+    EXPECT_EQ(tv.Item("hdmi-delay-level"), "2");
     EXPECT_EQ(remote.Stack(), Texts{kMenuID});
     EXPECT_EQ(remote.Focus(), "HDMI delay level");
-    EXPECT_EQ(Buttons(remote), (Texts{"HDMI delay level", "Close"}));
+    EXPECT_EQ(remote.Buttons(), (Texts{"HDMI delay level", "Close"}));
 
     remote.Press("Return");
     EXPECT_EQ(remote.Focus(), "2");
     remote.Press("Down Back");
     EXPECT_EQ(remote.Focus(), "HDMI delay level");
-    EXPECT_EQ(DelayLevel(), "2");
-    EXPECT_EQ(tv.Journal("SettingsAPI::SetItemValue").size(), 1U);
+    EXPECT_EQ(tv.Item("hdmi-delay-level"), "2");
+    EXPECT_EQ(tv.Calls("SettingsAPI::SetItemValue"), 1U);
     remote.Press("Down");
     EXPECT_EQ(remote.Focus(), "Close");
     remote.Wait(61);
@@ -366,9 +309,9 @@ TEST(History, OpensWithoutWhatTheTvDoesNotSay) {
     SetNotes({Note(At(2025, 3, 2, 18, 40))});
     tv.Fail(c.operation, c.result);
     test::Run({kMenuID}, [&](Remote& remote) {
-      EXPECT_EQ(Column(remote, "text"), c.first ? Texts{c.first} : Texts{});
+      EXPECT_EQ(remote.RowTexts(), c.first ? Texts{c.first} : Texts{});
       EXPECT_TRUE(!c.said || test::Logged(c.said));
-      EXPECT_TRUE(Shows(remote, "Channels are listed here when their signal was weak."));
+      EXPECT_TRUE(remote.Shows(kHint));
       EXPECT_EQ(remote.Focus(), "Close");
       remote.Press("Left Return");
       EXPECT_EQ(remote.HasExited(), !c.first);
@@ -377,18 +320,15 @@ TEST(History, OpensWithoutWhatTheTvDoesNotSay) {
 }
 
 TEST(History, IsReadOut) {
-  for (const auto& [notes, said] :
-       std::map<size_t, std::string>{{0, ""}, {3, ", 3 items. Use the arrow keys to move."}}) {
+  const std::pair<size_t, std::string> cases[] = {{0, ""}, {3, ", 3 items. Use the arrow keys to move."}};
+  for (const auto& [notes, said] : cases) {
     Tv tv("europe", 0);
-    tv.Set("db/setting/accessibility/tts", "1");
+    tv.TurnVoiceOn();
     SetNotes(Texts(notes, Note(At(2025, 3, 2, 18, 40))));
-    test::Run({kMenuID}, [&](Remote& remote) {
+    test::Run({kMenuID}, [&, said = said](Remote& remote) {
       remote.Wait(1);
-      const Texts spoken = remote.Spoken();
-      const std::string expected =
-          " Signal history, Channels are listed here when their signal was weak." + said + ", Close, Button";
-      EXPECT_NE(std::find(spoken.begin(), spoken.end(), expected), spoken.end())
-          << expected << " | " << (spoken.empty() ? "nothing" : spoken.front());
+      EXPECT_TRUE(remote.Heard(" Signal history, " + kHint + said + ", Close, Button"))
+          << testing::PrintToString(remote.Spoken());
     });
   }
 }

@@ -3,7 +3,6 @@
 #include <Elementary.h>
 
 #include <deque>
-#include <fstream>
 #include <map>
 #include <set>
 
@@ -16,6 +15,7 @@
 #include "ViewTable.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
 
 namespace {
@@ -53,14 +53,10 @@ std::string NameOf(const Room& room) {
 }
 
 void Furnish(Tv& tv, const Room& room) {
-  tv.Set("db/menu_widget/language", room.language);
+  tv.SetLanguage(room.language);
   tv.Set("db/menu/system/accessibility/highcontrast", room.contrast);
   tv.Set("db/setting/accessibility/tts", room.voice);
-  const std::filesystem::path directory = std::filesystem::path(tv.Path()).parent_path();
-  for (const char* stick : {"A", "B"}) {
-    std::filesystem::create_directory(directory / stick);
-    for (const char* archive : {"one.zip", "two.zip"}) std::ofstream(directory / stick / archive) << "x";
-  }
+  for (const char* stick : {"A", "B"}) tv.PutOnStick(stick, {"one.zip", "two.zip"});
 }
 
 /// One view to visit, and how it is pushed.
@@ -106,8 +102,7 @@ void Push(Remote& remote, const Subject& subject) {
     return;
   }
   const long windowID = subject.window ? subject.window->windowID : 0;
-  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, windowID, subject.step, nullptr, place);
-  remote.Settle();
+  remote.Post(EVENT_PUSH_VIEW, windowID, subject.step, place);
 }
 
 // --- the walk ------------------------------------------------------------------------------------
@@ -157,7 +152,7 @@ void ExpectNoErrors(const std::string& where) {
   for (const std::string& error : test::TakeGraveToolkitErrors()) ADD_FAILURE() << where << ": " << error;
 }
 
-bool IsOnGround(Remote& remote) { return remote.Stack() == std::vector<std::string>{kGround}; }
+bool IsOnGround(Remote& remote) { return remote.Stack() == Texts{kGround}; }
 
 /// False when there is nothing to open now, or it was but a step on the way to nothing.
 bool Open(Remote& remote, const Subject& subject) {
@@ -218,17 +213,12 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
   return true;
 }
 
-void Post(Remote& remote, int type, long first = 0, long second = 0) {
-  CEventManager::GetInstance()->SendEvent(type, first, second, nullptr, nullptr);
-  remote.Settle();
-}
-
 void Close(Remote& remote) {
-  for (int i = 0; i < 10 && !IsOnGround(remote) && !remote.HasExited(); ++i) Post(remote, EVENT_POP_VIEW, 1);
+  for (int i = 0; i < 10 && !IsOnGround(remote) && !remote.HasExited(); ++i) remote.Pop();
 }
 
 bool IsOpen(Remote& remote, const char* menuID) {
-  const std::vector<std::string> stack = remote.Stack();
+  const Texts stack = remote.Stack();
   return std::find(stack.begin(), stack.end(), menuID) != stack.end();
 }
 
@@ -246,13 +236,13 @@ bool Visit(Remote& remote, const Subject& subject, Paths* paths) {
   }
   if (remote.HasExited() || (IsOnGround(remote) && (remote.Focus().empty() || !Open(remote, subject)))) return true;
   if (!IsOpen(remote, kCover)) {
-    Post(remote, EVENT_PUSH_VIEW, kCoverID);
+    remote.Post(EVENT_PUSH_VIEW, kCoverID);
     EXPECT_TRUE(IsOpen(remote, kCover)) << "above " << subject.name;
     ExpectNoErrors(subject.name + " covered");
-    Post(remote, EVENT_POP_VIEW, 1);
+    remote.Pop();
     ExpectNoErrors(subject.name + " uncovered");
   }
-  Post(remote, EVENT_REFRESH_VIEW);
+  remote.Post(EVENT_REFRESH_VIEW);
   remote.Wait(kSpeechSeconds);
   ExpectNoErrors(subject.name + " refreshed");
   Close(remote);
@@ -315,7 +305,7 @@ constexpr const char* kTimeOut = "time-out";
 
 const Ending kEndings[] = {
     {"Back", [](Remote& remote) { remote.Press("Back"); }, true},
-    {"exit event", [](Remote& remote) { Post(remote, EVENT_EXIT_APP); }, true},
+    {"exit event", [](Remote& remote) { remote.Post(EVENT_EXIT_APP); }, true},
     {"switched off", [](Remote& remote) { remote.End(); }, true},
     {"focus lost", [](Remote& remote) { remote.TakeFocus(); }, true},
     {kTimeOut, [](Remote& remote) { remote.Wait(3601); }, true},

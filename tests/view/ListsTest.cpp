@@ -1,144 +1,88 @@
+// The bottom popup and fine tune, worked with the remote.
 #include "Harness.h"
-#include "ViewControlSpinner.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
 
 namespace {
 
-std::string Item(const std::string& id) {
-  const test::Outcome outcome = test::Execute("quirelle-tv", {"item", id});
-  return outcome.output.substr(0, outcome.output.find('\n'));
-}
-
-/// On a busy machine the program may need some more turns of the loop than it is given.
-template <class Condition>
-bool Comes(Remote& remote, Condition condition) {
-  for (int i = 0; i < 50 && !condition(); ++i) remote.Settle();
-  return condition();
-}
-
-bool Opens(Remote& remote) {
-  return Comes(remote,
-               [&] { return !remote.Stack().empty() && !remote.Focus().empty() && !remote.Screen()["texts"].empty(); });
-}
-
-std::string FocusAfter(Remote& remote, const std::string& wanted) {
-  Comes(remote, [&] { return remote.Focus() == wanted; });
-  return remote.Focus();
-}
-
-bool Exits(Remote& remote) {
-  return Comes(remote, [&] { return remote.HasExited(); });
-}
-
-std::vector<std::string> RowTexts(Remote& remote) {
-  std::vector<std::string> texts;
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& row : screen["rows"]) texts.push_back(row["text"].asString());
-  return texts;
-}
-
 // --- the bottom popup ----------------------------------------------------------------------------
 
-TEST(BottomPopup, OpensOnTheValueThatIsSet) {
-  Tv tv;
-  test::Run({"hdmi-delay-level"}, [](Remote& remote) {
-    EXPECT_EQ(remote.Screen()["title"].asString(), "HDMI delay level");
-    EXPECT_TRUE(Opens(remote));
-    EXPECT_TRUE(Comes(remote, [&] { return RowTexts(remote).size() == 4; }));
-    EXPECT_EQ(RowTexts(remote), (std::vector<std::string>{"Off", "1", "2", "3"}));
-    EXPECT_EQ(FocusAfter(remote, "Off"), "Off");
-    remote.Press("Down Down Return");
-    EXPECT_TRUE(Exits(remote));
-  });
-  EXPECT_EQ(Item("hdmi-delay-level"), "2");
-  test::Run({"hdmi-delay-level"}, [](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
-    EXPECT_EQ(FocusAfter(remote, "2"), "2");
-  });
-}
+constexpr const char* kDelay = "hdmi-delay-level";
 
-TEST(BottomPopup, WritesOnlyWhatHasChanged) {
-  struct {
-    const char* keys;
+TEST(BottomPopup, OpensOnTheValueAndWritesOnlyAnother) {
+  const struct {
+    const char *value, *focus, *keys, *stored;
     size_t writes;
-  } const cases[] = {{"Return", 0}, {"Down Up Return", 0}, {"Down Back", 0}, {"Down Return", 1}};
+  } cases[] = {
+      {"0", "Off", "Return", "0", 0},           {"0", "Off", "Down Up Return", "0", 0},
+      {"0", "Off", "Down Back", "0", 0},        {"0", "Off", "Down BackSpace", "0", 0},
+      {"0", "Off", "Down Down Return", "2", 1}, {"2", "2", "Up Return", "1", 1},
+  };
   for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.value) + ": " + c.keys);
     Tv tv;
-    test::Run({"hdmi-delay-level"}, [&](Remote& remote) {
-      EXPECT_TRUE(Opens(remote));
+    tv.SetItem(kDelay, c.value);
+    test::Run({kDelay}, [&](Remote& remote) {
+      EXPECT_EQ(remote.Title(), "HDMI delay level");
+      EXPECT_EQ(remote.RowTexts(), (Texts{"Off", "1", "2", "3"}));
+      EXPECT_EQ(remote.Focus(), c.focus);
       remote.Press(c.keys);
-      EXPECT_TRUE(Exits(remote)) << c.keys;
+      EXPECT_TRUE(remote.HasExited());
     });
-    EXPECT_EQ(tv.Journal("SettingsAPI::SetItemValue").size(), c.writes) << c.keys;
+    EXPECT_EQ(tv.Item(kDelay), c.stored);
+    EXPECT_EQ(tv.Calls("SettingsAPI::SetItemValue"), c.writes);
   }
 }
 
-// --- the spinner's limits ------------------------------------------------------------------------
-
-class Spinner : public CViewControlSpinner {
- public:
-  using CViewControlSpinner::t_GetMinMaxValue;
-};
-
-TEST(Spinner, KnowsWhatMayBeTyped) {
-  const auto frequency = Spinner::t_GetMinMaxValue("user-defined-transponder-frequency");
-  EXPECT_TRUE(frequency.valid);
-  EXPECT_EQ(frequency.minimum, 10700);
-  EXPECT_EQ(frequency.maximum, 12750);
-  EXPECT_EQ(Spinner::t_GetMinMaxValue("user-defined-transponder-symbolrate").maximum, 50000);
-  EXPECT_FALSE(Spinner::t_GetMinMaxValue("signal-information-bandwidth").valid);
+TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
+  const std::pair<const char*, const char*> steps[] = {{"Down", "1"}, {"5", "1"},  {"Down", "2"}, {"Left", "2"},
+                                                       {"Down", "3"}, {"Up", "2"}, {"Up", "1"}};
+  Tv tv;
+  tv.TurnVoiceOn();
+  test::Run({kDelay}, [&](Remote& remote) {
+    EXPECT_EQ(remote.Focus(), "Off");
+    for (const auto& [key, focus] : steps) {
+      remote.Press(key);
+      EXPECT_EQ(remote.Focus(), focus) << key;
+    }
+    remote.Press("Return");
+    EXPECT_TRUE(remote.HasExited());
+  });
+  EXPECT_EQ(tv.Item(kDelay), "1");
 }
 
 // --- fine tune -----------------------------------------------------------------------------------
 
-std::vector<std::string> Presets(Tv& tv) {
-  std::vector<std::string> arguments;
-  for (const test::Call& call : tv.Journal("TunerControl::PresetMFT")) arguments.push_back(call.arguments);
-  return arguments;
-}
-
-bool Shows(Remote& remote, const std::string& text) {
-  const Json::Value screen = remote.Screen();
-  for (const Json::Value& shown : screen["texts"]) {
-    if (shown.asString() == text) return true;
-  }
-  return false;
-}
-
-const std::string kMark = "\u200e";
+/// What the slider says; numbers run from left to right in every language.
+std::string Offset(int value) { return (value < 0 ? "" : "+") + std::string("\u200e") + std::to_string(value); }
 
 TEST(FineTune, TheTunerFollowsTheSlider) {
   Tv tv;
   test::Run({"fine-tune"}, [&](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
-    EXPECT_EQ(FocusAfter(remote, "Close"), "Close");
+    EXPECT_EQ(remote.Focus(), "Close");
     remote.Press("Up");
-    EXPECT_EQ(FocusAfter(remote, "+" + kMark + "0"), "+" + kMark + "0");
-    for (const char* key : {"Right", "Right", "Left"}) {
-      remote.Press(key);
-      remote.Settle();
-    }
-    EXPECT_EQ(FocusAfter(remote, "+" + kMark + "1"), "+" + kMark + "1");
-    EXPECT_EQ(Presets(tv), (std::vector<std::string>{"1, 33", "1, 34", "1, 33"}));
+    EXPECT_EQ(remote.Focus(), Offset(0));
+    remote.Press("Right Right Left");
+    EXPECT_EQ(remote.Focus(), Offset(1));
+    EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT"), (Texts{"1, 33", "1, 34", "1, 33"}));
     remote.Press("Down");
-    EXPECT_EQ(FocusAfter(remote, "Save"), "Save");
+    EXPECT_EQ(remote.Focus(), "Save");
   });
 }
 
 TEST(FineTune, GoesRoundAtBothEnds) {
   Tv tv;
   test::Run({"fine-tune"}, [&](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
     remote.Press("Up");
     for (int i = 0; i < 32; ++i) remote.Press("Left");
-    EXPECT_EQ(FocusAfter(remote, kMark + "-32"), kMark + "-32");
+    EXPECT_EQ(remote.Focus(), Offset(-32));
     remote.Press("Left");
-    EXPECT_EQ(FocusAfter(remote, "+" + kMark + "32"), "+" + kMark + "32");
+    EXPECT_EQ(remote.Focus(), Offset(32));
     remote.Press("Right");
-    EXPECT_EQ(FocusAfter(remote, kMark + "-32"), kMark + "-32");
-    EXPECT_EQ(Presets(tv).back(), "1, 0");
+    EXPECT_EQ(remote.Focus(), Offset(-32));
+    EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT").back(), "1, 0");
   });
 }
 
@@ -146,84 +90,56 @@ TEST(FineTune, SavesResetsAndShowsBoth) {
   Tv tv;
   std::string channel;
   test::Run({"fine-tune"}, [&](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
-    channel = remote.Screen()["texts"][1].asString();
+    channel = remote.Texts()[1];
     EXPECT_TRUE(channel.starts_with("Channel: ")) << channel;
     remote.Press("Up Right Right Down Return");
-    EXPECT_TRUE(Shows(remote, channel + "*"));
-    EXPECT_TRUE(Shows(remote, "Fine tune:  +2"));
-    std::vector<std::string> order;
+    EXPECT_TRUE(remote.Shows(channel + "*"));
+    EXPECT_TRUE(remote.Shows("Fine tune:  +2"));
+    Texts order;
     for (const test::Call& call : tv.Journal()) {
       if (call.operation.ends_with("MFT") || call.operation == "Service::UpdateService")
         order.push_back(call.operation);
     }
     order.erase(order.begin(), order.end() - 5);
-    EXPECT_EQ(order,
-              (std::vector<std::string>{"TunerControl::SetMFT", "Service::UpdateService", "Service::UpdateService",
-                                        "TunerControl::GetMFT", "TunerControl::PresetMFT"}));
+    EXPECT_EQ(order, (Texts{"TunerControl::SetMFT", "Service::UpdateService", "Service::UpdateService",
+                            "TunerControl::GetMFT", "TunerControl::PresetMFT"}));
     remote.Press("Back");
-    EXPECT_TRUE(Exits(remote));
+    EXPECT_TRUE(remote.HasExited());
   });
   test::Run({"fine-tune"}, [&](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
-    EXPECT_TRUE(Shows(remote, channel + "*"));
+    EXPECT_TRUE(remote.Shows(channel + "*"));
     remote.Press("Up Right");
-    EXPECT_TRUE(Shows(remote, channel));
-    EXPECT_FALSE(Shows(remote, "Fine tune:  +2"));
+    EXPECT_TRUE(remote.Shows(channel));
+    EXPECT_FALSE(remote.Shows("Fine tune:  +2"));
     remote.Press("Down Left");
-    EXPECT_EQ(FocusAfter(remote, "Reset"), "Reset");
+    EXPECT_EQ(remote.Focus(), "Reset");
     remote.Press("Return");
-    EXPECT_EQ(FocusAfter(remote, "OK"), "OK");
     remote.Wait(4.0);
-    EXPECT_EQ(FocusAfter(remote, "OK"), "OK");
+    EXPECT_EQ(remote.Focus(), "OK");
     remote.Wait(2.0);
     EXPECT_NE(remote.Focus(), "OK");
     EXPECT_FALSE(remote.HasExited());
   });
   test::Run({"fine-tune"}, [&](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
-    EXPECT_TRUE(Shows(remote, channel));
+    EXPECT_TRUE(remote.Shows(channel));
     remote.Press("Up");
-    EXPECT_EQ(FocusAfter(remote, "+" + kMark + "0"), "+" + kMark + "0");
+    EXPECT_EQ(remote.Focus(), Offset(0));
   });
 }
 
 TEST(FineTune, BackClosesTheWordAfterAResetAndThenTheWindow) {
-  for (const char* key : {"Back", "Return"}) {
+  for (const char* key : {"Back", "BackSpace", "Return"}) {
     Tv tv;
     test::Run({"fine-tune"}, [&](Remote& remote) {
-      EXPECT_TRUE(Opens(remote));
       remote.Press("Left Left Return");
-      EXPECT_EQ(FocusAfter(remote, "OK"), "OK");
+      EXPECT_EQ(remote.Focus(), "OK");
       remote.Press(key);
-      EXPECT_EQ(remote.Stack(), std::vector<std::string>{"fine-tune"}) << key;
-      EXPECT_EQ(FocusAfter(remote, "Reset"), "Reset") << key;
+      EXPECT_EQ(remote.Stack(), Texts{"fine-tune"}) << key;
+      EXPECT_EQ(remote.Focus(), "Reset") << key;
       remote.Press("Back");
-      EXPECT_TRUE(Exits(remote)) << key;
+      EXPECT_TRUE(remote.HasExited()) << key;
     });
   }
-}
-
-// --- the voice guide -----------------------------------------------------------------------------
-
-TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
-  Tv tv;
-  tv.Set("db/setting/accessibility/tts", "1");
-  test::Run({"hdmi-delay-level"}, [&](Remote& remote) {
-    EXPECT_TRUE(Opens(remote));
-    EXPECT_EQ(FocusAfter(remote, "Off"), "Off");
-    struct {
-      const char *key, *focus;
-    } const steps[] = {{"Down", "1"}, {"5", "1"},  {"Down", "2"}, {"Left", "2"},
-                       {"Down", "3"}, {"Up", "2"}, {"Up", "1"}};
-    for (const auto& step : steps) {
-      remote.Press(step.key);
-      EXPECT_EQ(FocusAfter(remote, step.focus), step.focus) << step.key;
-    }
-    remote.Press("Return");
-    EXPECT_TRUE(Exits(remote));
-  });
-  EXPECT_EQ(Item("hdmi-delay-level"), "1");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // The sticks that are plugged in, and the boxes of the flows with several steps: what they say, what they offer,
 // and where they lead.
 #include <chrono>
-#include <fstream>
 
 #include "DeviceManager.h"
 #include "EventManager.h"
@@ -10,38 +9,26 @@
 #include "ViewFactoryMessageBox.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
-class Sticks {
- public:
-  explicit Sticks(const Tv& tv) : m_directory(std::filesystem::path(tv.Path()).parent_path()) {}
-  ~Sticks() { CDeviceManager::ReleaseInstance(); }
-  void Add(const std::string& name, int archives) const {
-    std::filesystem::create_directory(m_directory / name);
-    for (int i = 0; i < archives; ++i) Put(name + "/list" + std::to_string(i) + ".zip");
+/// As many sticks as there are numbers, each with so many archives.
+void Plug(Tv& tv, const std::vector<int>& archives) {
+  for (size_t i = 0; i < archives.size(); ++i) {
+    Texts files;
+    for (int file = 0; file < archives[i]; ++file) files.push_back("list" + std::to_string(file) + ".zip");
+    tv.PutOnStick("S" + std::to_string(i), files);
   }
-  void Put(const std::string& file) const {
-    std::filesystem::create_directories((m_directory / file).parent_path());
-    std::ofstream(m_directory / file) << "x";
-  }
-
- private:
-  std::filesystem::path m_directory;
-};
+}
 
 // --- sticks --------------------------------------------------------------------------------------
 
 TEST(DeviceManager, CountsMountedSticksAndTheirArchives) {
   Tv tv;
-  const Sticks sticks(tv);
-  sticks.Add("A", 0);
-  sticks.Add("B", 2);
-  sticks.Put("A/Channel.ZIP");
-  sticks.Put("A/deep/list.zip");
+  tv.PutOnStick("A", {"Channel.ZIP", "deep/list.zip"});
+  tv.PutOnStick("B", {"one.zip", "two.zip"});
   CDeviceManager* devices = CDeviceManager::GetInstance();
   devices->Initialize(false);
   EXPECT_EQ(devices->m_nDeviceCount, 2);
@@ -51,7 +38,7 @@ TEST(DeviceManager, CountsMountedSticksAndTheirArchives) {
   EXPECT_EQ(devices->GetSelectedDevice()->nChmapFileCount, 2);
   EXPECT_GT(devices->GetSelectedDevice()->availableSize, 0U);
 
-  sticks.Add("C", 1);
+  tv.PutOnStick("C", {"one.zip"});
   devices->Initialize(false);
   EXPECT_EQ(devices->m_nDeviceCount, 2);
   devices->Initialize(true);
@@ -70,8 +57,7 @@ TEST(DeviceManager, LeavesOutWhatItCannotHave) {
   for (const Case& c : {Case{"usb_device_get_mountpath", "[Error]The storage is not mounted"},
                         Case{"usb_device_get_device_list", "[Error]usb_device_get_device_list failed"}}) {
     Tv tv;
-    const Sticks sticks(tv);
-    sticks.Add("A", 1);
+    Plug(tv, {1});
     tv.Fail(c.operation);
     CDeviceManager* devices = CDeviceManager::GetInstance();
     devices->Initialize(false);
@@ -143,12 +129,6 @@ void SetTuners(Tv& tv, bool two) {
   tv.Set("db/menu/Broadcast/setting/SatelliteSystem/SatelliteAntConnectionType", two ? "1" : "0");
 }
 
-Texts ButtonsOf(const Json::Value& screen) {
-  Texts buttons;
-  for (const Json::Value& button : screen["buttons"]) buttons.push_back(button["text"].asString());
-  return buttons;
-}
-
 /// Puts the box of a step on top.
 template <class Box>
 Box* Show(Remote& remote, const char* menuID, unsigned int windowID, unsigned int step) {
@@ -157,16 +137,11 @@ Box* Show(Remote& remote, const char* menuID, unsigned int windowID, unsigned in
   return remote.Push(std::move(box));
 }
 
-void Pop(Remote& remote) {
-  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
-  remote.Settle();
-}
-
 /// The text of a box, without what its buttons say.
-std::string TextOf(const Json::Value& screen) {
+std::string TextOf(Remote& remote) {
   std::string text;
-  for (const Json::Value& shown : screen["texts"]) text += (text.empty() ? "" : "\n") + shown.asString();
-  for (const std::string& button : ButtonsOf(screen)) {
+  for (const std::string& shown : remote.Texts()) text += (text.empty() ? "" : "\n") + shown;
+  for (const std::string& button : remote.Buttons()) {
     const size_t at = text.rfind(button);
     if (at != std::string::npos) text.erase(at > 0 ? at - 1 : 0);
   }
@@ -178,17 +153,16 @@ TEST(MessageBox, SaysWhatItsStepIs) {
     Tv tv("europe", 0);
     SetTuners(tv, two);
     test::Run({"tv-rating"}, [&](Remote& remote) {
-      Pop(remote);
+      remote.Pop();
       for (const Step& step : kSteps) {
         if (step.tuners != ANY && step.tuners != (two ? TWO : ONE)) continue;
         SCOPED_TRACE(std::to_string(step.windowID) + " " + std::to_string(step.step) + (two ? " two tuners" : ""));
         Show<CMessageBox>(remote, "box", step.windowID, step.step);
-        const Json::Value screen = remote.Screen();
-        EXPECT_EQ(TextOf(screen), step.text);
-        EXPECT_EQ(ButtonsOf(screen), step.buttons);
+        EXPECT_EQ(TextOf(remote), step.text);
+        EXPECT_EQ(remote.Buttons(), step.buttons);
         // What changes nothing has the focus.
         EXPECT_EQ(remote.Focus(), step.buttons.back());
-        Pop(remote);
+        remote.Pop();
       }
     });
   }
@@ -201,13 +175,12 @@ TEST(MessageBox, OfTheFactorySaysTheSameAndCounts) {
     Tv tv("europe", 0);
     test::Run({"tv-rating"}, [&](Remote& remote) {
       const bool import = step.windowID == 2;
-      Pop(remote);
+      remote.Pop();
       Show<CViewFactoryMessageBox>(remote, import ? "factory-import-from-usb" : "factory-export-to-usb",
                                    step.windowID + 2, step.step);
-      Json::Value screen = remote.Screen();
-      EXPECT_EQ(screen["title"].asString(), import ? "Import from USB" : "Export to USB");
-      EXPECT_EQ(ButtonsOf(screen), Texts{"OK (15)"});
-      EXPECT_NE(TextOf(screen).find(step.text), std::string::npos) << TextOf(screen);
+      EXPECT_EQ(remote.Title(), import ? "Import from USB" : "Export to USB");
+      EXPECT_EQ(remote.Buttons(), Texts{"OK (15)"});
+      EXPECT_NE(TextOf(remote).find(step.text), std::string::npos) << TextOf(remote);
       EXPECT_EQ(remote.Focus(), "OK (15)");
       const auto begin = std::chrono::steady_clock::now();
       Texts counted;
@@ -240,24 +213,19 @@ Texts TakeSteps() {
   return steps;
 }
 
-struct Confirmed {
-  std::vector<int> archives;
-  int next;
-};
-
-const Confirmed kConfirmed[] = {
-    {{}, 2}, {{0}, 2}, {{1}, 2}, {{3}, 11}, {{0, 0}, 2}, {{0, 1}, 2}, {{0, 3}, 11}, {{1, 1}, 12}, {{3, 3}, 12},
-};
-
 TEST(MessageBox, AConfirmedImportGoesOnWithWhatTheSticksHold) {
-  for (const Confirmed& c : kConfirmed) {
+  const struct {
+    std::vector<int> archives;
+    int next;
+  } cases[] = {
+      {{}, 2}, {{0}, 2}, {{1}, 2}, {{3}, 11}, {{0, 0}, 2}, {{0, 1}, 2}, {{0, 3}, 11}, {{1, 1}, 12}, {{3, 3}, 12},
+  };
+  for (const auto& c : cases) {
     for (const char* menuID : {"import-from-usb", "factory-import-from-usb"}) {
       const bool factory = *menuID == 'f';
-      SCOPED_TRACE(menuID + std::string(" with ") + std::to_string(c.archives.size()) + " sticks, next " +
-                   std::to_string(c.next));
+      SCOPED_TRACE(menuID + (" with " + testing::PrintToString(c.archives)));
       Tv tv("europe", 0);
-      const Sticks sticks(tv);
-      for (size_t i = 0; i < c.archives.size(); ++i) sticks.Add("S" + std::to_string(i), c.archives[i]);
+      Plug(tv, c.archives);
       test::Run({"tv-rating"}, [&](Remote& remote) {
         if (factory) {
           test::ClearLog();
@@ -283,14 +251,13 @@ TEST(MessageBox, AnythingElseLeadsBack) {
     const char* keys;
     Texts next;
   };
-  for (const Case& c : {Case{2, 1, "Return", {}}, Case{2, 1, "Left Back", {}}, Case{2, 3, "Return", {}},
-                        Case{6, 19, "Return", {}}, Case{18, 0, "Return", {}}, Case{6, 17, "Back", {}},
-                        Case{6, 17, "Return", {"satcr-detect-slot-frequency-slot1 18"}},
+  for (const Case& c : {Case{2, 1, "Return", {}}, Case{2, 1, "Left Back", {}}, Case{2, 1, "Left BackSpace", {}},
+                        Case{2, 3, "Return", {}}, Case{6, 19, "Return", {}}, Case{18, 0, "Return", {}},
+                        Case{6, 17, "Back", {}}, Case{6, 17, "Return", {"satcr-detect-slot-frequency-slot1 18"}},
                         Case{9, 18, "Return", {"satcr-verify-slot-frequency-slot2 20"}}}) {
     SCOPED_TRACE(std::to_string(c.windowID) + " " + std::to_string(c.step) + " " + c.keys);
     Tv tv("europe", 0);
-    const Sticks sticks(tv);
-    sticks.Add("S", 1);
+    Plug(tv, {1});
     test::Run({"tv-rating"}, [&](Remote& remote) {
       Show<CMessageBox>(remote, "box", c.windowID, c.step);
       test::ClearLog();
@@ -317,11 +284,9 @@ TEST(MessageBox, OpensOnTheStepThatTheSticksAllow) {
         Case{"factory-export-to-usb", {}, kNoStick, "OK (15)"}}) {
     SCOPED_TRACE(c.menuID);
     Tv tv("europe", 0);
-    const Sticks sticks(tv);
-    for (size_t i = 0; i < c.archives.size(); ++i) sticks.Add("S" + std::to_string(i), c.archives[i]);
+    Plug(tv, c.archives);
     test::Run({c.menuID}, [&](Remote& remote) {
-      const Texts texts = remote.Texts();
-      EXPECT_NE(std::find(texts.begin(), texts.end(), c.text), texts.end());
+      EXPECT_TRUE(remote.Shows(c.text));
       EXPECT_EQ(remote.Focus(), c.focus);
       remote.Press("Return");
       EXPECT_TRUE(remote.HasExited());

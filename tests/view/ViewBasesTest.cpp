@@ -1,5 +1,4 @@
 // The bases of all windows, by small windows of the test's own shown in the real program.
-#include "EventManager.h"
 #include "Harness.h"
 #include "RootWindow.h"
 #include "ThemeNames.h"
@@ -8,15 +7,10 @@
 #include "WidgetDim.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
-using Texts = std::vector<std::string>;
 
 namespace {
-
-void Pop(Remote& remote) {
-  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
-  remote.Settle();
-}
 
 // --- buttons -------------------------------------------------------------------------------------
 
@@ -55,17 +49,15 @@ class ButtonsWindow : public CViewWindowBase {
 TEST(WindowBase, HasAsManyButtonsAsItAsksFor) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
-    Pop(remote);
+    remote.Pop();
     const Texts texts[] = {{}, {"Close"}, {"OK", "Close"}, {"OK", "Close", "Close"}};
     for (int count = 0; count <= 3; ++count) {
       test::ClearLog();
       remote.Push(std::make_unique<ButtonsWindow>(count, "A title"));
-      const Json::Value screen = remote.Screen();
-      EXPECT_EQ(screen["title"].asString(), "A title");
-      ASSERT_EQ(screen["buttons"].size(), static_cast<unsigned int>(count));
-      for (int i = 0; i < count; ++i) EXPECT_EQ(screen["buttons"][i]["text"].asString(), texts[count][i]);
+      EXPECT_EQ(remote.Title(), "A title");
+      EXPECT_EQ(remote.Buttons(), texts[count]);
       EXPECT_EQ(test::Logged("[Debug]DefaultNum:" + std::to_string(count)), count > 0);
-      Pop(remote);
+      remote.Pop();
       EXPECT_TRUE(remote.Texts().empty());
     }
   });
@@ -76,7 +68,7 @@ TEST(WindowBase, EachButtonCallsItsOwnOperations) {
   test::Run({"tv-rating"}, [](Remote& remote) {
     auto* window = remote.Push(std::make_unique<ButtonsWindow>(3));
     EXPECT_TRUE(test::Logged("[Debug]no title for this item - intentionally, due to new policy"));
-    EXPECT_EQ(remote.Screen()["title"].asString(), "");
+    EXPECT_EQ(remote.Title(), "");
     const auto took = [&] { return std::exchange(window->m_calls, {}); };
     EXPECT_EQ(took(), Texts{"focus 1"});
     remote.Press("Return");
@@ -161,7 +153,7 @@ TEST(Notice, ShowsItsTextTranslatedAboveOneButton) {
        std::map<const char*, const char*>{{"SID_SATELLITE_SELECTION", "Satellite selection"}, {nullptr, "null"}}) {
     Tv tv;
     test::Run({"tv-rating"}, [&, id = id, text = text](Remote& remote) {
-      Pop(remote);
+      remote.Pop();
       remote.Push(std::make_unique<Notice>(id));
       EXPECT_EQ(remote.Texts(), (Texts{text, "OK"}));
       EXPECT_EQ(remote.Focus(), "OK");
@@ -186,7 +178,7 @@ TEST(Notice, DimsTheScreenAsLongAsItIsThere) {
         remote.Settle();
         EXPECT_TRUE(isDim(remote));
       }
-      Pop(remote);
+      remote.Pop();
       EXPECT_FALSE(isDim(remote));
       EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
       EXPECT_EQ(remote.Focus(), "All, TV-Y") << "the focus is back where it was";
@@ -225,7 +217,7 @@ class ProgressWindow : public CViewProgressWindowBase {
 TEST(Progress, ShowsItsValueInWholePercentCut) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
-    Pop(remote);
+    remote.Pop();
     auto* window = remote.Push(std::make_unique<ProgressWindow>());
     EXPECT_EQ(remote.Texts(), Texts{"0%"});
     for (const auto& [value, text] : std::map<double, const char*>{{0.505, "50%"}, {0.999, "99%"}, {1.0, "100%"}}) {
@@ -239,14 +231,14 @@ TEST(Progress, ShowsItsValueInWholePercentCut) {
     remote.Settle();
     EXPECT_EQ(remote.Texts(), Texts{"100%"}) << "no text follows the value any more";
     EXPECT_EQ(remote.Screen()["progress"].asInt(), 25);
-    EXPECT_TRUE(remote.Screen()["buttons"].empty());
+    EXPECT_EQ(remote.Buttons(), Texts{});
   });
 }
 
 TEST(Progress, ItsBarTakesKeys) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
-    Pop(remote);
+    remote.Pop();
     auto* window = remote.Push(std::make_unique<ProgressWindow>());
     elm_object_focus_allow_set(window->Bar()->GetObject(), EINA_TRUE);
     window->Bar()->SetFocus(true);
