@@ -66,8 +66,9 @@ void ExpectDrawn(const std::vector<std::string>& environment, const std::string&
 
 class X11 {
  public:
+  /// Without -r a busy machine, slow to let a key go, would press it again and again.
   X11()
-      : m_server({"sh", "-c", "exec Xvfb -displayfd 1 -screen 0 1920x1080x24 -nolisten tcp 2>/dev/null"}, {},
+      : m_server({"sh", "-c", "exec Xvfb -displayfd 1 -screen 0 1920x1080x24 -nolisten tcp -r 2>/dev/null"}, {},
                  m_directory / "number") {
     Until([this] {
       std::ifstream(m_directory / "number") >> m_number;
@@ -101,7 +102,7 @@ TEST(Displays, X11TakesRealKeys) {
   const auto press = [&](const char* key, const std::string& remote) {
     const size_t before = test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]");
     EXPECT_EQ(display.Ask({"xdotool", "key", key}), 0);
-    EXPECT_TRUE(Until([&] { return test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]") != before; }, 5))
+    EXPECT_TRUE(Until([&] { return test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]") != before; }))
         << key << "\n"
         << test::ReadWhole(tv / "tv.log");
   };
