@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <map>
+#include <regex>
 #include <set>
 
 #include "EventManager.h"
@@ -28,8 +29,8 @@ constexpr const char* kCover = "StartFrequency";
 constexpr long kCoverID = 18;
 /// Steps of the flows with several; a maker that knows no such case tells its steps apart.
 constexpr unsigned int kMostSteps = 21, kNoStep = 99;
-/// A long list has places enough to keep the walk busy.
-constexpr int kMostPresses = 250;
+/// More than the largest window takes: a walk that goes on has found places without end.
+constexpr int kMostPresses = 1000;
 /// Until the voice guide speaks, and then some.
 constexpr double kSpeechSeconds = 0.5;
 
@@ -107,14 +108,25 @@ void Push(Remote& remote, const Subject& subject) {
 
 // --- the walk ------------------------------------------------------------------------------------
 
-/// What has the focus; the values of a slider or a spinner are one place.
+/// A spinner has the focus on a part of its own.
+bool HasValues(const Evas_Object* object) {
+  for (; object; object = elm_object_parent_widget_get(object)) {
+    const std::string_view type = evas_object_type_get(object);
+    if (type == "elm_slider" || type == "elm_spinner") return true;
+  }
+  return false;
+}
+
+/// What has the focus; the values of a slider or a spinner, and the seconds on a button, are one place.
 std::string PlaceNow(Remote& remote) {
   const Json::Value screen = remote.Screen();
   std::string place;
   for (const Json::Value& view : screen["stack"]) place += view.asString() + "/";
   const Evas_Object* focus = desktop::Window() ? elm_object_focused_object_get(desktop::Window()) : nullptr;
-  const std::string type = focus ? evas_object_type_get(focus) : "";
-  return place + type + (type == "elm_slider" || type == "elm_spinner" ? "" : " " + screen["focus"].asString());
+  if (!focus) return place;
+  const std::string type = evas_object_type_get(focus);
+  static const std::regex seconds(R"( \(\d+\)$)");
+  return place + type + (HasValues(focus) ? "" : " " + std::regex_replace(screen["focus"].asString(), seconds, ""));
 }
 
 constexpr const char* kClosed = "closed";
@@ -176,7 +188,7 @@ bool PressTogether(Remote& remote, const std::string& at, const std::set<std::st
 
 /// False when the program has to be started again to go on: a view that hides what it covers leaves no ground.
 bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
-  std::set<std::string> quiet;
+  std::set<std::string> quiet, stirring;
   std::string at = PlaceNow(remote);
   for (int presses = 0; presses < kMostPresses; ++presses) {
     if (paths[at].empty() && !quiet.empty()) {
@@ -202,10 +214,11 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
     if (closed && !Open(remote, subject)) return true;
     const std::string to = PlaceNow(remote);
     paths[at][key] = to;
-    if (to == at && !closed) {
-      quiet.insert(key);
-    } else {
+    if (to != at || closed) stirring.insert(key);
+    if (stirring.contains(key)) {
       quiet.erase(key);
+    } else {
+      quiet.insert(key);
     }
     at = to;
   }
@@ -283,6 +296,12 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
   }
   for (const std::string& name : all) {
     EXPECT_TRUE(made.contains(name)) << name << " was never made";
+  }
+  for (const std::string& name : made) {
+    EXPECT_TRUE(walked.contains(name)) << name << " was never walked through";
+    for (const auto& [place, keys] : Paths(paths[name])) {
+      EXPECT_EQ(UntriedKey(paths[name], place), "") << "left out, maybe among others, at " << place;
+    }
   }
 }
 
