@@ -340,6 +340,13 @@ std::vector<std::pair<std::string, std::string>> Remote::Rows() {
 
 test::Texts Remote::RowTexts() { return AsTexts(Screen()["rows"], "text"); }
 
+std::string Remote::ValueOf(const std::string& row) {
+  for (const auto& [text, value] : Rows()) {
+    if (text == row) return value;
+  }
+  throw std::runtime_error("no row " + row);
+}
+
 bool Remote::Shows(const std::string& text) { return Has(Texts(), text); }
 
 bool Remote::Heard(const std::string& text) { return Has(Spoken(), text); }

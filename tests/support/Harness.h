@@ -111,6 +111,7 @@ class Remote {
   /// Text and value of each row in sight.
   std::vector<std::pair<std::string, std::string>> Rows();
   test::Texts RowTexts();
+  std::string ValueOf(const std::string& row);
   /// Whether one of the texts is on the screen, and whether it was spoken: the whole text.
   bool Shows(const std::string& text);
   bool Heard(const std::string& text);

@@ -177,8 +177,11 @@ TEST(History, ListsTimeAndChannelAnewEachTime) {
   std::vector<std::pair<std::string, std::string>> rows = {{"2025/03/02         18:40", "8"}, {kNoTime, "UHD 12-3"}};
   for (const bool again : {false, true}) {
     if (again) {
-      notes.push_back(Note(At(2025, 3, 2, 18, 41), 9));
-      rows.insert(rows.begin(), {"2025/03/02         18:41", "9"});
+      // Of one minute, the one that was noted later stands first.
+      for (const int channel : {9, 10}) {
+        notes.push_back(Note(At(2025, 3, 2, 18, 41), channel));
+        rows.insert(rows.begin(), {"2025/03/02         18:41", std::to_string(channel)});
+      }
     }
     SetNotes(notes);
     test::Run({kMenuID}, [&](Remote& remote) {
