@@ -84,8 +84,6 @@ Evas_Object* CRootWindow::m_CreatePopup(const char* style) {
     return nullptr;
   }
   elm_object_style_set(popup, style);
-  // When the popup above it goes, the toolkit looks for the focus here before it looks inside.
-  elm_object_focus_allow_set(popup, EINA_TRUE);
   // The style places its panel on the whole screen.
   elm_popup_align_set(popup, ELM_NOTIFY_ALIGN_FILL, ELM_NOTIFY_ALIGN_FILL);
   return popup;

@@ -452,10 +452,7 @@ Texts TakeGraveToolkitErrors() {
   Texts errors = TakeToolkitErrors();
   const Evas_Object* focus = desktop::Window() ? elm_object_focused_object_get(desktop::Window()) : nullptr;
   if (desktop::Window() && (!focus || focus == desktop::Window())) return errors;
-  // What has the focus now is the row of a list; a popup that goes makes no complaint.
-  if (!focus || std::string_view(evas_object_type_get(focus)) == "elm_genlist") {
-    std::erase_if(errors, [](const std::string& error) { return error.find("Could not fetch a node") != error.npos; });
-  }
+  std::erase_if(errors, [](const std::string& error) { return error.find("Could not fetch a node") != error.npos; });
   return errors;
 }
 
