@@ -450,8 +450,9 @@ Texts TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
 
 Texts TakeGraveToolkitErrors() {
   Texts errors = TakeToolkitErrors();
-  const Evas_Object* focus = desktop::Window() ? elm_object_focused_object_get(desktop::Window()) : nullptr;
-  if (desktop::Window() && (!focus || focus == desktop::Window())) return errors;
+  const bool shows = desktop::Window() && !Remote().Stack().empty();
+  const Evas_Object* focus = shows ? elm_object_focused_object_get(desktop::Window()) : nullptr;
+  if (shows && (!focus || focus == desktop::Window())) return errors;
   std::erase_if(errors, [](const std::string& error) { return error.find("Could not fetch a node") != error.npos; });
   return errors;
 }

@@ -153,8 +153,8 @@ void Run(const std::vector<std::string>& words, const Body& body);
 /// What the toolkit has reported so far; a test that provokes an error takes it here.
 Texts TakeToolkitErrors();
 /// The same without the complaint that the focus could not be handed on, as long as something on the screen has it
-/// or there is no screen any more: a list makes it now and then of a row that it makes later, and then gives the row
-/// the focus; windows that go one after the other make it of the next one that goes.
+/// or there is no view any more: the toolkit makes it of the popup below one that goes, and of the last row of a list
+/// with the screen reader, and then finds the right one; views that go one after the other make it of the next.
 Texts TakeGraveToolkitErrors();
 
 /// Texts of the program's log since the test began, oldest first, without file, function and line.
