@@ -215,7 +215,14 @@ class Monkey {
     const std::vector<std::string> errors = test::TakeGraveToolkitErrors();
     if (errors.empty()) return;
     for (const std::string& error : errors) ADD_FAILURE() << error;
-    ADD_FAILURE() << "seed " << m_seed << ", step " << m_step << "; the last steps:\n" << Story();
+    ADD_FAILURE() << "seed " << m_seed << ", step " << m_step << "; views:" << Views() << "; the last steps:\n"
+                  << Story();
+  }
+
+  static std::string Views() {
+    std::string views;
+    for (const std::string& view : Remote().Stack()) views += " " + view;
+    return views;
   }
 
   // --- what it does ------------------------------------------------------------------------------

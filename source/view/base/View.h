@@ -42,6 +42,7 @@ enum VIEW_STATUS {
 class CView : public IView {
  public:
   explicit CView(const char* menuID);
+  ~CView() override;
 
   void Create() final;
   void Destroy() final;
@@ -89,6 +90,9 @@ class CView : public IView {
   Evas_Object* t_pMainBase = nullptr;
 
  private:
+  void m_KeepFocus();
+
+  Ecore_Job* m_keepFocus = nullptr;
   unsigned int m_key1 = 0, m_key2 = 0;
   int m_status = VIEW_STATUS_ACTIVE;
   int m_property = 0;
