@@ -55,8 +55,8 @@ void CloseRequested(void*, Evas_Object*, void*) { ui_app_exit(); }
 /// `$QUIRELLE_SCREEN` (WIDTHxHEIGHT) stands in for the size of a display that is not there.
 void OffScreenSize(int& w, int& h) {
   w = kWidth, h = kHeight;
-  if (!Has(kOwnSize)) return;
-  const std::string size = std::getenv(kOwnSize);
+  const char* size = std::getenv(kOwnSize);
+  if (!size || !*size) return;
   if (!ParseScreenSize(size, w, h)) {
     throw std::runtime_error(std::string(kOwnSize) + " '" + size + "': wants something like 1920x1080, up to " +
                              std::to_string(kMostPixels) + " each way");
