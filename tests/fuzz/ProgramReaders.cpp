@@ -17,13 +17,13 @@
 #include "DeviceManager.h"
 #include "FineTuneUtil.h"
 #include "Fuzz.h"
+#include "SignalHistory.h"
 #include "Store.h"
 #include "TextUtil.h"
 #include "TvsShared.h"
 #include "TvsUtil.h"
 #include "Usb.h"
 #include "Utils.h"
-#include "ViewWeakSignalHistoryWindow.h"
 #include "settings_api.h"
 #include "string_util.h"
 #include "tvs/State.h"
@@ -53,14 +53,7 @@ void Update(const std::string& sql, const std::string& value, const std::string&
 
 // --- the notes of weak signal --------------------------------------------------------------------
 
-class History : public CViewWeakSignalHistoryWindow {
- public:
-  using CViewWeakSignalHistoryWindow::m_CompareTime;
-  using CViewWeakSignalHistoryWindow::STAMP_24_HOURS;
-  using CViewWeakSignalHistoryWindow::STAMP_WORD_FIRST;
-  using CViewWeakSignalHistoryWindow::STAMP_WORD_LAST;
-  History() : CViewWeakSignalHistoryWindow("signal-information-weakhistory") {}
-};
+using History = test::SignalHistory;
 
 struct Clock {
   const char* name;
@@ -205,32 +198,13 @@ std::string MakeStamps(Dice& dice) {
   return text;
 }
 
-/// Cuts a stamp as the window does.
-struct Pieces {
-  explicit Pieces(std::string text) : held(std::move(text)) {
-    size_t count = 0;
-    char* rest = nullptr;
-    for (char* token = strtok_r(held.data(), " :", &rest); token && count < 4; token = strtok_r(nullptr, " :", &rest)) {
-      tokens[count++] = token;
-    }
-  }
-  std::string held;
-  char* tokens[4] = {};
-};
-
-int Compare(int type, const std::string& newStamp, const std::string& sorted) {
-  Pieces pieces(newStamp);
-  const int order = History::m_CompareTime(type, pieces.tokens, sorted);
-  return (order > 0) - (order < 0);
-}
-
 bool ReadStamps(const std::string& input) {
   Texts lines = Lines(input);
   lines.resize(3);
   const int type = NumberAtStart(lines[0].c_str());
-  const int order = Compare(type, lines[1], lines[2]), back = Compare(type, lines[2], lines[1]);
+  const int order = History::Compare(type, lines[1], lines[2]), back = History::Compare(type, lines[2], lines[1]);
   const std::string first = TimeOf(lines[1], type), second = TimeOf(lines[2], type);
-  Want(Compare(type, lines[1], "") == 1, "anything is newer than nothing");
+  Want(History::Compare(type, lines[1], "") == 1, "anything is newer than nothing");
   if (first.empty() || second.empty()) return false;
   Want(order == (first > second) - (first < second) && back == -order, "stamps compare as their times");
   return true;

@@ -6,8 +6,8 @@
 #include <map>
 
 #include "Harness.h"
+#include "SignalHistory.h"
 #include "Utils.h"
-#include "ViewWeakSignalHistoryWindow.h"
 
 using test::Remote;
 using test::Texts;
@@ -19,17 +19,12 @@ constexpr const char* kMenuID = "signal-information-weakhistory";
 constexpr const char* kNoTime = "----/--/--         --:--";
 const std::string kHint = "Channels are listed here when their signal was weak.";
 
-class History : public CViewWeakSignalHistoryWindow {
+class History : public test::SignalHistory {
  public:
-  using CViewWeakSignalHistoryWindow::m_CompareTime;
   using CViewWeakSignalHistoryWindow::m_ConvertHDMINumberToESource;
   using CViewWeakSignalHistoryWindow::m_GetTimeStampType;
-  using CViewWeakSignalHistoryWindow::STAMP_24_HOURS;
   using CViewWeakSignalHistoryWindow::STAMP_NONE;
-  using CViewWeakSignalHistoryWindow::STAMP_WORD_FIRST;
-  using CViewWeakSignalHistoryWindow::STAMP_WORD_LAST;
 
-  History() : CViewWeakSignalHistoryWindow(kMenuID) {}
   int Buttons() {
     t_InitWindowProperty();
     return t_DefaultButtonNum;
@@ -126,25 +121,6 @@ TEST(History, KnowsAStampByItsPieces) {
   EXPECT_EQ(History::m_GetTimeStampType(4), History::STAMP_WORD_LAST);
 }
 
-/// Cuts a stamp as the window does.
-struct Pieces {
-  explicit Pieces(std::string text) : held(std::move(text)) {
-    size_t count = 0;
-    char* rest = nullptr;
-    for (char* token = strtok_r(held.data(), " :", &rest); token && count < 4; token = strtok_r(nullptr, " :", &rest)) {
-      tokens[count++] = token;
-    }
-  }
-  std::string held;
-  char* tokens[4] = {};
-};
-
-int Compare(int type, const std::string& newStamp, const std::string& sorted) {
-  Pieces pieces(newStamp);
-  const int order = History::m_CompareTime(type, pieces.tokens, sorted);
-  return (order > 0) - (order < 0);
-}
-
 TEST(History, ComparesWhatIsIncomplete) {
   const struct {
     int type;
@@ -162,7 +138,8 @@ TEST(History, ComparesWhatIsIncomplete) {
       {History::STAMP_24_HOURS, "2025/01/01 13:30", "2025/01/01 01:30", 1},
   };
   Tv tv("europe", 0);
-  for (const auto& c : cases) EXPECT_EQ(Compare(c.type, c.newStamp, c.sorted), c.sign) << c.newStamp << "|" << c.sorted;
+  for (const auto& c : cases)
+    EXPECT_EQ(History::Compare(c.type, c.newStamp, c.sorted), c.sign) << c.newStamp << "|" << c.sorted;
   for (const char* said : {"[Debug]strSortedTimeStamp is NULL", "[Debug]splitNewTimeStamp[ 1 ] is NULL",
                            "[Debug]splitSortedTimeStamp[ 2 ] is NULL"}) {
     EXPECT_TRUE(test::Logged(said)) << said;
