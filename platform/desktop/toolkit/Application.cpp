@@ -100,7 +100,7 @@ void Application::StartToolkit() {
   if (m_options.IsScripted()) elm_config_transition_duration_factor_set(0.0);
   FollowVoiceGuide();
   StartSpeech(m_options.speak);
-  TranslateKeyboard();
+  m_keys = TranslateKeyboard();
   SetTuneWaker(WakeForTune);
 }
 
@@ -163,7 +163,9 @@ void Application::Finish() {
     if (m_listener) ecore_main_fd_handler_del(m_listener);
     if (m_idle) ecore_idle_enterer_del(m_idle);
     if (m_flush) ecore_timer_del(m_flush);
-    if (m_filter) ecore_event_filter_del(m_filter);
+    for (Ecore_Event_Filter* filter : {m_filter, m_keys}) {
+      if (filter) ecore_event_filter_del(filter);
+    }
     StopSpeech();
     elm_shutdown();
   }

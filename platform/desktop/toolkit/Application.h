@@ -79,6 +79,7 @@ class Application {
   Ecore_Idle_Enterer* m_idle = nullptr;
   Ecore_Timer* m_flush = nullptr;
   Ecore_Event_Filter* m_filter = nullptr;
+  Ecore_Event_Filter* m_keys = nullptr;
   Ecore_Event_Handler* m_signal = nullptr;
   Ecore_Event_Handler* m_release = nullptr;
   /// Senders of notices, and the turns of the loop until they are answered.

@@ -234,7 +234,7 @@ void PressKey(const char* remoteKey) {
   ecore_event_add(ECORE_EVENT_KEY_UP, MakeKeyEvent(remoteKey), FreeKey, nullptr);
 }
 
-void TranslateKeyboard() { ecore_event_filter_add(nullptr, TranslateKey, nullptr, nullptr); }
+Ecore_Event_Filter* TranslateKeyboard() { return ecore_event_filter_add(nullptr, TranslateKey, nullptr, nullptr); }
 
 }  // namespace desktop
 

@@ -33,6 +33,6 @@ void TakeFocus();
 /// A press and release of a remote key, as from the display.
 void PressKey(const char* remoteKey);
 /// Turns keyboard keys into the remote's from now on.
-void TranslateKeyboard();
+Ecore_Event_Filter* TranslateKeyboard();
 
 }  // namespace desktop
