@@ -360,4 +360,20 @@ TEST(LifeCycle, EveryWindowEnds) {
   }
 }
 
+/// What was pressed just before the end may still push a view when the screen has gone.
+TEST(LifeCycle, EveryWindowComesTooLate) {
+  Tv tv("hdmi");
+  Furnish(tv, {"hdmi", "ar_AE.utf8", "0", "1"});
+  for (const Subject& subject : Subjects()) {
+    if (!IsMade(subject)) continue;
+    SCOPED_TRACE(subject.name);
+    test::Run({kGround}, [&](Remote& remote) {
+      CEventManager::GetInstance()->SendEvent(EVENT_EXIT_APP, 0, 0, nullptr, nullptr);
+      Push(remote, subject);
+      remote.Wait(kSpeechSeconds);
+      EXPECT_TRUE(remote.HasExited());
+    });
+  }
+}
+
 }  // namespace

@@ -61,10 +61,12 @@ void CViewBottomCtxPopup::t_AddListToUserDefineContent() {
 
 void CViewBottomCtxPopup::t_Show() {
   CViewWidgetListWindowBase::t_Show();
+  // Pushed when the window had gone already.
+  if (!t_pMainBase) return;
   SetViewStatus(VIEW_STATUS_ANIMATING);
   t_pWidgetList->SetFocusPresetItem();
   LOG_DEBUG("SetFocusPresetItem");
-  if (t_pMainBase) elm_layout_signal_emit(t_pMainBase, theme::kRise, "");
+  elm_layout_signal_emit(t_pMainBase, theme::kRise, "");
 }
 
 void CViewBottomCtxPopup::t_EndMotionCB(void* data, Evas_Object*, const char* signal, const char*) {
