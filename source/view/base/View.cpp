@@ -17,6 +17,7 @@ CView::CView(const char* menuID) : t_MenuID(menuID ? menuID : "") {}
 
 CView::~CView() {
   if (m_keepFocus) ecore_job_del(m_keepFocus);
+  m_RememberFocus(nullptr);
 }
 
 void CView::Create() { t_Create(); }
@@ -37,7 +38,12 @@ void CView::Hide() { t_Hide(); }
 
 void CView::OnRefresh() { t_Refresh(); }
 
-void CView::OnPause() { t_Pause(); }
+void CView::OnPause() {
+  const Evas_Object* window = t_pMainBase ? elm_object_top_widget_get(t_pMainBase) : nullptr;
+  Evas_Object* focus = window ? elm_object_focused_object_get(window) : nullptr;
+  if (focus && focus != window) m_RememberFocus(focus);
+  t_Pause();
+}
 
 void CView::OnResume() {
   t_Resume();
@@ -50,7 +56,14 @@ void CView::m_KeepFocus() {
   if (!t_pMainBase || !evas_object_visible_get(t_pMainBase)) return;
   const Evas_Object* window = elm_object_top_widget_get(t_pMainBase);
   const Evas_Object* focus = elm_object_focused_object_get(window);
-  if (!focus || focus == window) elm_object_focus_set(t_pMainBase, EINA_TRUE);
+  if (m_focus && (!focus || focus == window)) elm_object_focus_set(m_focus, EINA_TRUE);
+}
+
+void CView::m_RememberFocus(Evas_Object* focus) {
+  const auto forget = [](void* view, Evas*, Evas_Object*, void*) { static_cast<CView*>(view)->m_focus = nullptr; };
+  if (m_focus) evas_object_event_callback_del_full(m_focus, EVAS_CALLBACK_DEL, forget, this);
+  m_focus = focus;
+  if (m_focus) evas_object_event_callback_add(m_focus, EVAS_CALLBACK_DEL, forget, this);
 }
 
 const char* CView::GetID() { return t_GetID(); }

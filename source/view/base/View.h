@@ -91,8 +91,11 @@ class CView : public IView {
 
  private:
   void m_KeepFocus();
+  void m_RememberFocus(Evas_Object* focus);
 
   Ecore_Job* m_keepFocus = nullptr;
+  /// What had the focus when another view came on top; null when it has gone.
+  Evas_Object* m_focus = nullptr;
   unsigned int m_key1 = 0, m_key2 = 0;
   int m_status = VIEW_STATUS_ACTIVE;
   int m_property = 0;
