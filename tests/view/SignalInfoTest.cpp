@@ -4,6 +4,7 @@
 #include "EventManager.h"
 #include "Gate.h"
 #include "SignalInfo.h"
+#include "ViewHDMIInfoWindow.h"
 #include "ViewSignalInfoWindow.h"
 
 using test::Ask;
@@ -284,17 +285,23 @@ TEST(SignalInfo, TheHistoryOpensInItsPlace) {
 
 /// The history that is asked for lies below already, so none opens.
 TEST(SignalInfo, StaysWhenTheHistoryDoesNotOpen) {
-  Tv tv("europe");
-  test::Run({kHistory}, [&](Remote& remote) {
-    remote.Push(std::make_unique<CViewSignalInfoWindow>(kWindow));
-    remote.Press("Up Return");
-    EXPECT_TRUE(test::Logged("[Error]view exist"));
-    remote.Post(EVENT_PUSH_VIEW, kBoxID);
-    EXPECT_EQ(remote.Rows().size(), 9U) << "hidden as if the box were the history";
-    remote.Press("Back");
-    EXPECT_EQ(remote.Focus(), "Signal history");
-    ForgetLostFocus();
-  });
+  for (const bool hdmi : {false, true}) {
+    Tv tv(hdmi ? "hdmi" : "europe");
+    test::Run({kHistory}, [&](Remote& remote) {
+      if (hdmi) {
+        remote.Push(std::make_unique<CViewHDMIInfoWindow>("hdmi-information"));
+      } else {
+        remote.Push(std::make_unique<CViewSignalInfoWindow>(kWindow));
+      }
+      remote.Press("Up Return");
+      EXPECT_TRUE(test::Logged("[Error]view exist"));
+      remote.Post(EVENT_PUSH_VIEW, kBoxID);
+      EXPECT_EQ(remote.Rows().size(), hdmi ? 2U : 9U) << "hidden as if the box were the history";
+      remote.Press("Back");
+      EXPECT_EQ(remote.Focus(), "Signal history");
+      ForgetLostFocus();
+    });
+  }
 }
 
 // --- voice guide ---------------------------------------------------------------------------------

@@ -135,6 +135,10 @@ bool CView::t_HandleMenuSpecialKeyCB(void*, int, void*) {
   return false;
 }
 
+void CView::t_ShowMainBase() {
+  if (!evas_object_visible_get(t_pMainBase)) evas_object_show(t_pMainBase);
+}
+
 void CView::t_GiveFocusUp() {
   if (t_pMainBase) elm_object_tree_focus_allow_set(t_pMainBase, EINA_FALSE);
 }

@@ -83,6 +83,8 @@ class CView : public IView {
 
   /// Takes the main base over and names it after the view, so that what looks at the screen can tell.
   void t_SetMainBase(Evas_Object* base);
+  /// Once: shown again, the toolkit's popup would give the focus back to a part of itself when it goes.
+  void t_ShowMainBase();
   /// Before the main base goes: the toolkit looks in vain for whoever has the focus in one that is going.
   void t_GiveFocusUp();
 

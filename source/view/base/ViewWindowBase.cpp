@@ -183,7 +183,7 @@ void CViewWindowBase::t_Show() {
   if (!t_pMainBase) return;
   Utils::DisableBgRect(t_pMainBase);
   elm_object_tree_focus_allow_set(t_pMainBase, EINA_TRUE);
-  evas_object_show(t_pMainBase);
+  t_ShowMainBase();
   for (size_t i = 0; i < t_pDefaultButtons.size(); ++i) {
     if (!t_pDefaultButtons[i]) continue;
     elm_object_part_content_set(t_pMainBase, t_ButtonSettings[i].part.c_str(), t_pDefaultButtons[i]);

@@ -156,7 +156,7 @@ void CViewControlSpinner::t_Show() {
   elm_object_tree_focus_allow_set(t_pMainBase, EINA_TRUE);
   // Before the popup, which gives the focus to what it finds in it.
   if (m_pSpinner) evas_object_show(m_pSpinner);
-  evas_object_show(t_pMainBase);
+  t_ShowMainBase();
   if (m_pFocus) elm_object_focus_set(m_pFocus, EINA_TRUE);
   // A layout keeps it to itself when it gets the focus above another popup.
   if (m_pSpinner) elm_object_signal_emit(m_pSpinner, theme::kActionFocus, theme::kSource);

@@ -153,7 +153,11 @@ void CViewFineTuneWindow::t_Show() {
   if (t_pDefaultButtons[2]) elm_object_focus_set(t_pDefaultButtons[2], EINA_TRUE);
 }
 
-void CViewFineTuneWindow::t_Hide() { CViewWindowBase::t_Hide(); }
+/// A popup that outlived the window would be asked for the focus when the view below comes back.
+void CViewFineTuneWindow::t_Hide() {
+  m_ClosePopup();
+  CViewWindowBase::t_Hide();
+}
 
 /// A popup that went by itself under another view would take along what that view gives the focus back to.
 void CViewFineTuneWindow::t_Pause() {

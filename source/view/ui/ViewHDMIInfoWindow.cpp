@@ -19,7 +19,6 @@
 
 namespace {
 
-constexpr int kHistoryWindow = 24;
 constexpr int kPadHeight = 116;
 /// Where the ports that can be set aside for HDBaseT begin.
 constexpr int kSourceBeforePorts = 12;
@@ -89,7 +88,6 @@ void CViewHDMIInfoWindow::t_SetButtonSettingInfo() {
 void CViewHDMIInfoWindow::t_Create() {
   CViewWindowBase::t_Create();
   if (!t_pMainBase) return;
-  evas_object_show(t_pMainBase);
   t_CreateContent();
   t_SetContent();
 }
@@ -144,7 +142,6 @@ char* CViewHDMIInfoWindow::m_ItemGetTextReverse(void* data, Evas_Object*, const 
 void CViewHDMIInfoWindow::t_Show() {
   LOG_DEBUG("t_Show");
   CViewWindowBase::t_Show();
-  if (t_pMainBase) evas_object_show(t_pMainBase);
   CKeyManager::UnSetTimeOut();
   t_RegisterSpcialKey(true);
   LOG_ERROR("Number of buttons: %d", t_DefaultButtonNum);
@@ -160,17 +157,16 @@ void CViewHDMIInfoWindow::t_Hide() {
 
 void CViewHDMIInfoWindow::t_Pause() {
   CViewWindowBase::t_Pause();
-  if (!m_bHistoryRequested) return;
+  if (!m_history.Comes()) return;
   LOG_DEBUG("need Hide HDMIInfoWindow");
   t_Hide();
 }
 
 void CViewHDMIInfoWindow::t_Resume() {
   CViewWindowBase::t_Resume();
-  if (m_bHistoryRequested) {
+  if (m_history.Went()) {
     CViewWindowBase::t_Show();
     if (t_pDefaultButtons[1]) elm_object_focus_set(t_pDefaultButtons[1], EINA_TRUE);
-    m_bHistoryRequested = false;
   }
   CKeyManager::UnSetTimeOut();
   t_RegisterSpcialKey(true);
@@ -217,8 +213,7 @@ void CViewHDMIInfoWindow::t_ProcessDefaultButtonOneClickCallBack() {
 
 void CViewHDMIInfoWindow::t_ProcessDefaultButtonTwoClickCallBack() {
   LOG_INFO("t_ProcessDefaultButtonTwoClickCallBack called");
-  m_bHistoryRequested = true;
-  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, kHistoryWindow, 0, nullptr, nullptr);
+  m_history.Request();
 }
 
 void CViewHDMIInfoWindow::t_ProcessDefaultButtonThreeClickCallBack() {

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "HistoryAbove.h"
 #include "ViewWindowBase.h"
 #include "tvs_types.h"
 
@@ -56,8 +57,7 @@ class CViewHDMIInfoWindow : public CViewWindowBase {
   Evas_Object* m_pContentLayout = nullptr;
   Evas_Object* m_pList = nullptr;
   Elm_Genlist_Item_Class* m_pItemClass = nullptr;
-  /// The history was opened from here.
-  bool m_bHistoryRequested = false;
+  HistoryAbove m_history;
   Fact m_source, m_resolution;
   std::string m_sReadBuff;
   ESource m_eCurrentSource = static_cast<ESource>(-1);

@@ -24,7 +24,6 @@ bool CViewSignalInfoWindow::m_isFullReloadNeeded = true;
 
 namespace {
 
-constexpr int kHistoryWindow = 24;
 constexpr double kRefreshSeconds = 2.0;
 constexpr const char* kNumberPadKey = "XF86More";
 constexpr const char* kChannelKeys[] = {"XF86LowerChannel", "XF86RaiseChannel"};
@@ -95,7 +94,6 @@ void CViewSignalInfoWindow::t_Create() {
   const Eina_Bool grabbed =
       elm_win_keygrab_set(CRootWindow::GetWindow(), kNumberPadKey, 0, 0, 0, ELM_WIN_KEYGRAB_EXCLUSIVE);
   LOG_DEBUG("Grab = [%s]", grabbed ? "true" : "false");
-  evas_object_show(t_pMainBase);
   m_nSignalInfoType = CTvsUtil::SIGNAL_INFO_DVB_BASIC;
   m_nSignalInfoType = ChannelUtil::GetSignalInfoType();
   LOG_DEBUG("nType is [%d] ", m_nSignalInfoType);
@@ -110,7 +108,6 @@ void CViewSignalInfoWindow::t_Show() {
     LOG_DEBUG("vSIData is empty");
     return;
   }
-  if (t_pMainBase) evas_object_show(t_pMainBase);
   CKeyManager::UnSetTimeOut();
   t_RegisterSpcialKey(true);
   t_LoopRefresh();
@@ -125,8 +122,7 @@ void CViewSignalInfoWindow::t_Show() {
 }
 
 void CViewSignalInfoWindow::t_Pause() {
-  m_bHistoryShown = m_bHistoryRequested;
-  if (m_bHistoryShown) {
+  if (m_history.Comes()) {
     LOG_DEBUG("need Hide SignalInfoWindow ");
     t_Hide();
   } else if (m_pActionList && elm_object_focus_get(m_pActionList) && t_pDefaultButtons[1]) {
@@ -138,7 +134,7 @@ void CViewSignalInfoWindow::t_Pause() {
 }
 
 void CViewSignalInfoWindow::t_Resume() {
-  if (std::exchange(m_bHistoryShown, false)) {
+  if (m_history.Went()) {
     CViewWindowBase::t_Show();
     if (t_pDefaultButtons[0]) elm_object_focus_set(t_pDefaultButtons[0], EINA_TRUE);
   } else if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
@@ -169,8 +165,6 @@ void CViewSignalInfoWindow::t_Hide() {
 
 void CViewSignalInfoWindow::t_Destroy() {
   m_StopRefresh();
-  if (m_pRequestEnd) ecore_job_del(m_pRequestEnd);
-  m_pRequestEnd = nullptr;
   for (Evas_Object* list : {m_pContentList, m_pActionList}) {
     if (list) elm_genlist_clear(list);
   }
@@ -307,18 +301,7 @@ bool CViewSignalInfoWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
 
 // --- buttons -------------------------------------------------------------------------------------
 
-void CViewSignalInfoWindow::t_ProcessDefaultButtonOneClickCallBack() {
-  m_bHistoryRequested = true;
-  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, kHistoryWindow, 0, nullptr, nullptr);
-  // A job stands in the same queue, behind the event.
-  if (!m_pRequestEnd) m_pRequestEnd = ecore_job_add(m_EndHistoryRequest, this);
-}
-
-void CViewSignalInfoWindow::m_EndHistoryRequest(void* data) {
-  auto* pThis = static_cast<CViewSignalInfoWindow*>(data);
-  pThis->m_pRequestEnd = nullptr;
-  pThis->m_bHistoryRequested = false;
-}
+void CViewSignalInfoWindow::t_ProcessDefaultButtonOneClickCallBack() { m_history.Request(); }
 
 void CViewSignalInfoWindow::t_ProcessDefaultButtonOneKeyPressCallBack(std::string) {}
 

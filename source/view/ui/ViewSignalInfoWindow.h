@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "HistoryAbove.h"
 #include "TvsUtil.h"
 #include "ViewWindowBase.h"
 
@@ -69,7 +70,6 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   std::string m_SetTuneGetReadContent() const;
 
   static Eina_Bool m_UpdateChannelInformationCb(void* data);
-  static void m_EndHistoryRequest(void* data);
   static char* m_ItemGetText(void* data, Evas_Object* list, const char* part);
   static char* m_ItemGetTextReverse(void* data, Evas_Object* list, const char* part);
   static Evas_Object* m_ItemGetContent(void* data, Evas_Object* list, const char* part);
@@ -83,11 +83,7 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   Elm_Genlist_Item_Class* m_pBarClass = nullptr;
   Elm_Genlist_Item_Class* m_pActionClass = nullptr;
   Ecore_Timer* m_pRefreshTimer = nullptr;
-  /// From the press of the button until the event that opens the history has been handled: it may open nothing.
-  bool m_bHistoryRequested = false;
-  Ecore_Job* m_pRequestEnd = nullptr;
-  /// The history lies over this window, which is hidden meanwhile.
-  bool m_bHistoryShown = false;
+  HistoryAbove m_history;
   /// To be given back when what lies over the list has gone.
   bool m_bRowHadFocus = false;
   int m_nSignalInfoType = CTvsUtil::SIGNAL_INFO_DVB_BASIC;

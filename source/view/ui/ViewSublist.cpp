@@ -98,7 +98,7 @@ void CViewSublist::t_Show() {
   CView::t_Show();
   if (!t_pMainBase) return;
   Utils::DisableBgRect(t_pMainBase);
-  evas_object_show(t_pMainBase);
+  t_ShowMainBase();
   if (m_pGenlist) evas_object_show(m_pGenlist);
   m_SelectCurrent();
 }
