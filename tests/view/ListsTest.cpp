@@ -1,4 +1,5 @@
 // The bottom popup and fine tune, worked with the remote.
+#include "EventManager.h"
 #include "Harness.h"
 
 using test::Remote;
@@ -140,6 +141,22 @@ TEST(FineTune, BackClosesTheWordAfterAResetAndThenTheWindow) {
       EXPECT_TRUE(remote.HasExited()) << key;
     });
   }
+}
+
+TEST(FineTune, TheWordAfterAResetGoesWithTheWindow) {
+  constexpr int kFineTuneWindow = 15;
+  Tv tv;
+  test::Run({"signal-information-weakhistory"}, [&](Remote& remote) {
+    const std::string focus = remote.Focus();
+    remote.Post(EVENT_PUSH_VIEW, kFineTuneWindow);
+    remote.Press("Left Left Return");
+    EXPECT_EQ(remote.Focus(), "OK");
+    remote.Post(EVENT_POP_VIEW);
+    EXPECT_EQ(remote.Focus(), focus);
+    remote.Press("Back");
+    EXPECT_TRUE(remote.HasExited());
+    EXPECT_EQ(test::TakeGraveToolkitErrors(), Texts());
+  });
 }
 
 }  // namespace
