@@ -56,7 +56,7 @@ void CView::m_KeepFocus() {
   if (!t_pMainBase || !evas_object_visible_get(t_pMainBase)) return;
   const Evas_Object* window = elm_object_top_widget_get(t_pMainBase);
   const Evas_Object* focus = elm_object_focused_object_get(window);
-  if (m_focus && (!focus || focus == window)) elm_object_focus_set(m_focus, EINA_TRUE);
+  if (!focus || focus == window) t_FocusAgain();
 }
 
 void CView::m_RememberFocus(Evas_Object* focus) {
@@ -137,6 +137,10 @@ bool CView::t_HandleMenuSpecialKeyCB(void*, int, void*) {
 
 void CView::t_ShowMainBase() {
   if (!evas_object_visible_get(t_pMainBase)) evas_object_show(t_pMainBase);
+}
+
+void CView::t_FocusAgain() {
+  if (m_focus) elm_object_focus_set(m_focus, EINA_TRUE);
 }
 
 void CView::t_GiveFocusUp() {

@@ -85,6 +85,8 @@ class CView : public IView {
   void t_SetMainBase(Evas_Object* base);
   /// Once: shown again, the toolkit's popup would give the focus back to a part of itself when it goes.
   void t_ShowMainBase();
+  /// Gives the focus to what had it when the view was paused; to nothing in a view that was not.
+  void t_FocusAgain();
   /// Before the main base goes: the toolkit looks in vain for whoever has the focus in one that is going.
   void t_GiveFocusUp();
 

@@ -191,6 +191,7 @@ void CViewWindowBase::t_Show() {
     elm_object_tree_focus_allow_set(t_pDefaultButtons[i], EINA_TRUE);
     evas_object_show(t_pDefaultButtons[i]);
   }
+  t_FocusAgain();
 }
 
 void CViewWindowBase::t_Hide() {
