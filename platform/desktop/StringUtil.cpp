@@ -8,8 +8,11 @@ namespace {
 /// Length of `text` cut to `most` bytes without splitting a UTF-8 character.
 size_t CutAtCharacter(const std::string& text, size_t most) {
   if (text.size() <= most) return text.size();
-  while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0) == 0x80) --most;
-  return most;
+  const auto continues = [&](size_t at) { return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80; };
+  // No character is longer than four bytes: more of these belong to none.
+  size_t start = most;
+  while (start > 0 && most - start < 3 && continues(start)) --start;
+  return continues(start) ? most : start;
 }
 
 }  // namespace

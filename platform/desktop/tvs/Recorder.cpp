@@ -1,7 +1,6 @@
 // The recorder, and the clock.
 #include <libintl.h>
 
-#include <climits>
 #include <ctime>
 
 #include "Gate.h"
@@ -15,7 +14,7 @@ namespace {
 
 constexpr int kCallFailed = -2;
 constexpr int kHalfDay = 12, kWholeDay = 24;
-constexpr int kFirstYear = 1900;
+constexpr int kFirstYear = 1900, kLastYear = 9999;
 
 CTimeInfo::Clock ReadClock() {
   if (TvState("clock_hours", kWholeDay) != kHalfDay) return CTimeInfo::CLOCK_24_HOURS;
@@ -67,7 +66,7 @@ int CTimeUtil::ConvertToLocalTime(unsigned long epochSeconds, CTimeInfo& info) {
   return Gate::Pass<int>(op::TimeUtil_ConvertToLocalTime, Entry(epochSeconds), [&](Entry&) {
     const time_t seconds = static_cast<time_t>(epochSeconds);
     tm parts;
-    if (!localtime_r(&seconds, &parts) || parts.tm_year > INT_MAX - kFirstYear) return -1;
+    if (seconds < 0 || !localtime_r(&seconds, &parts) || parts.tm_year > kLastYear - kFirstYear) return -1;
     info.year = parts.tm_year + kFirstYear;
     info.month = parts.tm_mon + 1;
     info.day = parts.tm_mday;
