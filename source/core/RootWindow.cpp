@@ -36,9 +36,26 @@ Evas_Object* CRootWindow::GetWindow() {
   evas_object_size_hint_min_set(m_WindowSizeRect, w, h);
   elm_win_resize_object_add(m_pWindow, m_WindowSizeRect);
 
+  m_AddGround();
   evas_object_show(m_pWindow);
   LOG_ERROR("Window Create Done");
   return m_pWindow;
+}
+
+/// Lies behind all views, and has had the focus before any: when a view goes the toolkit falls back to it for a moment,
+/// and does not look among the views for one that may be going as well. No arrow key leads to what lies behind it all.
+void CRootWindow::m_AddGround() {
+  Evas_Object* ground = elm_layout_add(m_pWindow);
+  if (!ground) {
+    LOG_ERROR("failed to add layout");
+    return;
+  }
+  evas_object_name_set(ground, "ground");
+  evas_object_size_hint_weight_set(ground, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
+  elm_win_resize_object_add(m_pWindow, ground);
+  elm_object_focus_allow_set(ground, EINA_TRUE);
+  evas_object_show(ground);
+  elm_object_focus_set(ground, EINA_TRUE);
 }
 
 int CRootWindow::AddHint(const char* hint, const char* value) {

@@ -452,7 +452,8 @@ Texts TakeGraveToolkitErrors() {
   Texts errors = TakeToolkitErrors();
   const bool shows = desktop::Window() && !Remote().Stack().empty();
   const Evas_Object* focus = shows ? elm_object_focused_object_get(desktop::Window()) : nullptr;
-  if (shows && (!focus || focus == desktop::Window())) return errors;
+  const char* name = focus ? evas_object_name_get(focus) : nullptr;
+  if (shows && (!focus || (name && std::string_view(name) == "ground"))) return errors;
   std::erase_if(errors, [](const std::string& error) { return error.find("Could not fetch a node") != error.npos; });
   return errors;
 }

@@ -152,9 +152,8 @@ using Body = std::function<void(Remote&)>;
 void Run(const std::vector<std::string>& words, const Body& body);
 /// What the toolkit has reported so far; a test that provokes an error takes it here.
 Texts TakeToolkitErrors();
-/// The same without the complaint that the focus could not be handed on, as long as something on the screen has it
-/// or there is no view any more: the toolkit makes it of the popup below one that goes, and of the last row of a list
-/// with the screen reader, and then finds the right one; views that go one after the other make it of the next.
+/// The same without the complaint that the focus could not be handed on, as long as something in a view has it or there
+/// is no view any more: the toolkit makes it of a list that opens on its last row, which gets the focus all the same.
 Texts TakeGraveToolkitErrors();
 
 /// Texts of the program's log since the test began, oldest first, without file, function and line.

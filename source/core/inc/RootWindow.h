@@ -21,6 +21,7 @@ class CRootWindow {
   static void DeleteHint(int id);
 
  private:
+  static void m_AddGround();
   static Evas_Object* m_CreateLayout(const char* group, const char* file);
   static Evas_Object* m_CreatePopup(const char* style);
 

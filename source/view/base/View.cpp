@@ -15,10 +15,7 @@ constexpr double kVoiceDelaySeconds = 0.2;
 
 CView::CView(const char* menuID) : t_MenuID(menuID ? menuID : "") {}
 
-CView::~CView() {
-  if (m_keepFocus) ecore_job_del(m_keepFocus);
-  m_RememberFocus(nullptr);
-}
+CView::~CView() { m_RememberFocus(nullptr); }
 
 void CView::Create() { t_Create(); }
 
@@ -45,19 +42,7 @@ void CView::OnPause() {
   t_Pause();
 }
 
-void CView::OnResume() {
-  t_Resume();
-  if (!m_keepFocus) m_keepFocus = ecore_job_add([](void* view) { static_cast<CView*>(view)->m_KeepFocus(); }, this);
-}
-
-/// Of views that go one right after the other the toolkit gives the focus to one that goes as well, and then to none.
-void CView::m_KeepFocus() {
-  m_keepFocus = nullptr;
-  if (!t_pMainBase || !evas_object_visible_get(t_pMainBase)) return;
-  const Evas_Object* window = elm_object_top_widget_get(t_pMainBase);
-  const Evas_Object* focus = elm_object_focused_object_get(window);
-  if (!focus || focus == window) t_FocusAgain();
-}
+void CView::OnResume() { t_Resume(); }
 
 void CView::m_RememberFocus(Evas_Object* focus) {
   const auto forget = [](void* view, Evas*, Evas_Object*, void*) { static_cast<CView*>(view)->m_focus = nullptr; };

@@ -94,10 +94,8 @@ class CView : public IView {
   Evas_Object* t_pMainBase = nullptr;
 
  private:
-  void m_KeepFocus();
   void m_RememberFocus(Evas_Object* focus);
 
-  Ecore_Job* m_keepFocus = nullptr;
   /// What had the focus when another view came on top; null when it has gone.
   Evas_Object* m_focus = nullptr;
   unsigned int m_key1 = 0, m_key2 = 0;
