@@ -15,10 +15,7 @@ namespace {
 
 class TablesTest : public TvsTest {
  protected:
-  TablesTest() : TvsTest("europe") {}
-
   void SetRegion(int region) { m_tv.Set("system_info/127", std::to_string(region)); }
-  void SetCountry(int country) { m_tv.Set("system_settings/57", std::to_string(country)); }
 };
 
 const std::set<int> kAtscRegions = {1, 2, 36};
@@ -64,33 +61,31 @@ TEST_F(TablesTest, RegionAndCountryGiveTheStandard) {
 }
 
 TEST_F(TablesTest, EveryAntennaTypeBothWays) {
-  const std::map<int, std::pair<int, int>> special = {{0, {0, -1}},  {1, {1, -1}},  {3, {2, 1}},
-                                                      {20, {2, 19}}, {47, {0, -1}}, {48, {0, -1}},
-                                                      {49, {1, -1}}, {50, {1, -1}}, {54, {2, 1}}};
-  const std::map<int, int> satellite = {{4, 3},   {5, 4},   {6, 5},   {7, 6},   {8, 7},   {9, 8},   {10, 9},  {11, 10},
-                                        {12, 11}, {13, 12}, {14, 13}, {15, 14}, {16, 15}, {17, 16}, {18, 17}, {19, 18},
-                                        {24, 23}, {25, 24}, {26, 25}, {27, 26}, {28, 27}, {29, 28}, {30, 29}, {31, 34},
-                                        {32, 35}, {33, 36}, {34, 38}, {35, 39}, {36, 40}, {37, 45}, {38, 47}, {39, 46},
-                                        {40, 49}, {41, 48}, {42, 50}, {43, 51}, {44, 42}, {45, 52}};
+  // Antenna and service mode; where there is nothing, the type has none.
+  const std::map<int, std::pair<int, int>> modes = {
+      {0, {0, -1}},  {1, {1, -1}},  {3, {2, 1}},   {4, {2, 3}},   {5, {2, 4}},   {6, {2, 5}},   {7, {2, 6}},
+      {8, {2, 7}},   {9, {2, 8}},   {10, {2, 9}},  {11, {2, 10}}, {12, {2, 11}}, {13, {2, 12}}, {14, {2, 13}},
+      {15, {2, 14}}, {16, {2, 15}}, {17, {2, 16}}, {18, {2, 17}}, {19, {2, 18}}, {20, {2, 19}}, {24, {2, 23}},
+      {25, {2, 24}}, {26, {2, 25}}, {27, {2, 26}}, {28, {2, 27}}, {29, {2, 28}}, {30, {2, 29}}, {31, {2, 34}},
+      {32, {2, 35}}, {33, {2, 36}}, {34, {2, 38}}, {35, {2, 39}}, {36, {2, 40}}, {37, {2, 45}}, {38, {2, 47}},
+      {39, {2, 46}}, {40, {2, 49}}, {41, {2, 48}}, {42, {2, 50}}, {43, {2, 51}}, {44, {2, 42}}, {45, {2, 52}},
+      {47, {0, -1}}, {48, {0, -1}}, {49, {1, -1}}, {50, {1, -1}}, {54, {2, 1}}};
   for (int i = 0; i < 55; ++i) {
-    const auto type = static_cast<CAntennaUtil::EMenuAntennaType>(i);
-    const TSTvMode mode = CAntennaUtil::GetTVModeByMenuAntennaType(type);
-    std::pair<int, int> expected = {-1, -1};
-    if (special.count(i)) expected = special.at(i);
-    if (satellite.count(i)) expected = {2, satellite.at(i)};
-    EXPECT_TRUE(std::pair(int{mode.antennaMode}, int{mode.serviceMode}) == expected) << i;
+    SCOPED_TRACE(i);
+    const TSTvMode mode = CAntennaUtil::GetTVModeByMenuAntennaType(static_cast<CAntennaUtil::EMenuAntennaType>(i));
+    const std::pair none(-1, -1), expected = modes.count(i) ? modes.at(i) : none;
+    EXPECT_EQ(std::pair(int{mode.antennaMode}, int{mode.serviceMode}), expected);
 
     if (mode.antennaMode < 0) continue;
-    Change("UPDATE picture SET antenna = " + std::to_string(mode.antennaMode) +
-           ", service_mode = " + std::to_string(mode.serviceMode));
+    Change("UPDATE picture SET antenna = ?, service_mode = ?", mode.antennaMode, mode.serviceMode);
     CAntennaUtil::EMenuAntennaType back;
     ASSERT_EQ(CAntennaUtil::GetAntennaMode(&back, PROFILE_MAIN), 0);
     const int other = i == 54 ? 3 : i == 47 || i == 48 ? 0 : i == 49 || i == 50 ? 1 : i;
     EXPECT_EQ(back, other);
     const bool selection = i <= 3 || i == 12 || i == 20 || i == 32 || i == 33 || i >= 46;
-    EXPECT_EQ(CAntennaUtil::FlagEnableSatelliteSelection(), selection) << i;
-    EXPECT_EQ(CAntennaUtil::FlagSpecificSatelliteMode(), other != 0 && other != 1 && other != 3) << i;
-    EXPECT_EQ(CAntennaUtil::IsCurrentOperatorTKGS(), i == 36) << i;
+    EXPECT_EQ(CAntennaUtil::FlagEnableSatelliteSelection(), selection);
+    EXPECT_EQ(CAntennaUtil::FlagSpecificSatelliteMode(), other != 0 && other != 1 && other != 3);
+    EXPECT_EQ(CAntennaUtil::IsCurrentOperatorTKGS(), i == 36);
   }
   Change("UPDATE picture SET antenna = 3");
   CAntennaUtil::EMenuAntennaType type;
@@ -135,7 +130,7 @@ TEST_F(TablesTest, AntennaNamesAndWhatTheyNeed) {
     const bool fixed = type == 0 || type == 1 || type == 3 || type == 20;
     EXPECT_EQ(supports(type), fixed) << type;
     if (!broadcasters.count(type)) continue;
-    Change("INSERT INTO broadcaster VALUES (-1, " + std::to_string(broadcasters.at(type)) + ")");
+    Change("INSERT INTO broadcaster VALUES (-1, ?)", broadcasters.at(type));
     EXPECT_TRUE(supports(type)) << type;
   }
   m_tv.Set("com.vantrel/featureconf/product.num_of_iptv_cip", "1");
