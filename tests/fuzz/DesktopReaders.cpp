@@ -4,18 +4,19 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <fstream>
 #include <sstream>
 
 #include "Applications.h"
 #include "Fuzz.h"
 #include "Gate.h"
+#include "Harness.h"
 #include "Keys.h"
 #include "MenuControl.h"
 #include "Options.h"
 #include "Profile.h"
 #include "Screen.h"
+#include "Utils.h"
 #include "Verbs.h"
 #include "app_framework.h"
 #include "system_info.h"
@@ -25,7 +26,6 @@
 #include "tvs/TvProfile.h"
 #include "vconf.h"
 
-using desktop::Query;
 using desktop::Store;
 
 std::string g_tv = "the TV";
@@ -33,15 +33,6 @@ std::string g_tv = "the TV";
 namespace fuzz {
 
 namespace {
-
-/// Some of the words, each as it is or mutated.
-std::string Some(Dice& dice, const Texts& words, unsigned int most, const char* between) {
-  std::string text;
-  for (unsigned int i = dice.Below(most) + 1; i > 0; --i) {
-    text += (text.empty() ? "" : between) + (dice.Chance(25) ? dice.Mutated(dice.Any(words)) : dice.Any(words));
-  }
-  return text;
-}
 
 // --- keys and options ----------------------------------------------------------------------------
 
@@ -136,11 +127,10 @@ const Texts kLines = {
     "unplug\na/b",
 };
 
+/// The verb stays: a mutated one is unknown, and that is all.
 std::string MakeWords(Dice& dice) {
-  // The verb stays: a mutated one is unknown, and that is all.
-  const std::string line = dice.Any(kLines);
-  const size_t end = std::min(line.find('\n'), line.size());
-  return line.substr(0, end) + (dice.Chance(90) ? dice.Mutated(line.substr(end)) : "\n" + dice.Mutated(line));
+  const auto [verb, words] = Halves(dice.Any(kLines));
+  return verb + "\n" + dice.Mutated(words);
 }
 
 bool RunWords(const Texts& words) {
@@ -155,16 +145,13 @@ bool RunWords(const Texts& words) {
   throw WordError("no such verb");
 }
 
-/// A journal could be followed for ever, a stick would stay.
-bool IsLasting(const std::string& verb) {
-  return verb == "journal" || verb == "new" || verb == "plug" || verb == "unplug" || verb == "power-cycle";
-}
-
 bool ReadWords(const std::string& input) {
   const Texts words = Lines(input);
-  const bool refused =
-      words.size() == 2 && (words[1].empty() || words[1][0] == '.' || words[1].find('/') != words[1].npos);
-  if (IsLasting(words[0]) && !(words[0].ends_with("plug") && refused)) return false;
+  const std::string &verb = words[0], &name = words.back();
+  // A journal could be followed for ever, a stick would stay.
+  if (verb == "journal" || verb == "new" || verb == "power-cycle") return false;
+  const bool refused = words.size() == 2 && (name.empty() || name[0] == '.' || name.find('/') != name.npos);
+  if (verb.ends_with("plug") && !refused) return false;
   bool read = false;
   try {
     read = RunWords(words);
@@ -172,8 +159,8 @@ bool ReadWords(const std::string& input) {
   } catch (const std::runtime_error& error) {
     Want(*error.what() != '\0', "says what is wrong");
   }
-  if (words[0] == "fail" && read) {
-    Store::Get().Write([] { Query("DELETE FROM fault").Run(); }, false);
+  if (verb == "fail" && read) {
+    test::Change("DELETE FROM fault");
     desktop::Gate::FaultsChanged();
   }
   return read;
@@ -232,29 +219,21 @@ bool ReadProfile(const std::string& input) {
   return true;
 }
 
-std::string MakePosition(Dice& dice) {
-  static constexpr const char* names[] = {"Astra-19.2E", "Eutelsat_Hotbird-13.0E", "Intelsat-34.5W", "x-0W", "S-180E"};
-  const std::string number = "S-" + dice.Number() + (dice.Chance(50) ? "E" : "W");
-  return dice.Chance(50) ? number : dice.Mutated(dice.Any(names));
-}
+const Texts kPositions = {"Astra-19.2E", "Eutelsat_Hotbird-13.0E", "Intelsat-34.5W", "x-0W", "S-180E"};
 
 bool ReadPosition(const std::string& input) {
   const int position = desktop::OrbitalPosition(input);
   Want(position >= -1 && position < 3600, "a position is on the circle, or none");
   if (position < 0) return false;
-  char again[64];
   const bool west = position > 1800;
-  snprintf(again, sizeof again, "S-%.1f%c", (west ? 3600 - position : position) / 10.0, west ? 'W' : 'E');
+  const std::string again = Format("S-%.1f%c", (west ? 3600 - position : position) / 10.0, west ? 'W' : 'E');
   Want(desktop::OrbitalPosition(again) == position, "a position that is written is read again");
   const size_t sign = input.find_last_of("-_");
   Want(input.find_first_not_of("0123456789.", sign + 1) == input.size() - 1, "a position is degrees and E or W");
   return true;
 }
 
-std::string MakeResolution(Dice& dice) {
-  static constexpr const char* texts[] = {"1920x1080@59.94p", "720x576@25i", "3840x2160@120p", "none", "1x1@0p"};
-  return dice.Mutated(dice.Any(texts));
-}
+const Texts kResolutions = {"1920x1080@59.94p", "720x576@25i", "3840x2160@120p", "none", "1x1@0p"};
 
 bool ReadResolution(const std::string& input) {
   int w = -1, h = -1;
@@ -266,21 +245,18 @@ bool ReadResolution(const std::string& input) {
   Want(within(read->horizontal, 99999) && within(read->vertical, 99999) && within(read->frameRate, 99999),
        "a resolution within its digits");
   if (read->horizontal == 0) return true;
-  char again[64];
-  snprintf(again, sizeof again, "%dx%d@%d.%02d%c", read->horizontal, read->vertical, read->frameRate / 100,
-           read->frameRate % 100, read->progressive ? 'p' : 'i');
-  const auto second = desktop::ParseResolution(again);
+  const auto second =
+      desktop::ParseResolution(Format("%dx%d@%d.%02d%c", read->horizontal, read->vertical, read->frameRate / 100,
+                                      read->frameRate % 100, read->progressive ? 'p' : 'i'));
   Want(second && second->frameRate == read->frameRate && second->vertical == read->vertical, "is read again");
   return true;
 }
 
-std::string MakeScanTable(Dice& dice) {
-  static const std::string table =
-      "[Astra]\n\tDELIVERY_SYSTEM = DVBS2\n\tFREQUENCY = 10714000\n\tPOLARIZATION = HORIZONTAL\n\tSYMBOL_RATE = "
-      "22000000\n\tINNER_FEC = 5/6\n\tMODULATION = PSK/8\n\tINVERSION = AUTO\n\n[CHANNEL]\n\tDELIVERY_SYSTEM = "
-      "DVBT\n\tFREQUENCY = 474000000\n\tBANDWIDTH_HZ = 8000000\n\tMODULATION = QAM/64\n";
-  return dice.Mutated(table);
-}
+const Texts kScanTable = {
+    "[Astra]\n\tDELIVERY_SYSTEM = DVBS2\n\tFREQUENCY = 10714000\n\tPOLARIZATION = HORIZONTAL\n"
+    "\tSYMBOL_RATE = 22000000\n\tINNER_FEC = 5/6\n\tMODULATION = PSK/8\n\tINVERSION = AUTO\n\n"
+    "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBT\n\tFREQUENCY = 474000000\n\tBANDWIDTH_HZ = 8000000\n"
+    "\tMODULATION = QAM/64\n"};
 
 bool ReadScanTable(const std::string& input) {
   static const std::string file = (std::filesystem::path(Store::Get().Path()).parent_path() / "fuzz-table").string();
@@ -299,31 +275,11 @@ bool ReadScanTable(const std::string& input) {
 
 // --- what the TV keeps ---------------------------------------------------------------------------
 
-std::string MakeUtf16(Dice& dice) { return dice.Chance(70) ? dice.Mutated("Añ€ 📺 قناة") : dice.Bytes(40); }
-
-std::string ToUtf8(std::u16string_view units) {
-  std::string text;
-  for (size_t at = 0; at < units.size(); ++at) {
-    uint32_t code = units[at];
-    if (code >= 0xD800 && code < 0xDC00 && at + 1 < units.size())
-      code = 0x10000 + ((code - 0xD800) << 10) + (units[++at] - 0xDC00);
-    if (code < 0x80) {
-      text += static_cast<char>(code);
-      continue;
-    }
-    const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    constexpr unsigned char first[] = {0, 0xC0, 0xE0, 0xF0};
-    text += static_cast<char>(first[more] | code >> (6 * more));
-    for (int i = more - 1; i >= 0; --i) text += static_cast<char>(0x80 | (code >> (6 * i) & 0x3F));
-  }
-  return text;
-}
-
 bool ReadUtf16(const std::string& input) {
   const std::u16string units = desktop::ToUtf16(input);
   Want(units.find(u'\0') == units.npos, "no end in the middle");
-  if (IsUtf8(input)) {
-    Want(ToUtf8(units) == input, "characters stay what they are");
+  if (const auto expected = Utf16(input)) {
+    Want(units == *expected, "characters stay what they are");
     return true;
   }
   Want(std::any_of(units.begin(), units.end(), [](char16_t c) { return c == 0xFFFD || (c >= 0xD800 && c < 0xE000); }),
@@ -331,11 +287,10 @@ bool ReadUtf16(const std::string& input) {
   return false;
 }
 
-constexpr const char* kTypes[] = {"int", "bool", "string", "ints"};
-
 std::string MakeSetting(Dice& dice) {
-  return std::string(dice.Any(kTypes)) + "\n" +
-         (dice.Chance(70) ? dice.Mutated("8 9 " + dice.Number()) : dice.Mutated("de_DE.utf8"));
+  constexpr const char* types[] = {"int", "bool", "string", "ints"};
+  const std::string value = dice.Chance(70) ? "8 9 " + dice.Number() : "de_DE.utf8";
+  return dice.Any(types) + ("\n" + dice.Mutated(value));
 }
 
 /// Whether a text is a number that fits, and nothing else.
@@ -346,38 +301,32 @@ bool IsInt(const std::string& text) {
 
 /// One value under a key of its type, and what the set's functions make of it.
 bool ReadSetting(const std::string& input) {
-  const size_t end = std::min(input.find('\n'), input.size());
-  const std::string type = input.substr(0, end), value = input.substr(std::min(end + 1, input.size()));
-  if (std::find(std::begin(kTypes), std::end(kTypes), type) == std::end(kTypes)) return false;
-  const std::string key = type == "ints" || type == "int" ? "system_info/0" : "db/fuzz";
-  Store::Get().Write([&] { Query("REPLACE INTO setting VALUES (?, ?, ?)", key, type, value).Run(); }, false);
+  const auto [type, value] = Halves(input);
+  const char* key = type.starts_with("int") ? "system_info/0" : "db/fuzz";
+  test::Change("REPLACE INTO setting VALUES (?, ?, ?)", key, type, value);
   ForgetLog();
-  bool read = false;
   if (type == "string") {
-    char* text = vconf_get_str(key.c_str());
-    Want(text && value == text, "a text is what it is");
-    free(text);
+    Want(Utils::WrapMallocdString(vconf_get_str(key)) == value, "a text is what it is");
     return true;
   }
+  constexpr auto kInfo = static_cast<system_info_key_e>(0);
+  int number = 0;
+  bool read = false, readable = IsInt(value);
   if (type == "bool") {
-    int number = 0;
-    read = vconf_get_bool(key.c_str(), &number) == 0;
-    Want(read == IsInt(value), "what is no number cannot be read");
+    read = vconf_get_bool(key, &number) == 0;
   } else if (type == "int") {
-    int number = 0;
-    read = system_info_get_value_int(static_cast<system_info_key_e>(0), &number) == 0;
-    Want(read == IsInt(value), "what is no number cannot be read");
+    read = system_info_get_value_int(kInfo, &number) == 0;
     Want(!read || std::strtol(value.c_str(), nullptr, 10) == number, "a number is what it is");
   } else {
     _system_info_value_array array{};
-    read = system_info_get_value_int_array(static_cast<system_info_key_e>(0), &array) == 0;
+    read = system_info_get_value_int_array(kInfo, &array) == 0;
     std::istringstream words(value);
-    int numbers = 0;
-    bool all = true;
-    for (std::string word; words >> word; ++numbers) all = all && IsInt(word);
-    Want(read == all && (!read || array.count == numbers), "every number of a list");
+    readable = true;
+    for (std::string word; words >> word; ++number) readable = readable && IsInt(word);
+    Want(!read || array.count == number, "every number of a list");
     free(array.values);
   }
+  Want(read == readable, "what is no number cannot be read");
   Want(read || Logged(" is no number"), "says what is no number");
   return read;
 }
@@ -388,8 +337,7 @@ std::string MakeLaunch(Dice& dice) {
 
 /// A launch with any words comes out of the TV as it went in.
 bool ReadLaunch(const std::string& input) {
-  const size_t end = std::min(input.find('\n'), input.size());
-  const std::string key = input.substr(0, end), value = input.substr(std::min(end + 1, input.size()));
+  const auto [key, value] = Halves(input);
   app_control_h request = nullptr;
   Want(app_control_create(&request) == 0, "a request can be made");
   app_control_set_app_id(request, "org.nyxel.function-osd");
@@ -400,27 +348,25 @@ bool ReadLaunch(const std::string& input) {
   app_control_send_launch_request(request, nullptr, nullptr);
   app_control_destroy(request);
   auto launches = desktop::OwnLaunches();
-  Store::Get().Write([] { Query("DELETE FROM launch").Run(); }, false);
+  test::Change("DELETE FROM launch");
   Want(launches.size() == 1 && launches[0].extra[key] == value, "a launch keeps its words");
   return IsUtf8(input);
 }
 
 }  // namespace
 
-const std::vector<Reader>& DesktopReaders() {
-  static const std::vector<Reader> readers = {
-      {"keys", 1, false, [](Dice& dice) { return Some(dice, kSteps, 3, " "); }, ReadSteps},
-      {"options", 1, false, [](Dice& dice) { return Some(dice, kOptions, 4, "\n"); }, ReadOptions},
-      {"quirelle-tv", 10, true, MakeWords, ReadWords},
-      {"profiles", 1, true, [](Dice& dice) { return Some(dice, kProfile, 3, "\n"); }, ReadProfile},
-      {"positions", 1, false, MakePosition, ReadPosition},
-      {"resolutions", 1, false, MakeResolution, ReadResolution},
-      {"scan tables", 100, false, MakeScanTable, ReadScanTable},
-      {"names on air", 1, false, MakeUtf16, ReadUtf16},
-      {"settings", 10, true, MakeSetting, ReadSetting},
-      {"launches", 10, true, MakeLaunch, ReadLaunch},
-  };
-  return readers;
+std::vector<Reader> DesktopReaders() {
+  const auto makeName = [](Dice& dice) { return dice.Chance(70) ? dice.Mutated("Añ€ 📺 قناة") : dice.Bytes(40); };
+  return {{"keys", 1, false, Some(kSteps, 3, " "), ReadSteps},
+          {"options", 1, false, Some(kOptions, 4, "\n"), ReadOptions},
+          {"quirelle-tv", 10, true, MakeWords, ReadWords},
+          {"profiles", 1, true, Some(kProfile, 3, "\n"), ReadProfile},
+          {"positions", 1, false, Some(kPositions), ReadPosition},
+          {"resolutions", 1, false, Some(kResolutions), ReadResolution},
+          {"scan tables", 100, false, Some(kScanTable), ReadScanTable},
+          {"names on air", 1, false, makeName, ReadUtf16},
+          {"settings", 10, true, MakeSetting, ReadSetting},
+          {"launches", 10, true, MakeLaunch, ReadLaunch}};
 }
 
 }  // namespace fuzz
