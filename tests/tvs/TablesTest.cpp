@@ -18,6 +18,20 @@ class TablesTest : public TvsTest {
   void SetRegion(int region) { m_tv.Set("system_info/127", std::to_string(region)); }
 };
 
+/// The types of antennas that stand for a mode; 0 is no broadcaster.
+struct AntennaType {
+  int antennaMode, serviceMode, broadcaster;
+};
+const std::map<int, AntennaType> kTypes = {
+    {0, {0, -1, 0}},   {1, {1, -1, 0}},   {3, {2, 1, 0}},    {4, {2, 3, 17}},   {5, {2, 4, 16}},   {6, {2, 5, 15}},
+    {7, {2, 6, 18}},   {8, {2, 7, 19}},   {9, {2, 8, 20}},   {10, {2, 9, 22}},  {11, {2, 10, 23}}, {12, {2, 11, 25}},
+    {13, {2, 12, 26}}, {14, {2, 13, 21}}, {15, {2, 14, 27}}, {16, {2, 15, 29}}, {17, {2, 16, 30}}, {18, {2, 17, 31}},
+    {19, {2, 18, 32}}, {20, {2, 19, 0}},  {24, {2, 23, 38}}, {25, {2, 24, 41}}, {26, {2, 25, 40}}, {27, {2, 26, 39}},
+    {28, {2, 27, 43}}, {29, {2, 28, 46}}, {30, {2, 29, 48}}, {31, {2, 34, 50}}, {32, {2, 35, 51}}, {33, {2, 36, 52}},
+    {34, {2, 38, 66}}, {35, {2, 39, 70}}, {36, {2, 40, 73}}, {37, {2, 45, 77}}, {38, {2, 47, 79}}, {39, {2, 46, 78}},
+    {40, {2, 49, 83}}, {41, {2, 48, 82}}, {42, {2, 50, 84}}, {43, {2, 51, 85}}, {44, {2, 42, 74}}, {45, {2, 52, 87}},
+    {47, {0, -1, 0}},  {48, {0, -1, 0}},  {49, {1, -1, 0}},  {50, {1, -1, 0}},  {54, {2, 1, 24}}};
+
 const std::set<int> kAtscRegions = {1, 2, 36};
 const std::set<int> kIsdbRegions = {3, 14, 15, 17, 18, 20, 21, 30};
 
@@ -61,20 +75,12 @@ TEST_F(TablesTest, RegionAndCountryGiveTheStandard) {
 }
 
 TEST_F(TablesTest, EveryAntennaTypeBothWays) {
-  // Antenna and service mode; where there is nothing, the type has none.
-  const std::map<int, std::pair<int, int>> modes = {
-      {0, {0, -1}},  {1, {1, -1}},  {3, {2, 1}},   {4, {2, 3}},   {5, {2, 4}},   {6, {2, 5}},   {7, {2, 6}},
-      {8, {2, 7}},   {9, {2, 8}},   {10, {2, 9}},  {11, {2, 10}}, {12, {2, 11}}, {13, {2, 12}}, {14, {2, 13}},
-      {15, {2, 14}}, {16, {2, 15}}, {17, {2, 16}}, {18, {2, 17}}, {19, {2, 18}}, {20, {2, 19}}, {24, {2, 23}},
-      {25, {2, 24}}, {26, {2, 25}}, {27, {2, 26}}, {28, {2, 27}}, {29, {2, 28}}, {30, {2, 29}}, {31, {2, 34}},
-      {32, {2, 35}}, {33, {2, 36}}, {34, {2, 38}}, {35, {2, 39}}, {36, {2, 40}}, {37, {2, 45}}, {38, {2, 47}},
-      {39, {2, 46}}, {40, {2, 49}}, {41, {2, 48}}, {42, {2, 50}}, {43, {2, 51}}, {44, {2, 42}}, {45, {2, 52}},
-      {47, {0, -1}}, {48, {0, -1}}, {49, {1, -1}}, {50, {1, -1}}, {54, {2, 1}}};
   for (int i = 0; i < 55; ++i) {
     SCOPED_TRACE(i);
     const TSTvMode mode = CAntennaUtil::GetTVModeByMenuAntennaType(static_cast<CAntennaUtil::EMenuAntennaType>(i));
-    const std::pair none(-1, -1), expected = modes.count(i) ? modes.at(i) : none;
-    EXPECT_EQ(std::pair(int{mode.antennaMode}, int{mode.serviceMode}), expected);
+    const auto type = kTypes.find(i);
+    EXPECT_EQ(mode.antennaMode, type == kTypes.end() ? -1 : type->second.antennaMode);
+    EXPECT_EQ(mode.serviceMode, type == kTypes.end() ? -1 : type->second.serviceMode);
 
     if (mode.antennaMode < 0) continue;
     Change("UPDATE picture SET antenna = ?, service_mode = ?", mode.antennaMode, mode.serviceMode);
@@ -117,11 +123,6 @@ TEST_F(TablesTest, AntennaNamesAndWhatTheyNeed) {
     EXPECT_EQ(Name(CAntennaUtil::EMenuAntennaType(48)), country == 8 ? "SID_DTV_AIR_KR_17_ABBR_TUNING" : "SID_ATV");
   }
 
-  const std::map<int, int> broadcasters = {
-      {4, 17},  {5, 16},  {6, 15},  {7, 18},  {8, 19},  {9, 20},  {10, 22}, {11, 23}, {12, 25}, {13, 26},
-      {14, 21}, {15, 27}, {16, 29}, {17, 30}, {18, 31}, {19, 32}, {24, 38}, {25, 41}, {26, 40}, {27, 39},
-      {28, 43}, {29, 46}, {30, 48}, {31, 50}, {32, 51}, {33, 52}, {34, 66}, {35, 70}, {36, 73}, {37, 77},
-      {38, 79}, {39, 78}, {40, 83}, {41, 82}, {42, 84}, {43, 85}, {44, 74}, {45, 87}, {54, 24}};
   const auto supports = [](int type) {
     return CAntennaUtil::FlagSupportAntennaMode(CAntennaUtil::EMenuAntennaType(type));
   };
@@ -129,8 +130,8 @@ TEST_F(TablesTest, AntennaNamesAndWhatTheyNeed) {
     Change("DELETE FROM broadcaster");
     const bool fixed = type == 0 || type == 1 || type == 3 || type == 20;
     EXPECT_EQ(supports(type), fixed) << type;
-    if (!broadcasters.count(type)) continue;
-    Change("INSERT INTO broadcaster VALUES (-1, ?)", broadcasters.at(type));
+    if (!kTypes.count(type) || kTypes.at(type).broadcaster == 0) continue;
+    Change("INSERT INTO broadcaster VALUES (-1, ?)", kTypes.at(type).broadcaster);
     EXPECT_TRUE(supports(type)) << type;
   }
   m_tv.Set("com.vantrel/featureconf/product.num_of_iptv_cip", "1");
