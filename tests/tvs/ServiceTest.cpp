@@ -49,7 +49,7 @@ TEST_F(ServiceTest, HoldsTheSatellitesOfTheScanTables) {
   }
 }
 
-TEST_F(ServiceTest, BadScanTablesAreNamedAndSkipped) {
+TEST_F(ServiceTest, ReadsScanTablesAndNamesBadOnes) {
   constexpr const char* kPolarisations[] = {"HORIZONTAL", "VERTICAL", "LEFT", "RIGHT"};
   constexpr const char* kRates[] = {"AUTO", "1/2", "2/3", "3/4", "3/5", "4/5", "5/6", "6/7", "7/8", "8/9", "9/10"};
   const std::string begin = "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBS";
@@ -205,12 +205,7 @@ TEST_F(ServiceTest, ATuneTakesTimeAndEndsInItsSignal) {
 TEST_F(ServiceTest, ATuneRefreshesTheMenuWhileItIsSubscribed) {
   const auto iterate = [] {
     ecore_timer_add(
-        0.01,
-        [](void*) -> Eina_Bool {
-          ecore_main_loop_quit();
-          return ECORE_CALLBACK_CANCEL;
-        },
-        nullptr);
+        0.01, [](void*) { return ecore_main_loop_quit(), ECORE_CALLBACK_CANCEL; }, nullptr);
     ecore_main_loop_begin();
   };
   const auto refreshed = [&] { return m_tv.GetInt("db/menu/refresh_menu") == 1; };
