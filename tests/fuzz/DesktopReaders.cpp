@@ -96,41 +96,40 @@ class Silence {
   int m_kept;
 };
 
-const Texts kLines = {
-    "channels\nair\n--limit\n3",
-    "satellites\n--json",
-    "transponders\n1\n--limit\n2",
-    "tune\n1",
-    "tune\nnext\n--pip",
-    "source\n0",
-    "mode\ncable\n-1",
-    "signal\n--strength\n50\n--quality\n60\n--ber\n10\n--snr\n2000",
-    "history\nadd\n1700000000:7:65535:2:0:0",
-    "history\nlist\n--limit\n2",
-    "clock\n12",
-    "hdmi\n--port\n1\n--resolution\n1920x1080@59.94p\n--format\n0x70000\n--name\nConsole",
-    "get\ndb/menu_widget/language",
-    "set\ndb/menu_widget/language\nde_DE.utf8",
-    "set\ndb/menu/broadcasting/program_rating_lock/tv_rating/tv_y\n1",
-    "set\ndb/setting/accessibility/tts\ntrue",
-    "settings\ndb/menu/b",
-    "item\nhdmi-delay-level",
-    "item\nuser-defined-transponder-frequency\n11000 MHz",
-    "fail\nvconf_get_int\n-1\n--times\n2",
-    "fail\nSettingsAPI_GetItemValue\nfalse",
-    "heal",
-    "heal\nvconf_get_int",
-    "usage",
-    "key\nReturn",
-    "start\norg.nyxel.function-osd",
-    "plug\n..",
-    "unplug\na/b",
-};
+const Texts kLines = {"channels\nair\n--limit\n3",
+                      "satellites\n--json",
+                      "transponders\n1\n--limit\n2",
+                      "tune\n1",
+                      "tune\nnext\n--pip",
+                      "source\n0",
+                      "mode\ncable\n-1",
+                      "signal\n--strength\n50\n--quality\n60\n--ber\n10\n--snr\n2000",
+                      "history\nadd\n1700000000:7:65535:2:0:0",
+                      "history\nlist\n--limit\n2",
+                      "clock\n12",
+                      "hdmi\n--port\n1\n--resolution\n1920x1080@59.94p\n--format\n0x70000\n--name\nConsole",
+                      "get\ndb/menu_widget/language",
+                      "set\ndb/menu_widget/language\nde_DE.utf8",
+                      "set\ndb/menu/broadcasting/program_rating_lock/tv_rating/tv_y\n1",
+                      "set\ndb/setting/accessibility/tts\ntrue",
+                      "settings\ndb/menu/b",
+                      "item\nhdmi-delay-level",
+                      "item\nuser-defined-transponder-frequency\n11000 MHz",
+                      "fail\nvconf_get_int\n-1\n--times\n2",
+                      "fail\nSettingsAPI_GetItemValue\nfalse",
+                      "heal",
+                      "heal\nvconf_get_int",
+                      "usage",
+                      "key\nReturn",
+                      "start\norg.nyxel.function-osd",
+                      "plug\n..",
+                      "unplug\na/b"};
 
 /// The verb stays: a mutated one is unknown, and that is all.
 std::string MakeWords(Dice& dice) {
-  const auto [verb, words] = Halves(dice.Any(kLines));
-  return verb + "\n" + dice.Mutated(words);
+  const std::string line = dice.Any(kLines);
+  const size_t end = std::min(line.find('\n'), line.size());
+  return line.substr(0, end) + dice.Mutated(line.substr(end));
 }
 
 bool RunWords(const Texts& words) {
@@ -168,33 +167,31 @@ bool ReadWords(const std::string& input) {
 
 // --- what a TV is made from ----------------------------------------------------------------------
 
-const Texts kProfile = {
-    "[settings]\nint db/menu/broadcasting/program_rating_lock/tv_rating/tv_y 1",
-    "[settings]\nbool db/menu/picture/pip/onoff true",
-    "[settings]\nstring db/menu_widget/language en_US.utf8",
-    "[settings]\nints system_info/5 8 9 4",
-    "[menu]\nitem hdmi-delay-level SID_DELAY parent=hdmi value=1 0:SID_LOW 1:SID_HIGH",
-    "[chips]\nMENU_LIST 10 20 30 255",
-    "[chips high-contrast]\nMENU_LIST 10 20 30 255",
-    "[applications]\norg.nyxel.function-osd running",
-    "[tv]\npicture main air -1 0",
-    "[tv]\nmodel 47 1",
-    "[tv]\nstate clock_hours 24",
-    "[tv]\nbroadcaster 3 5",
-    "[tv]\nletters DEU",
-    "[tv]\noperator-profile 3 satellite 1 Sky & Co",
-    "[tv]\nsatcr 0 1 1210",
-    "[tv]\nselect 19.2E 13.0E",
-    "[tv]\nweak-signal 1700000000:7:65535:2:0:0",
-    "[tv]\nhdmi 1 1920x1080@59.94p 2 Console",
-    "[reception]\nsatellites 19.2E 28.2E",
-    "[reception]\nair dvb-t/de-Berlin",
-    "[reception]\npackage 2 19.2E",
-    "[channels]\nservices 120",
-    "[channels]\nlist air -1 50 analog=10 radio=5 uhd=2 locked=3 virtual=1 subchannels",
-    "[channels]\nlist satellite 8 100 at=19.2E",
-    "# a remark\n[settings]",
-};
+const Texts kProfile = {"[settings]\nint db/menu/broadcasting/program_rating_lock/tv_rating/tv_y 1",
+                        "[settings]\nbool db/menu/picture/pip/onoff true",
+                        "[settings]\nstring db/menu_widget/language en_US.utf8",
+                        "[settings]\nints system_info/5 8 9 4",
+                        "[menu]\nitem hdmi-delay-level SID_DELAY parent=hdmi value=1 0:SID_LOW 1:SID_HIGH",
+                        "[chips]\nMENU_LIST 10 20 30 255",
+                        "[chips high-contrast]\nMENU_LIST 10 20 30 255",
+                        "[applications]\norg.nyxel.function-osd running",
+                        "[tv]\npicture main air -1 0",
+                        "[tv]\nmodel 47 1",
+                        "[tv]\nstate clock_hours 24",
+                        "[tv]\nbroadcaster 3 5",
+                        "[tv]\nletters DEU",
+                        "[tv]\noperator-profile 3 satellite 1 Sky & Co",
+                        "[tv]\nsatcr 0 1 1210",
+                        "[tv]\nselect 19.2E 13.0E",
+                        "[tv]\nweak-signal 1700000000:7:65535:2:0:0",
+                        "[tv]\nhdmi 1 1920x1080@59.94p 2 Console",
+                        "[reception]\nsatellites 19.2E 28.2E",
+                        "[reception]\nair dvb-t/de-Berlin",
+                        "[reception]\npackage 2 19.2E",
+                        "[channels]\nservices 120",
+                        "[channels]\nlist air -1 50 analog=10 radio=5 uhd=2 locked=3 virtual=1 subchannels",
+                        "[channels]\nlist satellite 8 100 at=19.2E",
+                        "# a remark\n[settings]"};
 
 bool ReadProfile(const std::string& input) {
   std::istringstream text(input);

@@ -55,10 +55,8 @@ void SetClock(int type) {
   if (desktop::TvState("fuzz_clock", -1) == type) return;
   desktop::SetTvState("fuzz_clock", type);
   desktop::SetTvState("clock_hours", type == History::STAMP_24_HOURS ? 24 : 12);
-  const char* language = type == History::STAMP_24_HOURS    ? "en_US.utf8"
-                         : type == History::STAMP_WORD_LAST ? "de_DE.utf8"
-                                                            : "ko_KR.utf8";
-  Change("UPDATE setting SET value = ? WHERE key = 'db/menu_widget/language'", language);
+  constexpr const char* kLanguages[] = {"", "ko_KR.utf8", "de_DE.utf8", "en_US.utf8"};
+  Change("UPDATE setting SET value = ? WHERE key = 'db/menu_widget/language'", kLanguages[type]);
 }
 
 std::string Stamp(const std::string& date, int hour, int minute, const std::string& word, int type) {
@@ -71,8 +69,8 @@ std::string Stamp(const std::string& date, int hour, int minute, const std::stri
 std::string TimeOf(const std::string& stamp, int type) {
   std::istringstream words(stamp);
   std::string date, time, word;
-  words >> date >> (type == History::STAMP_WORD_FIRST ? word : time) >>
-      (type == History::STAMP_WORD_FIRST ? time : word);
+  const bool wordFirst = type == History::STAMP_WORD_FIRST;
+  words >> date >> (wordFirst ? word : time) >> (wordFirst ? time : word);
   int hour = -1, minute = -1;
   sscanf(time.c_str(), "%2d:%2d", &hour, &minute);
   const bool day =
@@ -152,22 +150,20 @@ bool ReadNotes(const std::string& input) {
   return read.size() + 1 == notes.size();
 }
 
-std::string StampAt(int minutes, int type) {
-  const int day = minutes / 1440, hour = minutes / 60 % 24, half = (hour + 11) % 12 + 1;
+std::string MakeStamp(Dice& dice, int type) {
+  const int hour = static_cast<int>(dice.Below(24)), minute = static_cast<int>(dice.Below(60));
+  const std::string date = "2025/03/0" + std::to_string(1 + dice.Below(3));
   const std::string word = Utils::GetTranslationStr(hour < 12 ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
-  const std::string date = "2025/03/0" + std::to_string(day + 1);
-  return Stamp(date, type == History::STAMP_24_HOURS ? hour : half, minutes % 60, word, type);
+  return Stamp(date, type == History::STAMP_24_HOURS ? hour : (hour + 11) % 12 + 1, minute, word, type);
 }
 
 std::string MakeStamps(Dice& dice) {
-  const int type = 1 + static_cast<int>(dice.Below(3)), first = static_cast<int>(dice.Below(3 * 1440));
-  const int second = dice.Chance(10) ? first : static_cast<int>(dice.Below(3 * 1440));
-  std::string text = std::to_string(type);
-  for (const int minutes : {first, second}) {
-    const std::string stamp = StampAt(minutes, dice.Chance(10) ? 1 + static_cast<int>(dice.Below(3)) : type);
-    text += "\n" + (dice.Chance(40) ? dice.Mutated(stamp) : dice.Chance(3) ? kNoTime : stamp);
-  }
-  return text;
+  const auto anyType = [&] { return 1 + static_cast<int>(dice.Below(3)); };
+  const int type = anyType();
+  const std::string first = MakeStamp(dice, dice.Chance(10) ? anyType() : type);
+  const std::string second = dice.Chance(10) ? first : dice.Chance(3) ? kNoTime : MakeStamp(dice, type);
+  const auto maybeMutated = [&](const std::string& stamp) { return dice.Chance(40) ? dice.Mutated(stamp) : stamp; };
+  return std::to_string(type) + "\n" + maybeMutated(first) + "\n" + maybeMutated(second);
 }
 
 bool ReadStamps(const std::string& input) {
@@ -251,8 +247,7 @@ bool ReadFrequency(const std::string& input) {
 // --- texts ---------------------------------------------------------------------------------------
 
 std::string MakeFilled(Dice& dice) {
-  static constexpr const char* formats[] = {"<<A>> rows", "Reset <<B>>?<br/><<A>>", "<<A>><<A>>", "전체 <<A>>개",
-                                            "<<C>>|<<D>>"};
+  static const Texts formats = {"<<A>> rows", "Reset <<B>>?<br/><<A>>", "<<A>><<A>>", "전체 <<A>>개", "<<C>>|<<D>>"};
   return dice.Mutated(dice.Any(formats)) + "\n" + dice.Mutated(dice.Chance(50) ? "USB-Stick größer" : "닫기");
 }
 
@@ -271,14 +266,18 @@ bool ReadFilled(const std::string& input) {
   const Texts lines = Lines(input);
   const std::string &format = lines[0], &value = lines.back();
   const bool whole = IsUtf8(format) && IsUtf8(value);
+  const auto checked = [&](std::string_view shown) {
+    Want(!whole || IsUtf8(shown), "a text is cut between characters");
+    return shown;
+  };
   Buffer<24> small;
   Want(CStringUtil::CombinateStrings(small.text, 24, format.c_str(), value.c_str(), "b"), "fills");
-  Want(!whole || IsUtf8(small.Checked()), "a filled text is cut between characters");
-  Buffer<kText> large;
+  checked(small.Checked());
+  Buffer<kText> large, name, stored, shown;
   CStringUtil::CombinateStrings(large.text, kText, format.c_str(), value.c_str(), "b", "c", "d");
-  Want(!whole || IsUtf8(large.Checked()), "a filled text is cut between characters");
+  checked(large.Checked());
   Utils::ReplaceSingleText(small.text, format.c_str(), "<<A>>", value.c_str(), 24);
-  Want(!whole || IsUtf8(small.Checked()), "a replaced text is cut between characters");
+  checked(small.Checked());
   CheckCut<1>(value);
   CheckCut<7>(value);
   CheckCut<kText>(value);
@@ -287,11 +286,10 @@ bool ReadFilled(const std::string& input) {
   node.SetContent(ElementaryNode::kTitle, value);
   node.SetContent(ElementaryNode::kValue, value);
   node.SetContent(ElementaryNode::kChoice, format);
-  Buffer<kText> name, stored, shown;
   node.GetNodeDisplayName(name.text);
   node.GetNodeValue(stored.text, shown.text);
-  Want(name.Checked() == stored.Checked() && value.starts_with(name.Checked()), "a row keeps its text");
-  Want(!whole || (IsUtf8(name.Checked()) && IsUtf8(shown.Checked())), "a row's text is cut between characters");
+  Want(checked(name.Checked()) == stored.Checked() && value.starts_with(name.Checked()), "a row keeps its text");
+  checked(shown.Checked());
   const int digit = Utils::GetNumberFromKey(value.c_str());
   Want(digit >= -1 && digit <= 9, "a key is a digit or none");
   return whole;
@@ -304,8 +302,8 @@ constexpr const char* kItems[] = {"user-defined-transponder-frequency", "user-de
                                   "signal-information-program",         "no-such-item"};
 
 std::string MakeItem(Dice& dice) {
-  return std::string(dice.Any(kItems)) + "\n" +
-         (dice.Chance(60) ? MakeNumber(dice) : dice.Mutated(dice.Chance(50) ? "Vertikal" : "수직"));
+  const std::string name = dice.Chance(50) ? "Vertikal" : "수직";
+  return dice.Any(kItems) + ("\n" + (dice.Chance(60) ? MakeNumber(dice) : dice.Mutated(name)));
 }
 
 bool ReadItem(const std::string& input) {
