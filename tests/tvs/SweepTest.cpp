@@ -22,6 +22,12 @@ struct Exception {
   std::string_view operation;  ///< as its name begins, as do the calls'
   Calls calls;
   std::string_view result;
+  bool silent = false;  ///< nothing is said of it
+
+  bool IsOf(const PublicOperation& of, const std::string& call) const {
+    return of.name.starts_with(operation) &&
+           std::any_of(calls.begin(), calls.end(), [&](std::string_view begin) { return call.starts_with(begin); });
+  }
 };
 
 const Calls kChannel = {"TCNavigationModeHelper::GetNavigationCriteria", "ServiceNavigation::GetCurrentServiceInfo",
@@ -33,8 +39,8 @@ const Exception kExceptions[] = {
     {"CTvsUtil::GetSymbolRate", {"Satellite::FindTransponder"}, "0"},
     // An unreadable sub-picture setting is off, an unreadable feature the ordinary one.
     {"", {"vconf_get_bool"}, "="},
-    {"CAntennaUtil::FlagSupport", {"system_info_get_custom_bool"}, "="},
-    {"CUtil::is_tunerless", {"system_info_get_custom_bool"}, "="},
+    {"CAntennaUtil::FlagSupport", {"system_info_get_custom_bool"}, "=", true},
+    {"CUtil::is_tunerless", {"system_info_get_custom_bool"}, "=", true},
     {"CTvsUtil::GetChannelString", {"system_info_get_value_int"}, "="},
     {"CTvsUtil::FlagTempUnblockedChildLock", {"RatingUtil::QueryTempUnblock"}, "1"},
     {"CTvsUtil::GetSignalInfoType", {"SOSpecApp::GetSpec", "CreateSOSpecApp"}, "="},
@@ -42,23 +48,26 @@ const Exception kExceptions[] = {
     {"CTvsUtil::GetSignalInfoType", {"ServiceNavigation::GetTvMode"}, "4"},
     {"ChannelUtil::GetSignalInfoType", {"ServiceNavigation::GetTvMode"}, "4"},
     // No service stored there: the current channel is moved.
-    {"CTvsUtil::SetBandFreqForSignalInformation", {"Service::FindServiceList"}, "="},
-    {"ChannelUtil::SetBandFreqForSignalInformation", {"Service::FindServiceList"}, "="},
+    {"CTvsUtil::SetBandFreqForSignalInformation", {"Service::FindServiceList"}, "=", true},
+    {"ChannelUtil::SetBandFreqForSignalInformation", {"Service::FindServiceList"}, "=", true},
     // Without a current channel the installation's own choice counts.
     {"CTvsUtil::GetSelectedTransponderId(true)", kChannel, "1"},
     {"CTvsUtil::InitSelectedSatellite(true)", kChannel, "53"},
-    {"CTvsUtil::InitSelectedSatellite", {"vconf_set_int"}, "1"},
-    {"CTvsUtil::InitSelectedSatellite(false)", {"SatelliteSettings::GetSatelliteSettings"}, "="},
+    {"CTvsUtil::InitSelectedSatellite", {"vconf_set_int"}, "1", true},
+    {"CTvsUtil::InitSelectedSatellite(false)", {"SatelliteSettings::GetSatelliteSettings"}, "=", true},
     {"CTvsUtil::InitSelectedSatellite(false)", {"SatelliteSettings::GetSatelliteSettings"}, "54"},
     // An unreadable setting leaves its default.
-    {"CTvsUtil::TuneAloneSelectedTransponder", {"vconf_get_int"}, "="},
-    {"ChannelUtil::TuneAloneSelectedTransponder", {"vconf_get_int"}, "="},
+    {"CTvsUtil::TuneAloneSelectedTransponder", {"vconf_get_int"}, "=", true},
+    {"ChannelUtil::TuneAloneSelectedTransponder", {"vconf_get_int"}, "=", true},
     {"CTvsUtil::GetSelectedTransponderId", {"vconf_get_int"}, "-2"},
     {"CTvsUtil::SetDefaultChannel", kChannel, "="},
     {"CCountryUtil::Set", {"vconf_get_int"}, "="},
-    {"CCountryUtil::ResetCountryRelatedInfoByPnP", {"vconf_", "CreateSOSpecControl", "SOSpecControl::Change"}, "="},
+    {"CCountryUtil::ResetCountryRelatedInfoByPnP", {"vconf_get_int"}, "=", true},
+    {"CCountryUtil::ResetCountryRelatedInfoByPnP",
+     {"vconf_set_int", "CreateSOSpecControl", "SOSpecControl::Change"},
+     "="},
     {"CCountryUtil::FlagVisible", {"system_info_get_value_int"}, "="},
-    {"CUtil::checkplaying", {"app_manager_is_running"}, "="},
+    {"CUtil::checkplaying", {"app_manager_is_running"}, "=", true},
     // An antenna that cannot be counted has no channels: the next one is tried.
     {"CAntennaUtil::SetAvailableAntennaModeForPIP", {""}, "="},
     {"ChannelUtil::GetTVNavigationMode", {"ServiceNavigation::GetTvMode", "CreateServiceNavigation"}, "="},
@@ -66,46 +75,30 @@ const Exception kExceptions[] = {
     {"CommonUtil::GetTimeFormatType", {"system_info_get_value_int"}, "1"},
     {"Utils::GetProductTypeOSD", {"system_info_get_custom"}, "="},
     {"Utils::GetCountryCode", {"TCBinderManager::GetValue"}, " "},
-    {"Utils::InstallerStorePosition", {"vconf_get_int"}, "="},
+    {"Utils::InstallerStorePosition", {"vconf_get_int"}, "=", true},
     {"Utils::InstallerStorePosition",
      {"SatelliteSettings::GetSatelliteSettings", "CreateSatelliteSettings", "vconf_get_int",
       "SatelliteControl::SendPositionerCommand", "CreateSatelliteControl"},
      "2"},
     // Only without the settings is nothing reset.
     {"Utils::ResetSatelliteSettings", {""}, "="},
-    {"Utils::LaunchNumberPad", {"vconf_get_int", "app_control_add_extra_data"}, "="},
-};
-
-/// Calls whose failure says nothing of itself.
-struct Silent {
-  std::string_view operation;
-  Calls calls;
-};
-const Silent kSilent[] = {
-    {"CUtil::getreginonkind", {"system_info_get_value_string"}},
-    {"CUtil::IsSmartMonitor", {"system_info_get_custom_bool"}},
-    {"CUtil::is_tunerless", {"system_info_get_custom_bool"}},
-    {"CAntennaUtil::FlagSupport", {"system_info_get_custom_bool"}},
-    {"CAntennaUtil::CheckCurrentBroadcaster", {"SOSpecControl::GetCurrentBroadcaster"}},
-    {"CUtil::checkplaying", {"app_manager_is_running"}},
-    {"CCountryUtil::Get", {"vconf_get_int"}},
-    {"CCountryUtil::SetPnPCountry", {"vconf_get_int", "vconf_set_int"}},
-    {"CCountryUtil::SetEWBSAreaCode", {"vconf_set_str"}},
-    {"CCountryUtil::SetEWBSProvince", {"vconf_set_str"}},
-    {"CCountryUtil::ResetCountryRelatedInfoByPnP", {"vconf_get_int"}},
-    {"CTvsUtil::SetBandFreqForSignalInformation", {"Service::FindServiceList"}},
-    {"ChannelUtil::SetBandFreqForSignalInformation", {"Service::FindServiceList"}},
-    {"CTvsUtil::InitSelectedSatellite", {"vconf_set_int", "SatelliteSettings::GetSatelliteSettings"}},
-    {"CTvsUtil::TuneAloneSelectedTransponder", {"vconf_get_int"}},
-    {"ChannelUtil::TuneAloneSelectedTransponder", {"vconf_get_int"}},
-    {"ChannelUtil::GetTVNavigationMode", {"CCCategoryUtil::GetCurrentCategory"}},
-    {"CommonUtil::GetCurrentDateStr", {"CTimeUtil::"}},
-    {"Utils::FlagPanelType82InchSdc", {"system_info_get_value_bool"}},
-    {"Utils::GetCountryCode", {"TCBinderManager::GetValue"}},
-    {"Utils::InstallerStorePosition", {"vconf_get_int"}},
-    {"Utils::CloseNumberPad", {"app_manager_is_running"}},
-    {"Utils::LaunchNumberPad", {"app_control_"}},
-    {"Utils::ResetSatelliteSettings", {"vconf_set_int", "SatelliteSettings::"}},
+    {"Utils::ResetSatelliteSettings", {"vconf_set_int", "SatelliteSettings::"}, "=", true},
+    {"Utils::LaunchNumberPad", {"vconf_get_int"}, "="},
+    {"Utils::LaunchNumberPad", {"app_control_add_extra_data"}, "=", true},
+    // These answer their failure value, as the rest does, but say nothing.
+    {"Utils::LaunchNumberPad", {"app_control_"}, "", true},
+    {"Utils::CloseNumberPad", {"app_manager_is_running"}, "", true},
+    {"Utils::GetCountryCode", {"TCBinderManager::GetValue"}, "", true},
+    {"Utils::FlagPanelType82InchSdc", {"system_info_get_value_bool"}, "0", true},
+    {"CommonUtil::GetCurrentDateStr", {"CTimeUtil::"}, "1", true},
+    {"ChannelUtil::GetTVNavigationMode", {"CCCategoryUtil::GetCurrentCategory"}, "0", true},
+    {"CUtil::getreginonkind", {"system_info_get_value_string"}, "null", true},
+    {"CUtil::IsSmartMonitor", {"system_info_get_custom_bool"}, "0", true},
+    {"CAntennaUtil::CheckCurrentBroadcaster", {"SOSpecControl::GetCurrentBroadcaster"}, "0", true},
+    {"CCountryUtil::Get", {"vconf_get_int"}, "-1", true},
+    {"CCountryUtil::SetPnPCountry", {"vconf_get_int", "vconf_set_int"}, "-1", true},
+    {"CCountryUtil::SetEWBSAreaCode", {"vconf_set_str"}, "-1", true},
+    {"CCountryUtil::SetEWBSProvince", {"vconf_set_str"}, "-1", true},
 };
 
 /// What is said of a call that fails, whichever operation makes it: one of these texts, or its name and "fails".
@@ -188,23 +181,17 @@ bool SaysWhatFailed(const std::string& call, const Texts& log) {
                                                        [&](const char* text) { return Contains(log, text); });
 }
 
-bool IsOneOf(const std::string& call, const Calls& calls) {
-  return std::any_of(calls.begin(), calls.end(), [&](std::string_view begin) { return call.starts_with(begin); });
-}
-
 bool IsAllowed(const PublicOperation& operation, const std::string& call, const std::string& healthy,
                const std::string& result) {
   return result == operation.failure ||
          std::any_of(std::begin(kExceptions), std::end(kExceptions), [&](const Exception& e) {
-           return operation.name.starts_with(e.operation) && IsOneOf(call, e.calls) &&
-                  result == (e.result == "=" ? healthy : e.result);
+           return e.IsOf(operation, call) && result == (e.result == "=" ? healthy : e.result);
          });
 }
 
 bool IsSilent(const PublicOperation& operation, const std::string& call) {
-  return std::any_of(std::begin(kSilent), std::end(kSilent), [&](const Silent& silent) {
-    return operation.name.starts_with(silent.operation) && IsOneOf(call, silent.calls);
-  });
+  return std::any_of(std::begin(kExceptions), std::end(kExceptions),
+                     [&](const Exception& e) { return e.silent && e.IsOf(operation, call); });
 }
 
 /// What it changes on the TV is taken back.
