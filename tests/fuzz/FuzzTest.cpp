@@ -52,29 +52,19 @@ void TellStory() {
   static_cast<void>(!write(STDERR_FILENO, story.data(), story.size()));
 }
 
-/// Tells the story when the program falls.
-class Watchdog {
- public:
 #if defined(__SANITIZE_ADDRESS__)
-  Watchdog() { __sanitizer_set_death_callback(TellStory); }
-  ~Watchdog() { __sanitizer_set_death_callback(nullptr); }
+void TellWhenItFalls(bool tell) { __sanitizer_set_death_callback(tell ? TellStory : nullptr); }
 #else
-  Watchdog() { Handle(Fell); }
-  ~Watchdog() { Handle(SIG_DFL); }
-#endif
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
+void Fell(int signal) {
+  std::signal(signal, SIG_DFL);
+  TellStory();
+  std::raise(signal);
+}
 
- private:
-  static void Fell(int signal) {
-    std::signal(signal, SIG_DFL);
-    TellStory();
-    std::raise(signal);
-  }
-  static void Handle(void (*handler)(int)) {
-    for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) std::signal(signal, handler);
-  }
-};
+void TellWhenItFalls(bool tell) {
+  for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) std::signal(signal, tell ? Fell : SIG_DFL);
+}
+#endif
 
 // --- the runs ------------------------------------------------------------------------------------
 
@@ -125,16 +115,20 @@ std::vector<Reader> AllReaders() {
   return readers;
 }
 
-/// The tests' own watcher keeps every line for ever.
-class ShortLog {
- public:
-  ShortLog() { desktop::WatchLog(TakeLine); }
-  ~ShortLog() { desktop::WatchLog(nullptr); }
-  ShortLog(const ShortLog&) = delete;
-  ShortLog& operator=(const ShortLog&) = delete;
+class Fuzz : public testing::Test {
+ protected:
+  Fuzz() {
+    // The tests' own watcher keeps every line for ever.
+    desktop::WatchLog(TakeLine);
+    TellWhenItFalls(true);
+  }
+  ~Fuzz() override { TellWhenItFalls(false); }
+
+ private:
+  Tv m_tv{"europe", 40};
 };
 
-TEST(Fuzz, EveryReaderLivesWithAnyText) {
+TEST_F(Fuzz, EveryReaderLivesWithAnyText) {
   unsigned int seed = kSeed;
   long runs = kRuns;
   std::string only;
@@ -143,9 +137,6 @@ TEST(Fuzz, EveryReaderLivesWithAnyText) {
     ASSERT_TRUE(words >> seed >> runs) << wanted << ": wants a seed and a number of runs";
     std::getline(words >> std::ws, only);
   }
-  Tv tv("europe", 40);
-  const ShortLog log;
-  const Watchdog watchdog;
   std::string unreadable;
   size_t readers = 0;
   for (const Reader& reader : AllReaders()) {
@@ -194,10 +185,7 @@ const Known kKnown[] = {
     {"settings", "ints\n8 x 4", false},
 };
 
-TEST(Fuzz, TextsThatOnceBroughtAReaderDown) {
-  Tv tv("europe", 40);
-  const ShortLog log;
-  const Watchdog watchdog;
+TEST_F(Fuzz, TextsThatOnceBroughtAReaderDown) {
   const std::vector<Reader> readers = AllReaders();
   for (const auto& [name, input, readable] : kKnown) {
     SCOPED_TRACE(name + " of " + testing::PrintToString(input));
