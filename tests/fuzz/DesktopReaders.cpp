@@ -1,7 +1,4 @@
 // What the desktop reads: command lines, keys, profiles, scan tables, names for the service.
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cmath>
 #include <fstream>
@@ -78,22 +75,17 @@ bool ReadOptions(const std::string& input) {
 /// A stream of the process goes nowhere.
 class Silence {
  public:
-  explicit Silence(FILE* stream) : m_stream(stream), m_kept(dup(fileno(stream))) {
-    std::fflush(stream);
-    static const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nowhere, fileno(stream));
+  explicit Silence(FILE*& stream) : m_stream(stream), m_kept(stream) {
+    static FILE* nowhere = std::fopen("/dev/null", "w");
+    stream = nowhere;
   }
-  ~Silence() {
-    std::fflush(m_stream);
-    dup2(m_kept, fileno(m_stream));
-    close(m_kept);
-  }
+  ~Silence() { m_stream = m_kept; }
   Silence(const Silence&) = delete;
   Silence& operator=(const Silence&) = delete;
 
  private:
-  FILE* m_stream;
-  int m_kept;
+  FILE*& m_stream;
+  FILE* m_kept;
 };
 
 const Texts kLines = {"channels\nair\n--limit\n3",
@@ -354,16 +346,16 @@ bool ReadLaunch(const std::string& input) {
 
 std::vector<Reader> DesktopReaders() {
   const auto makeName = [](Dice& dice) { return dice.Chance(70) ? dice.Mutated("Añ€ 📺 قناة") : dice.Bytes(40); };
-  return {{"keys", 1, false, Some(kSteps, 3, " "), ReadSteps},
-          {"options", 1, false, Some(kOptions, 4, "\n"), ReadOptions},
-          {"quirelle-tv", 10, true, MakeWords, ReadWords},
-          {"profiles", 1, true, Some(kProfile, 3, "\n"), ReadProfile},
-          {"positions", 1, false, Some(kPositions), ReadPosition},
-          {"resolutions", 1, false, Some(kResolutions), ReadResolution},
-          {"scan tables", 100, false, Some(kScanTable), ReadScanTable},
-          {"names on air", 1, false, makeName, ReadUtf16},
-          {"settings", 10, true, MakeSetting, ReadSetting},
-          {"launches", 10, true, MakeLaunch, ReadLaunch}};
+  return {{"keys", 1, Some(kSteps, 3, " "), ReadSteps},
+          {"options", 1, Some(kOptions, 4, "\n"), ReadOptions},
+          {"quirelle-tv", 10, MakeWords, ReadWords},
+          {"profiles", 1, Some(kProfile, 3, "\n"), ReadProfile},
+          {"positions", 1, Some(kPositions), ReadPosition},
+          {"resolutions", 1, Some(kResolutions), ReadResolution},
+          {"scan tables", 100, Some(kScanTable), ReadScanTable},
+          {"names on air", 1, makeName, ReadUtf16},
+          {"settings", 10, MakeSetting, ReadSetting},
+          {"launches", 10, MakeLaunch, ReadLaunch}};
 }
 
 }  // namespace fuzz

@@ -54,8 +54,6 @@ struct Reader {
   const char* name;
   /// Of the runs that were asked for it makes one in so many: it needs the TV's file or a folder for each.
   unsigned int every;
-  /// Whether what it writes into the TV is taken back now and then.
-  bool writes;
   std::function<std::string(Dice&)> make;
   /// Whether the text could be read. Throws Wrong.
   bool (*read)(const std::string& input);

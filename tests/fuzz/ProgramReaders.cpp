@@ -475,14 +475,14 @@ bool ReadSticks(const std::string& input) {
 }  // namespace
 
 std::vector<Reader> ProgramReaders() {
-  return {{"notes of weak signal", 1, true, MakeNotes, ReadNotes},
-          {"time stamps", 1, false, MakeStamps, ReadStamps},
-          {"numbers", 1, false, MakeNumber, ReadNumber},
-          {"frequencies and bandwidths", 1, false, MakeFrequency, ReadFrequency},
-          {"filled texts", 1, false, MakeFilled, ReadFilled},
-          {"items", 10, true, MakeItem, ReadItem},
-          {"what is received", 500, true, MakeReceived, ReadReceived},
-          {"sticks", 200, false, MakeSticks, ReadSticks}};
+  return {{"notes of weak signal", 1, MakeNotes, ReadNotes},
+          {"time stamps", 1, MakeStamps, ReadStamps},
+          {"numbers", 1, MakeNumber, ReadNumber},
+          {"frequencies and bandwidths", 1, MakeFrequency, ReadFrequency},
+          {"filled texts", 1, MakeFilled, ReadFilled},
+          {"items", 10, MakeItem, ReadItem},
+          {"what is received", 500, MakeReceived, ReadReceived},
+          {"sticks", 200, MakeSticks, ReadSticks}};
 }
 
 }  // namespace fuzz

@@ -298,8 +298,6 @@ TEST_F(ServiceTest, NotesOfWeakSignal) {
 }
 
 TEST(ServiceNameTest, BrokenNamesStayBroken) {
-  EXPECT_EQ(desktop::ToUtf16("Añ€"), u"Añ€");
-  EXPECT_EQ(desktop::ToUtf16("\xF0\x9F\x93\xBA"), u"\U0001F4FA");
   EXPECT_EQ(desktop::ToUtf16("a\xED\xA0\x80"
                              "b"),
             (std::u16string{u'a', char16_t(0xD800), u'b'}));
