@@ -4,11 +4,11 @@
 
 #include "Gate.h"
 #include "Harness.h"
-#include "Profile.h"
-#include "Store.h"
 #include "system_info.h"
 #include "vconf.h"
 
+using desktop::Query;
+using desktop::Store;
 using test::Execute;
 using test::Tv;
 
@@ -17,7 +17,7 @@ namespace {
 constexpr const char* kKey = "db/menu/refresh_menu";
 constexpr const char* kText = "db/uifw/uisize";
 
-test::Outcome TvCommand(Tv& tv, std::vector<std::string> words) {
+test::Outcome TvCommand(Tv& tv, test::Texts words) {
   words.insert(words.begin(), {"--tv", tv.Path()});
   return Execute("quirelle-tv", words);
 }
@@ -25,15 +25,6 @@ test::Outcome TvCommand(Tv& tv, std::vector<std::string> words) {
 int Read(const char* key) {
   int value = -99;
   return vconf_get_int(key, &value) == 0 ? value : -1;
-}
-
-std::string MessageOf(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const std::runtime_error& error) {
-    return error.what();
-  }
-  return "nothing was wrong";
 }
 
 // --- several processes ---------------------------------------------------------------------------
@@ -50,21 +41,6 @@ TEST(Gate, FaultsOfAnotherProcessCountFromTheNextCall) {
   EXPECT_EQ(Read(kKey), -1);
   EXPECT_EQ(Read(kKey), -1);
   EXPECT_EQ(Read(kKey), 3) << "twice is twice";
-}
-
-TEST(Gate, OnlyWhatCanFailIsMadeTo) {
-  Tv tv;
-  const std::vector<std::string> wrong[] = {{"fail", "no_such_call"},
-                                            {"fail", "ui_app_exit"},
-                                            {"fail", "vconf_get_int", "nonsense"},
-                                            {"fail", "vconf_get_int", "--times", "0"}};
-  for (const auto& words : wrong) {
-    const test::Outcome outcome = TvCommand(tv, words);
-    EXPECT_NE(outcome.status, 0) << words.back();
-    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
-    EXPECT_NE(outcome.errors.find(words.back() == "0" ? "--times" : words.back()), std::string::npos) << outcome.errors;
-  }
-  EXPECT_EQ(Read(kKey), 0);
 }
 
 TEST(Gate, OwnFaultsFailEveryOperationAsItSays) {
@@ -87,18 +63,14 @@ TEST(Gate, JournalsWhatWasAskedInOrder) {
   Read("no/such/key");
   vconf_set_str(kText, "small");
   free(vconf_get_str(kText));
-  const char* expected[][3] = {{"vconf_set_int", "db/menu/refresh_menu, 4", "0"},
-                               {"vconf_get_int", "db/menu/refresh_menu", "0"},
-                               {"vconf_get_int", "no/such/key", "-1"},
-                               {"vconf_set_str", "db/uifw/uisize, small", "0"},
-                               {"vconf_get_str", "db/uifw/uisize", "ok"}};
-  const std::vector<test::Call> calls = tv.Journal();
-  ASSERT_EQ(calls.size(), std::size(expected));
-  for (size_t i = 0; i < calls.size(); ++i) {
-    EXPECT_EQ(calls[i].operation, expected[i][0]);
-    EXPECT_EQ(calls[i].arguments, expected[i][1]);
-    EXPECT_EQ(calls[i].result, expected[i][2]);
+  test::Texts calls;
+  for (const auto& [operation, arguments, result] : tv.Journal()) {
+    calls.push_back(operation + "(" + arguments + ") = " + result);
   }
+  const test::Texts expected = {"vconf_set_int(db/menu/refresh_menu, 4) = 0", "vconf_get_int(db/menu/refresh_menu) = 0",
+                                "vconf_get_int(no/such/key) = -1", "vconf_set_str(db/uifw/uisize, small) = 0",
+                                "vconf_get_str(db/uifw/uisize) = ok"};
+  EXPECT_EQ(calls, expected);
   for (int i = 0; i < 600; ++i) Read(kKey);
   EXPECT_EQ(tv.Journal().size(), 605U) << "none is lost when many are pending";
 }
@@ -132,54 +104,28 @@ TEST(Settings, MemoryKeysComeUpAnewWithTheSet) {
   EXPECT_EQ(vconf_set_int(shown, 1), 0);
   EXPECT_EQ(vconf_set_int("memory/test/new", 1), 0);
   EXPECT_EQ(vconf_set_int(kKey, 5), 0);
-  desktop::Store::Open(tv.Path());
+  Store::Open(tv.Path());
   EXPECT_EQ(Read(shown), 1) << "the set was not switched off";
-  desktop::Store::Get().Write([] { desktop::Query("UPDATE meta SET value = 'before' WHERE key = 'boot'").Run(); });
-  desktop::Store::Open(tv.Path());
+  test::Change("UPDATE meta SET value = 'before' WHERE key = 'boot'");
+  Store::Open(tv.Path());
   EXPECT_EQ(Read(shown), 0);
   EXPECT_EQ(Read("memory/test/new"), -1);
   EXPECT_EQ(Read(kKey), 5);
 }
 
-// --- files that are no TV, or cannot be written --------------------------------------------------
-
-TEST(Store, SaysWhatIsWrongWithAFile) {
-  const test::TemporaryDirectory directory;
-  const std::string text = directory / "text.db", empty = directory / "empty.db", other = directory / "other.db";
-  std::ofstream(text) << std::string(5000, 'x');
-  std::ofstream(empty).flush();
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(other.c_str(), &db), SQLITE_OK);
-  sqlite3_exec(db, "CREATE TABLE setting (key)", nullptr, nullptr, nullptr);
-  sqlite3_close(db);
-  const std::string missing = directory / "missing.db";
-  const auto open = [](const std::string& path) { return MessageOf([&] { desktop::Store::Open(path); }); };
-  for (const std::string& path : {text, empty, other}) EXPECT_EQ(open(path), path + ": not a TV");
-  EXPECT_EQ(open(missing), missing + ": No such file or directory");
-  EXPECT_FALSE(std::filesystem::exists(missing)) << "a look makes no TV";
-
-  Tv tv;
-  desktop::Store::Get().Execute("PRAGMA user_version = 99");
-  EXPECT_EQ(open(tv.Path()), tv.Path() +
-                                 ": made by a newer quirelle (schema 99, this one knows 2); to replace it by a new "
-                                 "TV: quirelle-tv new PROFILE --tv '" +
-                                 tv.Path() + "' --force");
-  EXPECT_FALSE(desktop::Store::IsOpen());
-}
+// --- a file that cannot be written ---------------------------------------------------------------
 
 TEST(Store, ALockedTVFailsTheCallAndChangesNothing) {
   Tv tv;
   vconf_set_int(kKey, 1);
-  sqlite3_busy_timeout(desktop::Store::Get().Handle(), 20);
+  sqlite3_busy_timeout(Store::Get().Handle(), 20);
   sqlite3* other = nullptr;
   ASSERT_EQ(sqlite3_open(tv.Path().c_str(), &other), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE; UPDATE setting SET value = 9 WHERE key = 'db/menu/refresh_menu'",
-                         nullptr, nullptr, nullptr),
-            SQLITE_OK);
+  const char* write = "BEGIN EXCLUSIVE; UPDATE setting SET value = 9 WHERE key = 'db/menu/refresh_menu'";
+  ASSERT_EQ(sqlite3_exec(other, write, nullptr, nullptr, nullptr), SQLITE_OK);
   EXPECT_EQ(vconf_set_int(kKey, 2), -1);
   EXPECT_TRUE(test::Logged("vconf_set_int: " + tv.Path() + ": locked by another program"));
   EXPECT_EQ(Read(kKey), 1) << "what another is writing is not seen before it is written";
-  sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
   sqlite3_close(other);
   EXPECT_EQ(vconf_set_int(kKey, 3), 0);
   EXPECT_EQ(Read(kKey), 3);
@@ -190,27 +136,23 @@ TEST(Store, AFullDiskFailsTheCallAndTearsNothing) {
   Tv tv;
   vconf_set_str(kText, "small");
   desktop::Gate::Flush();
-  desktop::Store::Get().Execute("PRAGMA max_page_count = 1");
+  Store::Get().Execute("PRAGMA max_page_count = 1");
   EXPECT_EQ(vconf_set_str(kText, std::string(300000, 'x').c_str()), -1);
   EXPECT_EQ(tv.Get(kText), "small");
-  desktop::Store::Get().Execute("PRAGMA max_page_count = 100000");
+  Store::Get().Execute("PRAGMA max_page_count = 100000");
   EXPECT_EQ(vconf_set_str(kText, "exSmall"), 0);
-  desktop::Store::Open(tv.Path());
+  Store::Open(tv.Path());
   EXPECT_EQ(tv.Get(kText), "exSmall");
-  desktop::Query check("PRAGMA integrity_check");
-  ASSERT_TRUE(check.Row());
-  EXPECT_EQ(check.Text(0), "ok");
+  EXPECT_EQ(test::Ask("PRAGMA integrity_check"), "ok");
 }
 
 TEST(Store, ATransactionIsAllOrNothing) {
   Tv tv;
-  EXPECT_EQ(MessageOf([] {
-              desktop::Store::Get().Write([] {
-                desktop::Query("UPDATE setting SET value = 8 WHERE key = 'db/menu/refresh_menu'").Run();
-                desktop::Store::Get().Write([] { throw std::runtime_error("inside"); });
-              });
-            }),
-            "inside");
+  const auto write = [] {
+    test::Change("UPDATE setting SET value = 8 WHERE key = 'db/menu/refresh_menu'");
+    Store::Get().Write([] { throw std::runtime_error("inside"); });
+  };
+  EXPECT_THROW(Store::Get().Write(write), std::runtime_error);
   EXPECT_EQ(Read(kKey), 0);
   EXPECT_EQ(vconf_set_int(kKey, 1), 0) << "the connection is as good as before";
 }
@@ -218,10 +160,10 @@ TEST(Store, ATransactionIsAllOrNothing) {
 TEST(Store, AQueryInsideTheSameQueryWalksOnItsOwn) {
   Tv tv;
   const char* sql = "SELECT key FROM setting WHERE key GLOB 'db/menu/broadcasting/program_rating_lock/*' ORDER BY key";
-  desktop::Query outer(sql);
+  Query outer(sql);
   int pairs = 0;
   while (outer.Row()) {
-    desktop::Query inner(sql);
+    Query inner(sql);
     while (inner.Row()) ++pairs;
   }
   EXPECT_EQ(pairs, 36);
@@ -235,11 +177,7 @@ TEST(Profiles, SayWhereTheyAreWrong) {
   const std::string program = directory / "quirelle-tv";
   std::filesystem::copy(std::filesystem::path(BUILD_DIRECTORY) / "quirelle-tv", program);
   std::filesystem::create_directory(directory / "profiles");
-  struct Case {
-    const char* text;
-    const char* message;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, std::string> cases[] = {
       {"int key 1", "bad.tv:2: stands outside a section"},
       {"[settings", "bad.tv:2: section without a closing bracket"},
       {"[nonsense]\nx", "bad.tv:3: unknown section [nonsense]"},
@@ -257,27 +195,14 @@ TEST(Profiles, SayWhereTheyAreWrong) {
       {"include bad.tv", "bad.tv:2: includes itself"},
       {"include missing.inc", "missing.inc: No such file or directory"},
   };
-  for (const Case& c : cases) {
-    std::ofstream(directory / "profiles" / "bad.tv") << "# A bad one.\n" << c.text << "\n";
-    const test::Outcome outcome = Execute(program, {"--tv", (directory / "tv.db").string(), "new", "bad"});
-    EXPECT_NE(outcome.status, 0) << c.message;
-    EXPECT_TRUE(outcome.errors.ends_with(c.message + std::string("\n"))) << outcome.errors << "not " << c.message;
-    EXPECT_FALSE(std::filesystem::exists(directory / "tv.db"));
+  const std::string tv = directory / "tv.db";
+  for (const auto& [text, message] : cases) {
+    std::ofstream(directory / "profiles/bad.tv") << "# A bad one.\n" << text << "\n";
+    const test::Outcome outcome = Execute(program, {"--tv", tv, "new", "bad"});
+    EXPECT_NE(outcome.status, 0) << message;
+    EXPECT_TRUE(outcome.errors.ends_with(message + "\n")) << outcome.errors << "not " << message;
+    EXPECT_FALSE(std::filesystem::exists(tv)) << message;
   }
-  const test::Outcome unknown = Execute(program, {"--tv", (directory / "tv.db").string(), "new", "../bad"});
-  EXPECT_NE(unknown.errors.find("unknown profile '../bad' (there are: bad)"), std::string::npos) << unknown.errors;
-}
-
-TEST(Profiles, MakeATVAsAWholeAndNeverOverAnother) {
-  Tv tv;
-  vconf_set_int(kKey, 6);
-  const std::string path = tv.Path();
-  EXPECT_EQ(MessageOf([&] { desktop::MakeTv(path, {"america", 0}, false); }), path + ": is already there");
-  desktop::Store::Open(path);
-  EXPECT_EQ(Read(kKey), 6);
-  desktop::MakeTv(path, {"america", 0}, true);
-  desktop::Store::Open(path);
-  EXPECT_EQ(Read(kKey), 0);
 }
 
 }  // namespace

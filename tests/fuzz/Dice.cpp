@@ -1,5 +1,7 @@
+#include <iconv.h>
+
 #include <algorithm>
-#include <cctype>
+#include <sstream>
 
 #include "Fuzz.h"
 
@@ -8,100 +10,20 @@ namespace fuzz {
 namespace {
 
 constexpr const char* kEnds[] = {
-    "0",
-    "1",
-    "-1",
-    "-0",
-    "255",
-    "256",
-    "65534",
-    "65535",
-    "65536",
-    "47000",
-    "890000",
-    "2147483646",
-    "2147483647",
-    "2147483648",
-    "-2147483648",
-    "-2147483649",
-    "4294967295",
-    "4294967297",
-    "9223372036854775807",
-    "9223372036854775808",
-    "-9223372036854775808",
-    "18446744073709551615",
-    "99999999999999999999999",
+    "0", "1", "-1", "-0", "255", "256", "65534", "65535", "65536", "47000", "890000", "2147483646", "2147483647",
+    "2147483648", "-2147483648", "-2147483649", "4294967295", "4294967297", "9223372036854775807",
+    "9223372036854775808", "-9223372036854775808", "18446744073709551615", "99999999999999999999999",
     // The last seconds of years that are the last that fit.
-    "253402300799",
-    "67767976233532799",
-    "67768036191676799",
-    "67768036191676800",
-    "-67768040609740800",
-    "1e9",
-    "1e400",
-    "0x10",
-    "nan",
-    "-nan",
-    "inf",
-    "1.5",
-    ".5",
-    "1,5",
-    "+7",
-    "007",
-    "٧",
-};
+    "253402300799", "67767976233532799", "67768036191676799", "67768036191676800", "-67768040609740800", "1e9", "1e400",
+    "0x10", "nan", "-nan", "inf", "1.5", ".5", "1,5", "+7", "007", "٧"};
 
 constexpr const char* kOdd[] = {
-    "\xC3",
-    "\xC0\x80",
-    "\xE0\x80\xAF",
-    "\xE2\x82",
-    "\xED\xA0\x80",
-    "\xF4\x90\x80\x80",
-    "\xF0\x9F\x93\xBA",
-    "\xFF\xFE",
-    "\x80\x80",
-    "\xEF\xBF\xBF",
-    "\xF8\x88\x80\x80",
-    "é",
-    "닫기",
-    "قناة",
-    "\u200e",
-    "\u202e",
-    "<b>",
-    "</b",
-    "&amp;",
-    "&#x200e;",
-    "&",
-    "<<A>>",
-    "<<A>",
-    "<br/>",
-    "%s%n",
-    "'",
-    "\"",
-    "\\",
-    "\n",
-    "\r\n",
-    "\t",
-    " ",
-    ":",
-    "::",
-    "/",
-    "-",
-    "--",
-    "=",
-    ".",
-    "..",
-    "[",
-    "]",
-    "#",
-    ";",
-    "\x1b[31m",
-    "\x7f",
-    "\x01",
-    "{}",
-    "----",
-};
+    // Broken and rare characters.
+    "\xC3", "\xC0\x80", "\xE0\x80\xAF", "\xE2\x82", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF0\x9F\x93\xBA", "\xFF\xFE",
+    "\x80\x80", "\xEF\xBF\xBF", "\xF8\x88\x80\x80", "é", "닫기", "قناة", "\u200e", "\u202e",
+    // What means something to a text, a format, a command line or a file.
+    "<b>", "</b", "&amp;", "&#x200e;", "&", "<<A>>", "<<A>", "<br/>", "%s%n", "'", "\"", "\\", "\n", "\r\n", "\t", " ",
+    ":", "::", "/", "-", "--", "=", ".", "..", "[", "]", "#", ";", "\x1b[31m", "\x7f", "\x01", "{}", "----"};
 
 }  // namespace
 
@@ -145,9 +67,9 @@ void Dice::Mutate(std::string& text) {
       break;
     case 8:
     case 9: {
-      const auto digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
-      const auto first = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), digit);
-      text.replace(first, std::find_if_not(first, text.end(), digit), Number());
+      constexpr const char* kDigits = "0123456789";
+      const size_t first = std::min(text.find_first_of(kDigits, from), text.size());
+      text.replace(first, text.find_first_not_of(kDigits, first) - first, Number());
       break;
     }
     case 10:
@@ -170,37 +92,39 @@ std::string Dice::Mutated(std::string text) {
   return text;
 }
 
-bool IsUtf8(std::string_view text) {
-  for (size_t at = 0; at < text.size();) {
-    const auto byte = [&](size_t i) { return static_cast<unsigned char>(at + i < text.size() ? text[at + i] : 0); };
-    const unsigned char first = byte(0);
-    const size_t length = first < 0x80                    ? 1
-                          : first >= 0xC2 && first < 0xE0 ? 2
-                          : first >= 0xE0 && first < 0xF0 ? 3
-                          : first >= 0xF0 && first < 0xF5 ? 4
-                                                          : 0;
-    if (length == 0) return false;
-    for (size_t i = 1; i < length; ++i) {
-      if ((byte(i) & 0xC0) != 0x80) return false;
+std::function<std::string(Dice&)> Some(const Texts& words, unsigned int most, const std::string& between) {
+  return [=](Dice& dice) {
+    std::string text;
+    for (unsigned int i = dice.Below(most) + 1; i > 0; --i) {
+      const std::string& word = dice.Any(words);
+      text += (text.empty() ? "" : between) + (dice.Chance(100 / most) ? dice.Mutated(word) : word);
     }
-    const bool overlong = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xF0 && byte(1) < 0x90);
-    const bool beyond = (first == 0xED && byte(1) > 0x9F) || (first == 0xF4 && byte(1) > 0x8F);
-    if (overlong || beyond) return false;
-    at += length;
-  }
-  return true;
+    return text;
+  };
 }
 
-Texts Lines(const std::string& text) {
-  Texts lines(1);
-  for (const char byte : text) {
-    if (byte == '\n') {
-      lines.emplace_back();
-    } else {
-      lines.back() += byte;
-    }
-  }
+std::optional<std::u16string> Utf16(std::string_view text) {
+  static const iconv_t decoder = iconv_open("UTF-16LE", "UTF-8");
+  std::u16string units(text.size(), u' ');
+  char *from = const_cast<char*>(text.data()), *to = reinterpret_cast<char*>(units.data());
+  size_t left = text.size(), room = units.size() * sizeof(char16_t);
+  const bool whole = iconv(decoder, &from, &left, &to, &room) != static_cast<size_t>(-1);
+  iconv(decoder, nullptr, nullptr, nullptr, nullptr);
+  units.resize(units.size() - room / sizeof(char16_t));
+  return whole ? std::optional(units) : std::nullopt;
+}
+
+Texts Lines(const std::string& text, size_t least) {
+  Texts lines;
+  std::istringstream stream(text + "\n");
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  lines.resize(std::max(lines.size(), least));
   return lines;
+}
+
+std::pair<std::string, std::string> Halves(const std::string& text) {
+  const size_t end = std::min(text.find('\n'), text.size());
+  return {text.substr(0, end), text.substr(std::min(end + 1, text.size()))};
 }
 
 }  // namespace fuzz

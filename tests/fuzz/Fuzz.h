@@ -1,10 +1,14 @@
 // Texts that nobody would write, and what reads them.
 #pragma once
 
+#include <cstdio>
+#include <functional>
+#include <optional>
 #include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace fuzz {
@@ -50,20 +54,31 @@ struct Reader {
   const char* name;
   /// Of the runs that were asked for it makes one in so many: it needs the TV's file or a folder for each.
   unsigned int every;
-  /// Whether what it writes into the TV is taken back now and then.
-  bool writes;
-  std::string (*make)(Dice& dice);
+  std::function<std::string(Dice&)> make;
   /// Whether the text could be read. Throws Wrong.
   bool (*read)(const std::string& input);
 };
 
-const std::vector<Reader>& ProgramReaders();
-const std::vector<Reader>& DesktopReaders();
+std::vector<Reader> ProgramReaders();
+std::vector<Reader> DesktopReaders();
 
-/// Whether these are whole characters only.
-bool IsUtf8(std::string_view text);
-/// At least one, without the line feeds.
-Texts Lines(const std::string& text);
+/// Makes some of the words, at most so many, each as it is or mutated; a single one always mutated.
+std::function<std::string(Dice&)> Some(const Texts& words, unsigned int most = 1, const std::string& between = "");
+
+/// Nothing when these are not whole characters only.
+std::optional<std::u16string> Utf16(std::string_view text);
+inline bool IsUtf8(std::string_view text) { return Utf16(text).has_value(); }
+/// At least so many, without the line feeds.
+Texts Lines(const std::string& text, size_t least = 1);
+/// The first line, and all that comes after it.
+std::pair<std::string, std::string> Halves(const std::string& text);
+
+template <class... Values>
+std::string Format(const char* format, Values... values) {
+  char text[128];
+  snprintf(text, sizeof text, format, values...);
+  return text;
+}
 
 /// Whether a line of the program's log since the last `ForgetLog` holds the text.
 bool Logged(std::string_view text);

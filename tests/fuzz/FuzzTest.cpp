@@ -1,14 +1,12 @@
 // Texts that nobody would write, for everything that reads texts. QUIRELLE_FUZZ="SEED RUNS [READER]"
 // (--fuzz SEED RUNS) says which and how many.
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstring>
+#include <csignal>
 #include <sstream>
 
-#include "DeviceManager.h"
 #include "Fuzz.h"
 #include "Harness.h"
 #include "LogOutput.h"
@@ -18,7 +16,6 @@
 #include <sanitizer/common_interface_defs.h>
 #endif
 
-using desktop::Query;
 using desktop::Store;
 using test::Tv;
 
@@ -28,7 +25,7 @@ namespace {
 
 constexpr unsigned int kSeed = 1;
 constexpr long kRuns = 4000;
-/// Runs between two looks at what has been written into the TV.
+/// Runs until what was written into the TV is taken back.
 constexpr long kBatch = 2048;
 constexpr size_t kMostLog = 1 << 16;
 
@@ -45,72 +42,34 @@ void TakeLine(int, const char* line) {
 const char* g_reader = "";
 const std::string* g_input = nullptr;
 
-/// As a text of a program: what cannot be seen in octal.
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char byte : text) {
-    char octal[8];
-    const auto code = static_cast<unsigned char>(byte);
-    snprintf(octal, sizeof octal,
-             code < 32 || code > 126       ? "\\%03o"
-             : byte == '"' || byte == '\\' ? "\\%c"
-                                           : "%c",
-             code);
-    escaped += octal;
-  }
-  return escaped;
-}
-
 std::string Story() {
-  return std::string("reader '") + g_reader + "' of \"" + (g_input ? Escaped(*g_input) : "") + "\"\n";
+  return std::string("reader '") + g_reader + "' of " + (g_input ? testing::PrintToString(*g_input) : "") + "\n";
 }
 
 void TellStory() {
+  if (!g_input) return;
   const std::string story = "\nfuzz: " + Story();
   static_cast<void>(!write(STDERR_FILENO, story.data(), story.size()));
 }
 
-#if !defined(__SANITIZE_ADDRESS__)
+#if defined(__SANITIZE_ADDRESS__)
+void TellWhenItFalls(bool tell) { __sanitizer_set_death_callback(tell ? TellStory : nullptr); }
+#else
 void Fell(int signal) {
-  struct sigaction action {};
-  action.sa_handler = SIG_DFL;
-  sigaction(signal, &action, nullptr);
+  std::signal(signal, SIG_DFL);
   TellStory();
-  raise(signal);
+  std::raise(signal);
+}
+
+void TellWhenItFalls(bool tell) {
+  for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) std::signal(signal, tell ? Fell : SIG_DFL);
 }
 #endif
-
-class Watchdog {
- public:
-  Watchdog() {
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_set_death_callback([] {
-      if (g_input) TellStory();
-    });
-#else
-    for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) {
-      struct sigaction action {
-      }, old{};
-      action.sa_handler = Fell;
-      sigaction(signal, &action, &old);
-      m_old.emplace_back(signal, old);
-    }
-#endif
-  }
-  ~Watchdog() {
-    for (const auto& [signal, action] : m_old) sigaction(signal, &action, nullptr);
-    g_input = nullptr;
-  }
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
-
- private:
-  std::vector<std::pair<int, struct sigaction>> m_old;
-};
 
 // --- the runs ------------------------------------------------------------------------------------
 
 bool ReadOne(const Reader& reader, const std::string& input, const std::string& when) {
+  ForgetLog();
   g_reader = reader.name;
   g_input = &input;
   bool read = false;
@@ -139,39 +98,37 @@ void TakingBack(const std::function<void()>& body) {
 long ReadMany(const Reader& reader, unsigned int seed, long runs) {
   Dice dice(seed);
   long unreadable = 0;
-  for (long run = 0; run < runs && !testing::Test::HasFailure();) {
-    const auto batch = [&] {
-      for (const long end = std::min(runs, run + kBatch); run < end && !testing::Test::HasFailure(); ++run) {
-        const std::string when = "seed " + std::to_string(seed) + ", run " + std::to_string(run) + ", ";
-        ForgetLog();
-        unreadable += ReadOne(reader, reader.make(dice), when) ? 0 : 1;
-      }
-    };
-    if (reader.writes) {
-      TakingBack(batch);
-    } else {
-      batch();
+  long run = 0;
+  const auto batch = [&] {
+    for (const long end = std::min(runs, run + kBatch); run < end && !testing::Test::HasFailure(); ++run) {
+      const std::string when = "seed " + std::to_string(seed) + ", run " + std::to_string(run) + ", ";
+      unreadable += ReadOne(reader, reader.make(dice), when) ? 0 : 1;
     }
-  }
+  };
+  while (run < runs && !testing::Test::HasFailure()) TakingBack(batch);
   return unreadable;
 }
 
 std::vector<Reader> AllReaders() {
   std::vector<Reader> readers = ProgramReaders();
-  readers.insert(readers.end(), DesktopReaders().begin(), DesktopReaders().end());
+  for (Reader& reader : DesktopReaders()) readers.push_back(std::move(reader));
   return readers;
 }
 
-/// The tests' own watcher keeps every line for ever.
-class ShortLog {
- public:
-  ShortLog() { desktop::WatchLog(TakeLine); }
-  ~ShortLog() { desktop::WatchLog(nullptr); }
-  ShortLog(const ShortLog&) = delete;
-  ShortLog& operator=(const ShortLog&) = delete;
+class Fuzz : public testing::Test {
+ protected:
+  Fuzz() {
+    // The tests' own watcher keeps every line for ever.
+    desktop::WatchLog(TakeLine);
+    TellWhenItFalls(true);
+  }
+  ~Fuzz() override { TellWhenItFalls(false); }
+
+ private:
+  Tv m_tv{"europe", 40};
 };
 
-TEST(Fuzz, EveryReaderLivesWithAnyText) {
+TEST_F(Fuzz, EveryReaderLivesWithAnyText) {
   unsigned int seed = kSeed;
   long runs = kRuns;
   std::string only;
@@ -180,9 +137,6 @@ TEST(Fuzz, EveryReaderLivesWithAnyText) {
     ASSERT_TRUE(words >> seed >> runs) << wanted << ": wants a seed and a number of runs";
     std::getline(words >> std::ws, only);
   }
-  Tv tv("europe", 40);
-  const ShortLog log;
-  const Watchdog watchdog;
   std::string unreadable;
   size_t readers = 0;
   for (const Reader& reader : AllReaders()) {
@@ -191,10 +145,8 @@ TEST(Fuzz, EveryReaderLivesWithAnyText) {
     const long times = std::max(1L, runs / reader.every);
     const long count = ReadMany(reader, seed, times);
     EXPECT_LT(count, times) << reader.name << ": nothing could be read at all";
-    unreadable += (unreadable.empty() ? "" : ", ") + std::string(reader.name) + " " + std::to_string(count) + " of " +
-                  std::to_string(times);
+    unreadable += Format("%s%s %ld of %ld", unreadable.empty() ? "" : ", ", reader.name, count, times);
   }
-  CDeviceManager::ReleaseInstance();
   std::printf("fuzz: seed %u, %ld runs per reader, %zu readers; unreadable: %s\n", seed, runs, readers,
               unreadable.c_str());
 }
@@ -202,57 +154,45 @@ TEST(Fuzz, EveryReaderLivesWithAnyText) {
 // --- texts that brought a reader down -------------------------------------------------------------
 
 struct Known {
-  const char* reader;
-  std::string input;
+  std::string reader, input;
   bool readable;
 };
 
-std::string Times(size_t count, const std::string& text) {
-  std::string repeated;
-  for (size_t i = 0; i < count; ++i) repeated += text;
-  return repeated;
+std::string ManyUmlauts() {
+  std::string text;
+  for (int i = 0; i < 300; ++i) text += "ü";
+  return text;
 }
 
-const std::vector<Known>& KnownTexts() {
-  static const std::vector<Known> known = {
-      // The last second whose year an int holds, and the one after it.
-      {"notes of weak signal", "whole day\n67767976233532799:7:1\n67767976233532800:7:1", true},
-      {"numbers", "4294978000 MHz", true},
-      {"frequencies and bandwidths", "2147483647\n7 MHz", true},
-      {"frequencies and bandwidths", "-2147483648\n4295567296", false},
-      {"filled texts", "<<A>>\nx" + Times(300, "ü"), true},
-      {"items", "user-defined-transponder-frequency\n99999999999", true},
-      {"positions", "S-nanE", false},
-      {"positions", "S-1e1E", false},
-      {"names on air", "\xE0\x80\x80", false},
-      {"names on air", "\xF0\x89\x93\xBA", false},
-      {"scan tables", "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBT\n\tFREQUENCY = 91\n\tBANDWIDTH_HZ = 8000000\n", false},
-      {"profiles", "[menu]\nitem hdmi-delay-level SID_DELAY 0:SID_LOW\nitem hdmi-delay-level SID_DELAY 0:SID_LOW",
-       true},
-      {"profiles", "[tv]\nletters \xFF\xFF\xFF", false},
-      {"profiles", "[settings]\nint system_info/284 99999999999", false},
-      {"settings", "int\n8 9 4", false},
-      {"settings", "int\n4294967297", false},
-      {"settings", "ints\n8 x 4", false},
-  };
-  return known;
-}
+const Known kKnown[] = {
+    // The last second whose year an int holds, and the one after it.
+    {"notes of weak signal", "3\n67767976233532799:7:1\n67767976233532800:7:1", true},
+    {"numbers", "4294978000 MHz", true},
+    {"frequencies and bandwidths", "2147483647\n7 MHz", true},
+    {"frequencies and bandwidths", "-2147483648\n4295567296", false},
+    {"filled texts", "<<A>>\nx" + ManyUmlauts(), true},
+    {"items", "user-defined-transponder-frequency\n99999999999", true},
+    {"positions", "S-nanE", false},
+    {"positions", "S-1e1E", false},
+    {"names on air", "\xE0\x80\x80", false},
+    {"names on air", "\xF0\x89\x93\xBA", false},
+    {"scan tables", "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBT\n\tFREQUENCY = 91\n\tBANDWIDTH_HZ = 8000000\n", false},
+    {"profiles", "[menu]\nitem hdmi-delay-level SID_DELAY 0:SID_LOW\nitem hdmi-delay-level SID_DELAY 0:SID_LOW", true},
+    {"profiles", "[tv]\nletters \xFF\xFF\xFF", false},
+    {"profiles", "[settings]\nint system_info/284 99999999999", false},
+    {"settings", "int\n8 9 4", false},
+    {"settings", "int\n4294967297", false},
+    {"settings", "ints\n8 x 4", false},
+};
 
-TEST(Fuzz, TextsThatOnceBroughtAReaderDown) {
-  Tv tv("europe", 40);
-  const ShortLog log;
-  const Watchdog watchdog;
+TEST_F(Fuzz, TextsThatOnceBroughtAReaderDown) {
   const std::vector<Reader> readers = AllReaders();
-  for (const Known& known : KnownTexts()) {
-    const auto reader = std::find_if(readers.begin(), readers.end(),
-                                     [&](const Reader& r) { return std::strcmp(r.name, known.reader) == 0; });
-    ASSERT_NE(reader, readers.end()) << known.reader;
-    TakingBack([&] {
-      ForgetLog();
-      EXPECT_EQ(ReadOne(*reader, known.input, ""), known.readable) << known.reader << " of " << Escaped(known.input);
-    });
+  for (const auto& [name, input, readable] : kKnown) {
+    SCOPED_TRACE(name + " of " + testing::PrintToString(input));
+    const auto reader = std::find_if(readers.begin(), readers.end(), [&](const Reader& r) { return name == r.name; });
+    ASSERT_NE(reader, readers.end());
+    TakingBack([&] { EXPECT_EQ(ReadOne(*reader, input, ""), readable); });
   }
-  CDeviceManager::ReleaseInstance();
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
 // What the program itself reads: notes of weak signal, numbers and names of the TV, sticks.
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <climits>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <set>
+#include <sstream>
 
 #include "CacheManager.h"
 #include "ChannelUtil.h"
@@ -17,8 +15,8 @@
 #include "DeviceManager.h"
 #include "FineTuneUtil.h"
 #include "Fuzz.h"
+#include "Harness.h"
 #include "SignalHistory.h"
-#include "Store.h"
 #include "TextUtil.h"
 #include "TvsShared.h"
 #include "TvsUtil.h"
@@ -28,8 +26,7 @@
 #include "string_util.h"
 #include "tvs/State.h"
 
-using desktop::Query;
-using desktop::Store;
+using test::Change;
 
 /// The window adds a row to its sorted ones where nobody else can ask it to.
 void AddSorted(CViewWeakSignalHistoryWindow& window, std::vector<DataInfo>& rows, DataInfo row);
@@ -47,64 +44,37 @@ namespace {
 
 constexpr size_t kText = 512;
 
-void Update(const std::string& sql, const std::string& value, const std::string& key) {
-  Store::Get().Write([&] { Query(sql, value, key).Run(); }, false);
-}
-
 // --- the notes of weak signal --------------------------------------------------------------------
 
 using History = test::SignalHistory;
 
-struct Clock {
-  const char* name;
-  int hours, type;
-  const char* language;
-};
-constexpr Clock kClocks[] = {{"whole day", 24, History::STAMP_24_HOURS, "en_US.utf8"},
-                             {"word last", 12, History::STAMP_WORD_LAST, "de_DE.utf8"},
-                             {"word first", 12, History::STAMP_WORD_FIRST, "ko_KR.utf8"}};
 const std::string kNoTime = "----/--/--         --:--";
 
-const Clock& ClockOf(const std::string& name) {
-  for (const Clock& clock : kClocks) {
-    if (name == clock.name) return clock;
-  }
-  return kClocks[0];
-}
-
-void SetClock(const Clock& clock) {
-  if (desktop::TvState("fuzz_clock", -1) == clock.type) return;
-  Store::Get().Write(
-      [&] {
-        desktop::SetTvState("fuzz_clock", clock.type);
-        desktop::SetTvState("clock_hours", clock.hours);
-      },
-      false);
-  Update("UPDATE setting SET value = ? WHERE key = ?", clock.language, "db/menu_widget/language");
+/// As it is where the stamps are of this type.
+void SetClock(int type) {
+  if (desktop::TvState("fuzz_clock", -1) == type) return;
+  desktop::SetTvState("fuzz_clock", type);
+  desktop::SetTvState("clock_hours", type == History::STAMP_24_HOURS ? 24 : 12);
+  constexpr const char* kLanguages[] = {"", "ko_KR.utf8", "de_DE.utf8", "en_US.utf8"};
+  Change("UPDATE setting SET value = ? WHERE key = 'db/menu_widget/language'", kLanguages[type]);
 }
 
 std::string Stamp(const std::string& date, int hour, int minute, const std::string& word, int type) {
-  char text[128];
-  if (type == History::STAMP_24_HOURS) {
-    snprintf(text, sizeof text, "%s         %02d:%02d", date.c_str(), hour, minute);
-  } else if (type == History::STAMP_WORD_LAST) {
-    snprintf(text, sizeof text, "%s         %02d:%02d %s", date.c_str(), hour, minute, word.c_str());
-  } else {
-    snprintf(text, sizeof text, "%s         %s %02d:%02d", date.c_str(), word.c_str(), hour, minute);
-  }
-  return text;
+  const std::string time = Format("%02d:%02d", hour, minute);
+  return date + "         " + (type == History::STAMP_WORD_FIRST ? word + " " : "") + time +
+         (type == History::STAMP_WORD_LAST ? " " + word : "");
 }
 
 /// When a stamp says that it was; empty for one that is not written as stamps are.
 std::string TimeOf(const std::string& stamp, int type) {
-  char date[16] = "", word[64] = "";
-  int hour = 0, minute = 0;
-  if (type == History::STAMP_WORD_FIRST) {
-    sscanf(stamp.c_str(), "%10[0-9/] %63s %2d:%2d", date, word, &hour, &minute);
-  } else {
-    sscanf(stamp.c_str(), "%10[0-9/] %2d:%2d %63s", date, &hour, &minute, word);
-  }
-  const bool day = std::strlen(date) == 10 && date[4] == '/' && date[7] == '/';
+  std::istringstream words(stamp);
+  std::string date, time, word;
+  const bool wordFirst = type == History::STAMP_WORD_FIRST;
+  words >> date >> (wordFirst ? word : time) >> (wordFirst ? time : word);
+  int hour = -1, minute = -1;
+  sscanf(time.c_str(), "%2d:%2d", &hour, &minute);
+  const bool day =
+      date.size() == 10 && date[4] == '/' && date[7] == '/' && date.find_first_not_of("0123456789/") == date.npos;
   if (!day || hour < 0 || minute < 0 || stamp != Stamp(date, hour, minute, word, type)) return "";
   if (type != History::STAMP_24_HOURS) {
     const bool morning = word == Utils::GetTranslationStr("SID_AM_ABBR_4");
@@ -115,7 +85,7 @@ std::string TimeOf(const std::string& stamp, int type) {
 }
 
 /// A row as the window makes it of a note; false when there is nothing in the note.
-bool ReadNote(const std::string& note, const Clock& clock, DataInfo& row) {
+bool ReadNote(const std::string& note, int type, DataInfo& row) {
   Buffer<kText> date, time, other;
   ForgetLog();
   const int result = ChannelUtil::GetHistoryItemInfo(note, date.text, time.text, other.text);
@@ -132,16 +102,16 @@ bool ReadNote(const std::string& note, const Clock& clock, DataInfo& row) {
   Want(dated && !date.Checked().empty(), "a date is digits");
   Want(date.Checked()[0] != '-' || stamp == kNoTime || note.find('-') != note.npos, "no year before the first");
   const bool fourDigits = date.Checked().size() == 10 && date.Checked().find('-') == std::string_view::npos;
-  Want(!fourDigits || !TimeOf(stamp, clock.type).empty(), "a stamp is a date and a time of day");
+  Want(!fourDigits || !TimeOf(stamp, type).empty(), "a stamp is a date and a time of day");
   row = {stamp, std::string(other.Checked()), "", "", ""};
   return true;
 }
 
 std::string MakeNotes(Dice& dice) {
   // The clock stays for a while: to set it takes longer than to read a note.
-  static const Clock* clock = &kClocks[0];
-  if (dice.Chance(1)) clock = &dice.Any(kClocks);
-  std::string text = clock->name;
+  static unsigned int clock = History::STAMP_24_HOURS;
+  if (dice.Chance(1)) clock = 1 + dice.Below(3);
+  std::string text = std::to_string(clock);
   for (unsigned int i = dice.Chance(70) ? 1 : dice.Below(4) + 1; i > 0; --i) {
     std::string note = std::to_string(1'500'000'000 + dice.Below(400'000'000)) + ":" +
                        std::to_string(dice.Below(1000)) + ":65535:2:0:" + (dice.Chance(50) ? "0" : "1");
@@ -154,14 +124,14 @@ std::string MakeNotes(Dice& dice) {
 
 bool ReadNotes(const std::string& input) {
   const Texts notes = Lines(input);
-  const Clock& clock = ClockOf(notes[0]);
-  SetClock(clock);
+  const int type = NumberAtStart(notes[0].c_str());
+  SetClock(type);
   static History window;
   std::vector<DataInfo> rows;
   std::multiset<std::string> read;
   for (size_t i = 1; i < notes.size(); ++i) {
     DataInfo row;
-    if (!ReadNote(notes[i], clock, row)) continue;
+    if (!ReadNote(notes[i], type, row)) continue;
     read.insert(row.displayName + "|" + row.value);
     AddSorted(window, rows, row);
   }
@@ -172,7 +142,7 @@ bool ReadNotes(const std::string& input) {
     listed.insert(row.displayName + "|" + row.value);
     timesOver = timesOver || row.displayName == kNoTime;
     Want(timesOver == (row.displayName == kNoTime), "notes without a time come last");
-    const std::string time = TimeOf(row.displayName, clock.type);
+    const std::string time = TimeOf(row.displayName, type);
     Want(time <= last, "the newest note comes first");
     if (!time.empty()) last = time;
   }
@@ -180,27 +150,24 @@ bool ReadNotes(const std::string& input) {
   return read.size() + 1 == notes.size();
 }
 
-std::string StampAt(int minutes, int type) {
-  const int day = minutes / 1440, hour = minutes / 60 % 24, half = (hour + 11) % 12 + 1;
+std::string MakeStamp(Dice& dice, int type) {
+  const int hour = static_cast<int>(dice.Below(24)), minute = static_cast<int>(dice.Below(60));
+  const std::string date = "2025/03/0" + std::to_string(1 + dice.Below(3));
   const std::string word = Utils::GetTranslationStr(hour < 12 ? "SID_AM_ABBR_4" : "SID_PM_ABBR_4");
-  const std::string date = "2025/03/0" + std::to_string(day + 1);
-  return Stamp(date, type == History::STAMP_24_HOURS ? hour : half, minutes % 60, word, type);
+  return Stamp(date, type == History::STAMP_24_HOURS ? hour : (hour + 11) % 12 + 1, minute, word, type);
 }
 
 std::string MakeStamps(Dice& dice) {
-  const int type = 1 + static_cast<int>(dice.Below(3)), first = static_cast<int>(dice.Below(3 * 1440));
-  const int second = dice.Chance(10) ? first : static_cast<int>(dice.Below(3 * 1440));
-  std::string text = std::to_string(type);
-  for (const int minutes : {first, second}) {
-    const std::string stamp = StampAt(minutes, dice.Chance(10) ? 1 + static_cast<int>(dice.Below(3)) : type);
-    text += "\n" + (dice.Chance(40) ? dice.Mutated(stamp) : dice.Chance(3) ? kNoTime : stamp);
-  }
-  return text;
+  const auto anyType = [&] { return 1 + static_cast<int>(dice.Below(3)); };
+  const int type = anyType();
+  const std::string first = MakeStamp(dice, dice.Chance(10) ? anyType() : type);
+  const std::string second = dice.Chance(10) ? first : dice.Chance(3) ? kNoTime : MakeStamp(dice, type);
+  const auto maybeMutated = [&](const std::string& stamp) { return dice.Chance(40) ? dice.Mutated(stamp) : stamp; };
+  return std::to_string(type) + "\n" + maybeMutated(first) + "\n" + maybeMutated(second);
 }
 
 bool ReadStamps(const std::string& input) {
-  Texts lines = Lines(input);
-  lines.resize(3);
+  const Texts lines = Lines(input, 3);
   const int type = NumberAtStart(lines[0].c_str());
   const int order = History::Compare(type, lines[1], lines[2]), back = History::Compare(type, lines[2], lines[1]);
   const std::string first = TimeOf(lines[1], type), second = TimeOf(lines[2], type);
@@ -212,17 +179,11 @@ bool ReadStamps(const std::string& input) {
 
 // --- numbers -------------------------------------------------------------------------------------
 
-/// The same by hand.
+/// The same in another way.
 int Parsed(const std::string& text) {
-  size_t at = text.find_first_not_of(" \t\n\v\f\r");
-  if (at == text.npos) return 0;
-  const bool minus = text[at] == '-';
-  if (minus || text[at] == '+') ++at;
-  long long number = 0;
-  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
-    number = std::min<long long>(number * 10 + (text[at] - '0'), LLONG_MAX / 100);
-  }
-  return static_cast<int>(std::clamp<long long>(minus ? -number : number, INT_MIN, INT_MAX));
+  int number = 0;
+  std::istringstream(text) >> number;
+  return number;
 }
 
 std::string MakeNumber(Dice& dice) {
@@ -249,9 +210,9 @@ bool IsStep(long from, long to, long least, long most) {
 
 /// A cached number, typed over and stepped, by both of those who keep one.
 bool ReadFrequency(const std::string& input) {
-  const Texts lines = Lines(input);
+  const Texts lines = Lines(input, 2);
   const int stored = NumberAtStart(lines[0].c_str());
-  const std::string text = lines.size() > 1 ? lines[1] : "";
+  const std::string& text = lines[1];
   const long typed = std::strtol(text.c_str(), nullptr, 10);
   const bool fits = typed >= CTvsUtil::kLowestFrequency && typed <= CTvsUtil::kHighestFrequency;
 
@@ -286,8 +247,7 @@ bool ReadFrequency(const std::string& input) {
 // --- texts ---------------------------------------------------------------------------------------
 
 std::string MakeFilled(Dice& dice) {
-  static constexpr const char* formats[] = {"<<A>> rows", "Reset <<B>>?<br/><<A>>", "<<A>><<A>>", "전체 <<A>>개",
-                                            "<<C>>|<<D>>"};
+  static const Texts formats = {"<<A>> rows", "Reset <<B>>?<br/><<A>>", "<<A>><<A>>", "전체 <<A>>개", "<<C>>|<<D>>"};
   return dice.Mutated(dice.Any(formats)) + "\n" + dice.Mutated(dice.Chance(50) ? "USB-Stick größer" : "닫기");
 }
 
@@ -306,14 +266,18 @@ bool ReadFilled(const std::string& input) {
   const Texts lines = Lines(input);
   const std::string &format = lines[0], &value = lines.back();
   const bool whole = IsUtf8(format) && IsUtf8(value);
+  const auto checked = [&](std::string_view shown) {
+    Want(!whole || IsUtf8(shown), "a text is cut between characters");
+    return shown;
+  };
   Buffer<24> small;
   Want(CStringUtil::CombinateStrings(small.text, 24, format.c_str(), value.c_str(), "b"), "fills");
-  Want(!whole || IsUtf8(small.Checked()), "a filled text is cut between characters");
-  Buffer<kText> large;
+  checked(small.Checked());
+  Buffer<kText> large, name, stored, shown;
   CStringUtil::CombinateStrings(large.text, kText, format.c_str(), value.c_str(), "b", "c", "d");
-  Want(!whole || IsUtf8(large.Checked()), "a filled text is cut between characters");
+  checked(large.Checked());
   Utils::ReplaceSingleText(small.text, format.c_str(), "<<A>>", value.c_str(), 24);
-  Want(!whole || IsUtf8(small.Checked()), "a replaced text is cut between characters");
+  checked(small.Checked());
   CheckCut<1>(value);
   CheckCut<7>(value);
   CheckCut<kText>(value);
@@ -322,11 +286,10 @@ bool ReadFilled(const std::string& input) {
   node.SetContent(ElementaryNode::kTitle, value);
   node.SetContent(ElementaryNode::kValue, value);
   node.SetContent(ElementaryNode::kChoice, format);
-  Buffer<kText> name, stored, shown;
   node.GetNodeDisplayName(name.text);
   node.GetNodeValue(stored.text, shown.text);
-  Want(name.Checked() == stored.Checked() && value.starts_with(name.Checked()), "a row keeps its text");
-  Want(!whole || (IsUtf8(name.Checked()) && IsUtf8(shown.Checked())), "a row's text is cut between characters");
+  Want(checked(name.Checked()) == stored.Checked() && value.starts_with(name.Checked()), "a row keeps its text");
+  checked(shown.Checked());
   const int digit = Utils::GetNumberFromKey(value.c_str());
   Want(digit >= -1 && digit <= 9, "a key is a digit or none");
   return whole;
@@ -339,15 +302,14 @@ constexpr const char* kItems[] = {"user-defined-transponder-frequency", "user-de
                                   "signal-information-program",         "no-such-item"};
 
 std::string MakeItem(Dice& dice) {
-  return std::string(dice.Any(kItems)) + "\n" +
-         (dice.Chance(60) ? MakeNumber(dice) : dice.Mutated(dice.Chance(50) ? "Vertikal" : "수직"));
+  const std::string name = dice.Chance(50) ? "Vertikal" : "수직";
+  return dice.Any(kItems) + ("\n" + (dice.Chance(60) ? MakeNumber(dice) : dice.Mutated(name)));
 }
 
 bool ReadItem(const std::string& input) {
-  const size_t end = std::min(input.find('\n'), input.size());
-  const std::string id = input.substr(0, end), value = input.substr(std::min(end + 1, input.size()));
-  Update("UPDATE item SET value = ? WHERE id = ?", value, id);
-  Update(
+  const auto [id, value] = Halves(input);
+  Change("UPDATE item SET value = ? WHERE id = ?", value, id);
+  Change(
       "UPDATE choice SET name = ?1, value = iif(?2 = 'user-defined-transponder-polarity', ?1, value) WHERE item = ?2 "
       "AND place = 1",
       value, id);
@@ -370,29 +332,43 @@ bool ReadItem(const std::string& input) {
 
 // --- what is received ----------------------------------------------------------------------------
 
-struct Column {
-  const char* table;
-  const char* name;
-};
-constexpr Column kColumns[] = {
-    {"service", "frequency"},    {"service", "bandwidth"},       {"service", "symbol_rate"},
-    {"service", "major"},        {"service", "minor"},           {"service", "type"},
-    {"service", "name"},         {"service", "modulation"},      {"service", "fine_tune_offset"},
-    {"service", "satellite"},    {"transponder", "frequency"},   {"transponder", "label"},
-    {"transponder", "strength"}, {"transponder", "quality"},     {"transponder", "ber"},
-    {"transponder", "snr"},      {"transponder", "symbol_rate"}, {"transponder", "number"},
-    {"transponder", "standard"}, {"satellite", "position"},      {"satellite", "name"},
-    {"satellite", "low"},        {"satellite", "high"},          {"satellite", "switch"},
-    {"satellite", "slot"},       {"satellite", "user_band"},     {"picture", "antenna"},
-    {"picture", "service_mode"}, {"picture", "source"},          {"picture", "tuned_at"},
-    {"tv_state", "value"},       {"model_value", "value"},       {"satcr", "frequency"},
-    {"satcr", "slot"},
-};
+constexpr const char* kColumns[] = {"service.frequency",
+                                    "service.bandwidth",
+                                    "service.symbol_rate",
+                                    "service.major",
+                                    "service.minor",
+                                    "service.type",
+                                    "service.name",
+                                    "service.modulation",
+                                    "service.fine_tune_offset",
+                                    "service.satellite",
+                                    "transponder.frequency",
+                                    "transponder.label",
+                                    "transponder.strength",
+                                    "transponder.quality",
+                                    "transponder.ber",
+                                    "transponder.snr",
+                                    "transponder.symbol_rate",
+                                    "transponder.number",
+                                    "transponder.standard",
+                                    "satellite.position",
+                                    "satellite.name",
+                                    "satellite.low",
+                                    "satellite.high",
+                                    "satellite.switch",
+                                    "satellite.slot",
+                                    "satellite.user_band",
+                                    "picture.antenna",
+                                    "picture.service_mode",
+                                    "picture.source",
+                                    "picture.tuned_at",
+                                    "tv_state.value",
+                                    "model_value.value",
+                                    "satcr.frequency",
+                                    "satcr.slot"};
 
 std::string MakeReceived(Dice& dice) {
-  const Column& column = dice.Any(kColumns);
-  return std::string(column.table) + "\n" + column.name + "\n" +
-         (dice.Chance(70) ? dice.Number() : dice.Mutated("Astra & Söhne <HD>"));
+  return dice.Any(kColumns) + ("\n" + (dice.Chance(70) ? dice.Number() : dice.Mutated("Astra & Söhne <HD>")));
 }
 
 void CheckRows() {
@@ -400,24 +376,22 @@ void CheckRows() {
                           "modulation", "multiplex", "physical", "channelid"}) {
     std::string name, value;
     SettingsAPI::Get()->GetItemValue(std::string("signal-information-") + row, name, value);
-    const std::string_view id(row);
-    if (id != "strength" && id != "quality") continue;
-    Want(!value.empty() && value.size() <= 3 && Parsed(value) >= 0 && Parsed(value) <= 100,
+    const bool measure = std::string_view(row) == "strength" || std::string_view(row) == "quality";
+    Want(!measure || (!value.empty() && value.size() <= 3 && Parsed(value) >= 0 && Parsed(value) <= 100),
          "a measure is a percentage");
   }
 }
 
 /// One figure of everything that is on air, and all that the windows ask for it.
 bool ReadReceived(const std::string& input) {
-  Texts lines = Lines(input);
-  lines.resize(std::max<size_t>(lines.size(), 3));
-  for (const Column& column : kColumns) {
-    if (lines[0] != column.table || lines[1] != column.name) continue;
-    // Of the thousands on air, those that the pictures show.
-    const bool many = lines[0] == "service" || lines[0] == "transponder";
-    const std::string which = many ? " AND id IN (SELECT " + lines[0] + " FROM picture)" : "";
-    Update("UPDATE " + lines[0] + " SET " + lines[1] + " = ?1 WHERE ?2 = ''" + which, lines[2], "");
-  }
+  const auto [column, value] = Halves(input);
+  if (std::find(std::begin(kColumns), std::end(kColumns), column) == std::end(kColumns)) return false;
+  const std::string table = column.substr(0, column.find('.'));
+  // Of the thousands on air, those that the pictures show.
+  const bool many = table == "service" || table == "transponder";
+  Change("UPDATE " + table + " SET " + column.substr(table.size() + 1) + " = ?" +
+             (many ? " WHERE id IN (SELECT " + table + " FROM picture)" : ""),
+         value);
   CCacheManager::FlushCache();
   CheckRows();
   CTvsUtil::InitSelectedSatellite(true);
@@ -439,7 +413,7 @@ bool ReadReceived(const std::string& input) {
   Want(std::abs(FineTuneUtil::GetTunerMft()) <= 223, "the tuner's offset is a byte");
   Want(std::strlen(Utils::WrapMallocdString(Utils::GetCountryCode()).c_str()) <= 4, "a country is three letters");
   CommonUtil::GetCurrentDateStr();
-  return lines[2].find_first_not_of("-0123456789") == lines[2].npos;
+  return value.find_first_not_of("-0123456789") == value.npos;
 }
 
 // --- sticks --------------------------------------------------------------------------------------
@@ -472,27 +446,25 @@ bool ReadSticks(const std::string& input) {
     if (line.empty()) continue;
     if (line[0] != '/') {
       stick = desktop::UsbDirectory() / FileName(line);
-      if (mkdir(stick.c_str(), 0700) == 0) sticks.insert(stick.filename());
+      if (fs::create_directory(stick, error)) sticks.insert(stick.filename());
     } else if (!stick.empty()) {
       const std::string name = FileName(line.substr(1));
-      const int file = creat((stick / name).c_str(), 0600);
-      if (file < 0) continue;
-      close(file);
-      if (name.ends_with(".zip")) archives.insert(stick.filename().string() + "/" + name);
+      if (std::ofstream(stick / name) && name.ends_with(".zip")) archives.insert(stick.filename() / name);
     }
   }
-  CDeviceManager::GetInstance()->Initialize(true);
+  CDeviceManager* manager = CDeviceManager::GetInstance();
+  manager->Initialize(true);
   std::set<std::string> seen, found;
   int withMap = 0;
-  for (const DEVICE_INFO& device : CDeviceManager::GetInstance()->GetDevices()) {
+  for (const DEVICE_INFO& device : manager->GetDevices()) {
     seen.insert(device.productName);
     withMap += device.chmapFileNames.empty() ? 0 : 1;
     for (const std::string& name : device.chmapFileNames) found.insert(std::string(device.productName) + "/" + name);
     Want(device.nChmapFileCount == static_cast<int>(device.chmapFileNames.size()), "archives are counted");
   }
-  const DEVICE_INFO* selected = CDeviceManager::GetInstance()->GetSelectedDevice();
+  const DEVICE_INFO* selected = manager->GetSelectedDevice();
   const bool chosen = selected && !selected->chmapFileNames.empty();
-  const bool counted = CDeviceManager::GetInstance()->m_nDeviceWithMapCount == withMap;
+  const bool counted = manager->m_nDeviceWithMapCount == withMap;
   for (const std::string& name : sticks) fs::remove_all(desktop::UsbDirectory() / name, error);
   Want(seen == sticks, "each stick is seen once, by its name");
   Want(found == archives, "each archive is seen, and nothing else");
@@ -502,18 +474,15 @@ bool ReadSticks(const std::string& input) {
 
 }  // namespace
 
-const std::vector<Reader>& ProgramReaders() {
-  static const std::vector<Reader> readers = {
-      {"notes of weak signal", 1, true, MakeNotes, ReadNotes},
-      {"time stamps", 1, false, MakeStamps, ReadStamps},
-      {"numbers", 1, false, MakeNumber, ReadNumber},
-      {"frequencies and bandwidths", 1, false, MakeFrequency, ReadFrequency},
-      {"filled texts", 1, false, MakeFilled, ReadFilled},
-      {"items", 10, true, MakeItem, ReadItem},
-      {"what is received", 500, true, MakeReceived, ReadReceived},
-      {"sticks", 200, false, MakeSticks, ReadSticks},
-  };
-  return readers;
+std::vector<Reader> ProgramReaders() {
+  return {{"notes of weak signal", 1, MakeNotes, ReadNotes},
+          {"time stamps", 1, MakeStamps, ReadStamps},
+          {"numbers", 1, MakeNumber, ReadNumber},
+          {"frequencies and bandwidths", 1, MakeFrequency, ReadFrequency},
+          {"filled texts", 1, MakeFilled, ReadFilled},
+          {"items", 10, MakeItem, ReadItem},
+          {"what is received", 500, MakeReceived, ReadReceived},
+          {"sticks", 200, MakeSticks, ReadSticks}};
 }
 
 }  // namespace fuzz

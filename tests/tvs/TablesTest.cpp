@@ -15,11 +15,22 @@ namespace {
 
 class TablesTest : public TvsTest {
  protected:
-  TablesTest() : TvsTest("europe") {}
-
   void SetRegion(int region) { m_tv.Set("system_info/127", std::to_string(region)); }
-  void SetCountry(int country) { m_tv.Set("system_settings/57", std::to_string(country)); }
 };
+
+/// The types of antennas that stand for a mode; 0 is no broadcaster.
+struct AntennaType {
+  int antennaMode, serviceMode, broadcaster;
+};
+const std::map<int, AntennaType> kTypes = {
+    {0, {0, -1, 0}},   {1, {1, -1, 0}},   {3, {2, 1, 0}},    {4, {2, 3, 17}},   {5, {2, 4, 16}},   {6, {2, 5, 15}},
+    {7, {2, 6, 18}},   {8, {2, 7, 19}},   {9, {2, 8, 20}},   {10, {2, 9, 22}},  {11, {2, 10, 23}}, {12, {2, 11, 25}},
+    {13, {2, 12, 26}}, {14, {2, 13, 21}}, {15, {2, 14, 27}}, {16, {2, 15, 29}}, {17, {2, 16, 30}}, {18, {2, 17, 31}},
+    {19, {2, 18, 32}}, {20, {2, 19, 0}},  {24, {2, 23, 38}}, {25, {2, 24, 41}}, {26, {2, 25, 40}}, {27, {2, 26, 39}},
+    {28, {2, 27, 43}}, {29, {2, 28, 46}}, {30, {2, 29, 48}}, {31, {2, 34, 50}}, {32, {2, 35, 51}}, {33, {2, 36, 52}},
+    {34, {2, 38, 66}}, {35, {2, 39, 70}}, {36, {2, 40, 73}}, {37, {2, 45, 77}}, {38, {2, 47, 79}}, {39, {2, 46, 78}},
+    {40, {2, 49, 83}}, {41, {2, 48, 82}}, {42, {2, 50, 84}}, {43, {2, 51, 85}}, {44, {2, 42, 74}}, {45, {2, 52, 87}},
+    {47, {0, -1, 0}},  {48, {0, -1, 0}},  {49, {1, -1, 0}},  {50, {1, -1, 0}},  {54, {2, 1, 24}}};
 
 const std::set<int> kAtscRegions = {1, 2, 36};
 const std::set<int> kIsdbRegions = {3, 14, 15, 17, 18, 20, 21, 30};
@@ -64,33 +75,23 @@ TEST_F(TablesTest, RegionAndCountryGiveTheStandard) {
 }
 
 TEST_F(TablesTest, EveryAntennaTypeBothWays) {
-  const std::map<int, std::pair<int, int>> special = {{0, {0, -1}},  {1, {1, -1}},  {3, {2, 1}},
-                                                      {20, {2, 19}}, {47, {0, -1}}, {48, {0, -1}},
-                                                      {49, {1, -1}}, {50, {1, -1}}, {54, {2, 1}}};
-  const std::map<int, int> satellite = {{4, 3},   {5, 4},   {6, 5},   {7, 6},   {8, 7},   {9, 8},   {10, 9},  {11, 10},
-                                        {12, 11}, {13, 12}, {14, 13}, {15, 14}, {16, 15}, {17, 16}, {18, 17}, {19, 18},
-                                        {24, 23}, {25, 24}, {26, 25}, {27, 26}, {28, 27}, {29, 28}, {30, 29}, {31, 34},
-                                        {32, 35}, {33, 36}, {34, 38}, {35, 39}, {36, 40}, {37, 45}, {38, 47}, {39, 46},
-                                        {40, 49}, {41, 48}, {42, 50}, {43, 51}, {44, 42}, {45, 52}};
   for (int i = 0; i < 55; ++i) {
-    const auto type = static_cast<CAntennaUtil::EMenuAntennaType>(i);
-    const TSTvMode mode = CAntennaUtil::GetTVModeByMenuAntennaType(type);
-    std::pair<int, int> expected = {-1, -1};
-    if (special.count(i)) expected = special.at(i);
-    if (satellite.count(i)) expected = {2, satellite.at(i)};
-    EXPECT_TRUE(std::pair(int{mode.antennaMode}, int{mode.serviceMode}) == expected) << i;
+    SCOPED_TRACE(i);
+    const TSTvMode mode = CAntennaUtil::GetTVModeByMenuAntennaType(static_cast<CAntennaUtil::EMenuAntennaType>(i));
+    const auto type = kTypes.find(i);
+    EXPECT_EQ(mode.antennaMode, type == kTypes.end() ? -1 : type->second.antennaMode);
+    EXPECT_EQ(mode.serviceMode, type == kTypes.end() ? -1 : type->second.serviceMode);
 
     if (mode.antennaMode < 0) continue;
-    Change("UPDATE picture SET antenna = " + std::to_string(mode.antennaMode) +
-           ", service_mode = " + std::to_string(mode.serviceMode));
+    Change("UPDATE picture SET antenna = ?, service_mode = ?", mode.antennaMode, mode.serviceMode);
     CAntennaUtil::EMenuAntennaType back;
     ASSERT_EQ(CAntennaUtil::GetAntennaMode(&back, PROFILE_MAIN), 0);
     const int other = i == 54 ? 3 : i == 47 || i == 48 ? 0 : i == 49 || i == 50 ? 1 : i;
     EXPECT_EQ(back, other);
     const bool selection = i <= 3 || i == 12 || i == 20 || i == 32 || i == 33 || i >= 46;
-    EXPECT_EQ(CAntennaUtil::FlagEnableSatelliteSelection(), selection) << i;
-    EXPECT_EQ(CAntennaUtil::FlagSpecificSatelliteMode(), other != 0 && other != 1 && other != 3) << i;
-    EXPECT_EQ(CAntennaUtil::IsCurrentOperatorTKGS(), i == 36) << i;
+    EXPECT_EQ(CAntennaUtil::FlagEnableSatelliteSelection(), selection);
+    EXPECT_EQ(CAntennaUtil::FlagSpecificSatelliteMode(), other != 0 && other != 1 && other != 3);
+    EXPECT_EQ(CAntennaUtil::IsCurrentOperatorTKGS(), i == 36);
   }
   Change("UPDATE picture SET antenna = 3");
   CAntennaUtil::EMenuAntennaType type;
@@ -122,11 +123,6 @@ TEST_F(TablesTest, AntennaNamesAndWhatTheyNeed) {
     EXPECT_EQ(Name(CAntennaUtil::EMenuAntennaType(48)), country == 8 ? "SID_DTV_AIR_KR_17_ABBR_TUNING" : "SID_ATV");
   }
 
-  const std::map<int, int> broadcasters = {
-      {4, 17},  {5, 16},  {6, 15},  {7, 18},  {8, 19},  {9, 20},  {10, 22}, {11, 23}, {12, 25}, {13, 26},
-      {14, 21}, {15, 27}, {16, 29}, {17, 30}, {18, 31}, {19, 32}, {24, 38}, {25, 41}, {26, 40}, {27, 39},
-      {28, 43}, {29, 46}, {30, 48}, {31, 50}, {32, 51}, {33, 52}, {34, 66}, {35, 70}, {36, 73}, {37, 77},
-      {38, 79}, {39, 78}, {40, 83}, {41, 82}, {42, 84}, {43, 85}, {44, 74}, {45, 87}, {54, 24}};
   const auto supports = [](int type) {
     return CAntennaUtil::FlagSupportAntennaMode(CAntennaUtil::EMenuAntennaType(type));
   };
@@ -134,8 +130,8 @@ TEST_F(TablesTest, AntennaNamesAndWhatTheyNeed) {
     Change("DELETE FROM broadcaster");
     const bool fixed = type == 0 || type == 1 || type == 3 || type == 20;
     EXPECT_EQ(supports(type), fixed) << type;
-    if (!broadcasters.count(type)) continue;
-    Change("INSERT INTO broadcaster VALUES (-1, " + std::to_string(broadcasters.at(type)) + ")");
+    if (!kTypes.count(type) || kTypes.at(type).broadcaster == 0) continue;
+    Change("INSERT INTO broadcaster VALUES (-1, ?)", kTypes.at(type).broadcaster);
     EXPECT_TRUE(supports(type)) << type;
   }
   m_tv.Set("com.vantrel/featureconf/product.num_of_iptv_cip", "1");

@@ -2,44 +2,49 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "CacheManager.h"
+#include "ChannelUtil.h"
 #include "Harness.h"
+#include "TvsUtil.h"
 
 namespace test {
 
-/// Another connection to the TV, as another process has it.
-class OtherProcess {
- public:
-  explicit OtherProcess(const std::string& path);
-  ~OtherProcess();
-  void Execute(const std::string& sql);
-
- private:
-  sqlite3* m_db = nullptr;
-};
-
 /// Forgets what the classes keep.
-void ForgetKept();
+inline void ForgetKept() {
+  CCacheManager::FlushCache();
+  CTvsUtil::t_CacheEnabled = true;
+  CTvsUtil::FlushCache();
+  CTvsUtil::t_CacheEnabled = false;
+  CTvsUtil::transponderID = -1;
+  ChannelUtil::CacheFrequency = ChannelUtil::CacheBandWidth = -1;
+}
 
-/// SQL on the open TV: the first column of the first row, "" when there is none.
-std::string Ask(const std::string& sql);
-void Change(const std::string& sql);
+/// Texts of the log since the last call.
+inline Texts TakeLog() {
+  Texts log = Log();
+  ClearLog();
+  return log;
+}
 
-/// Runs `body` and takes back what it changed on the TV.
-void InTransaction(const std::function<void()>& body);
-
-/// Texts of the log since the last call, without file, function and line.
-std::vector<std::string> TakeLog();
-bool Contains(const std::vector<std::string>& log, const std::string& text);
+/// Whether one of the log's texts has this in it.
+inline bool Contains(const Texts& log, const std::string& text) {
+  return std::any_of(log.begin(), log.end(), [&](const auto& line) { return line.find(text) != line.npos; });
+}
 
 class TvsTest : public testing::Test {
  protected:
-  explicit TvsTest(const std::string& profile = "europe");
+  explicit TvsTest(const std::string& profile = "europe") : m_tv(profile) {
+    ForgetKept();
+    ClearLog();
+  }
+  void SetCountry(int country) { m_tv.Set("system_settings/57", std::to_string(country)); }
+
   Tv m_tv;
 };
 
