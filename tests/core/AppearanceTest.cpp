@@ -27,16 +27,11 @@ void RunOn(const char* screen, const test::Body& body) {
 // --- size ----------------------------------------------------------------------------------------
 
 TEST(Scale, FollowsZoomSizeAndScreen) {
-  struct Case {
-    const char* screen;
-    const char* zoom;
-    const char* size;
+  const struct {
+    const char *screen, *zoom, *size;
     double scale;
-    /// An operation that fails and what is said of it.
-    const char* failing = nullptr;
-    const char* message = nullptr;
-  };
-  const Case cases[] = {
+    const char *failing = nullptr, *message = nullptr;
+  } cases[] = {
       {"1920x1080", "0", "normal", 1.0},
       {"1920x1080", "0", "small", 0.75},
       {"1920x1080", "0", "exSmall", 0.625},
@@ -51,7 +46,7 @@ TEST(Scale, FollowsZoomSizeAndScreen) {
       {"1920x1080", "0", "small", 1.0, "display_connect",
        "[Error]Connection fail. ecore_wl2_display_connect returned NULL"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.screen) + " " + c.zoom + " " + c.size + " " + (c.failing ? c.failing : ""));
     Tv tv;
     tv.Set(kZoom, c.zoom);
@@ -98,13 +93,11 @@ unsigned int Ground(Remote& remote) {
 }
 
 TEST(HighContrast, OpensTheOtherThemeAndItsColours) {
-  struct Case {
-    const char* value;
-    const char* file;
+  const struct {
+    const char *value, *file;
     unsigned int ground, panel, focus;
-  };
-  for (const Case& c :
-       {Case{"0", "quirelle_dark.edj", 0x1D2430, 0x151A24, 0xF3F6FB}, Case{"1", "quirelle_hc.edj", 0, 0, 0xFFE100}}) {
+  } cases[] = {{"0", "quirelle_dark.edj", 0x1D2430, 0x151A24, 0xF3F6FB}, {"1", "quirelle_hc.edj", 0, 0, 0xFFE100}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.file);
     Tv tv;
     tv.Set("db/menu/system/accessibility/highcontrast", c.value);
@@ -129,13 +122,14 @@ TEST(Colours, ComeFromTheTVsChips) {
 // --- direction and language ----------------------------------------------------------------------
 
 TEST(RightToLeft, MirrorsTheGridAndItsKeys) {
-  struct Case {
-    const char* orientation;
-    const char* language;
+  const struct {
+    const char *orientation, *language;
     bool mirrored;
-  };
-  for (const Case& c : {Case{"auto", "en_US.utf8", false}, Case{"rtl", "en_US.utf8", true},
-                        Case{"auto", "ar_AE.utf8", true}, Case{"ltr", "ar_AE.utf8", false}}) {
+  } cases[] = {{"auto", "en_US.utf8", false},
+               {"rtl", "en_US.utf8", true},
+               {"auto", "ar_AE.utf8", true},
+               {"ltr", "ar_AE.utf8", false}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.orientation) + " " + c.language);
     Tv tv;
     tv.Set("db/menu_widget/orientation", c.orientation);
@@ -159,30 +153,20 @@ TEST(RightToLeft, MirrorsTheGridAndItsKeys) {
 }
 
 TEST(Language, EveryTextOnTheScreenIsTranslated) {
-  struct Case {
-    const char* language;
-    const char* title;
-    const char* close;
-  };
-  for (const Case& c : {Case{"en_US.utf8", "TV rating", "Close"}, Case{"de_DE.utf8", "TV-Altersfreigabe", "Schließen"},
-                        Case{"ar_AE.utf8", "تصنيف برامج التلفاز", "إغلاق"}, Case{"ko_KR.utf8", "TV 등급", "닫기"},
-                        Case{"xx_XX.utf8", "SID_TV_RATING", "SID_CLOSE"}}) {
-    SCOPED_TRACE(c.language);
-    Tv tv;
-    tv.SetLanguage(c.language);
-    tv.TurnVoiceOn();
-    test::Run({"tv-rating"}, [&](Remote& remote) {
-      remote.Wait(0.3);
-      EXPECT_EQ(remote.Title(), c.title);
-      EXPECT_EQ(remote.Buttons(), Texts{c.close});
-      if (c.title[0] == 'S') return;
-      for (const Texts& texts : {remote.Texts(), remote.Spoken()}) {
-        for (const std::string& text : texts) {
-          EXPECT_TRUE(text.find("SID_") == text.npos && text.find("<<") == text.npos) << text;
-        }
+  Tv tv;
+  tv.SetLanguage("de_DE.utf8");
+  tv.TurnVoiceOn();
+  test::Run({"tv-rating"}, [](Remote& remote) {
+    remote.Wait(0.3);
+    EXPECT_EQ(remote.Title(), "TV-Altersfreigabe");
+    EXPECT_EQ(remote.Buttons(), Texts{"Schließen"});
+    EXPECT_FALSE(remote.Spoken().empty());
+    for (const Texts& texts : {remote.Texts(), remote.Spoken()}) {
+      for (const std::string& text : texts) {
+        EXPECT_TRUE(text.find("SID_") == text.npos && text.find("<<") == text.npos) << text;
       }
-    });
-  }
+    }
+  });
 }
 
 // --- voice ---------------------------------------------------------------------------------------
@@ -252,15 +236,14 @@ TEST(Voice, TheLaterOfTwoTextsIsRead) {
 TEST(Usage, RecordsTheValueOfAnItem) {
   constexpr const char* kItem = "hdmi-delay-level";
   const std::string select = "20_sqa, EV014, SELECT_VALUE, {sl_item=hdmi-delay-level;sl_value=2;appid=";
-  struct Case {
+  const struct {
     const char* id;
     int type;
     const char* failing;
     /// Empty when nothing is.
     std::string sent;
     const char* message;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {kItem, 0, nullptr, select + "com.vantrel.tv.viewer}", "[Debug]AddEventLog Success"},
       {kItem, 0, "vconf_get_str", select + "}", "[Debug]getting current fullscreen appid failed"},
       {kItem, 1, nullptr, "20_sqa, EV001, CLICK, {hdmilevel=2}", "[Debug]RetCode=0"},
@@ -268,7 +251,7 @@ TEST(Usage, RecordsTheValueOfAnItem) {
       {nullptr, 1, nullptr, "20_sqa, EV001, CLICK, {hdmilevel=}", "[Debug]AddEventLog Success"},
       {kItem, 2, nullptr, "", "[Info]Not matched with any log types"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     Tv tv;
     tv.SetItem(kItem, "2");
     if (c.failing) tv.Fail(c.failing);

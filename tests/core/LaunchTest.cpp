@@ -26,20 +26,19 @@ void LaunchAnew(Remote& remote, const char* id) {
 }
 
 TEST(Ending, TakesEverythingDownAndReturnsOnlyAfterAPop) {
-  struct End {
+  const struct {
     const char* name;
     void (*act)(Remote&);
     /// Whether it is the step back to whoever launched the program.
     bool returns;
-  };
-  const End ends[] = {
+  } ends[] = {
       {"Back", [](Remote& r) { r.Press("Back"); }, true},
       {"BackSpace", [](Remote& r) { r.Press("BackSpace"); }, true},
       {"Close", [](Remote& r) { r.Press("Down Down Down Down Down Down Return"); }, true},
       {"time-out", [](Remote& r) { r.Wait(60.1); }, false},
       {"focus loss", [](Remote& r) { r.TakeFocus(); }, false},
   };
-  for (const End& end : ends) {
+  for (const auto& end : ends) {
     SCOPED_TRACE(end.name);
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
@@ -143,15 +142,12 @@ TEST(Launch, ReadsHighContrastOnceAndSaysWhatItFound) {
 
 TEST(InformationWindow, IsResolvedByWhatIsOnTheScreen) {
   constexpr const char* kFeature = "com.vantrel/featureconf/broadcast.quirelle.signal_information_enabled";
-  struct Case {
-    const char* profile;
-    const char* feature;
+  const struct {
+    const char *profile, *feature;
     bool isVirtual;
     /// The window that it becomes, or why there is none.
-    const char* window;
-    const char* message;
-  };
-  const Case cases[] = {
+    const char *window, *message;
+  } cases[] = {
       {"america", "1", false, "signal-information", nullptr},
       {"hdmi", "1", false, "hdmi-information", nullptr},
       {"hdmi", "1", true, "hdmi-information", nullptr},
@@ -159,7 +155,7 @@ TEST(InformationWindow, IsResolvedByWhatIsOnTheScreen) {
       {"america", nullptr, false, nullptr, "[Error]system_info_get_custom_bool() fail"},
       {"hdmi", "0", false, nullptr, "[Error]Signal Information/HDMI Information window is not avaible on LFD product"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.profile) + " " + (c.window ? c.window : c.message));
     Tv tv(c.profile);
     c.feature ? tv.Set(kFeature, c.feature) : tv.Remove(kFeature);
@@ -184,14 +180,10 @@ TEST(InformationWindow, IsResolvedByWhatIsOnTheScreen) {
 // --- back to whoever launched --------------------------------------------------------------------
 
 TEST(BackToMenu, LaunchesTheCallerOfAnInformationWindow) {
-  struct Case {
-    const char* launch;
-    const char* previous;
-    const char* deepLink;
-    const char* diagnosis;
+  const struct {
+    const char *launch, *previous, *deepLink, *diagnosis;
     Texts sent;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"signal-information", kCaller, "d", "t", {"org.example.caller, {}"}},
       {"hdmi-information", kCaller, "", "", {"org.example.caller, {}"}},
       {"signal-information", "", "d", "t", {}},
@@ -204,7 +196,7 @@ TEST(BackToMenu, LaunchesTheCallerOfAnInformationWindow) {
   };
   Tv tv;
   test::Run({"tv-rating"}, [&](Remote&) {
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
       SCOPED_TRACE(std::string(c.launch) + " " + c.previous + " " + c.deepLink + c.diagnosis);
       Control().m_ReturnSubmenu = c.previous;
       Control().m_DeepLink = c.deepLink;
@@ -219,17 +211,15 @@ TEST(BackToMenu, LaunchesTheCallerOfAnInformationWindow) {
 }
 
 TEST(BackToMenu, SaysWhatFailedAndWaitsOnlySoLong) {
-  struct Case {
-    const char* failing;
-    const char* previous;
-    const char* message;
+  const struct {
+    const char *failing, *previous, *message;
     /// Questions whether the application runs.
     size_t polls;
-  };
-  for (const Case& c : {Case{"app_control_create", kCaller, "[Error]app_control_create failed", 0},
-                        Case{kRequest, kCaller, "[Error]Failed to send request[-1]", 0},
-                        Case{kRequest, kDiagnosis, "[Error]Failed to send request[-1]", 0},
-                        Case{"app_manager_is_running", kDiagnosis, "[Error]in terminate", 500}}) {
+  } cases[] = {{"app_control_create", kCaller, "[Error]app_control_create failed", 0},
+               {kRequest, kCaller, "[Error]Failed to send request[-1]", 0},
+               {kRequest, kDiagnosis, "[Error]Failed to send request[-1]", 0},
+               {"app_manager_is_running", kDiagnosis, "[Error]in terminate", 500}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.failing) + " " + c.previous);
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
