@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 
+#include "AppMain.h"
 #include "Harness.h"
 #include "KPILog.h"
 #include "RootWindow.h"
@@ -92,15 +93,20 @@ unsigned int Ground(Remote& remote) {
   return remote.ColourAt(box.x + 2, box.y + 2);
 }
 
-TEST(HighContrast, OpensTheOtherThemeAndItsColours) {
+TEST(HighContrast, OpensTheOtherThemeAndItsColoursAndIsReadOnce) {
+  constexpr const char* kKey = "db/menu/system/accessibility/highcontrast";
   const struct {
     const char *value, *file;
     unsigned int ground, panel, focus;
-  } cases[] = {{"0", "quirelle_dark.edj", 0x1D2430, 0x151A24, 0xF3F6FB}, {"1", "quirelle_hc.edj", 0, 0, 0xFFE100}};
+    const char* message;
+  } cases[] = {{"0", "quirelle_dark.edj", 0x1D2430, 0x151A24, 0xF3F6FB, "[Debug]high contrast off"},
+               {"1", "quirelle_hc.edj", 0, 0, 0xFFE100, "[Debug]high contrast on"},
+               {nullptr, "quirelle_dark.edj", 0x1D2430, 0x151A24, 0xF3F6FB,
+                "[Error]get high contrast failed but considering off"}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.file);
+    SCOPED_TRACE(c.message);
     Tv tv;
-    tv.Set("db/menu/system/accessibility/highcontrast", c.value);
+    c.value ? tv.Set(kKey, c.value) : tv.Remove(kKey);
     test::Run({"tv-rating"}, [&](Remote& remote) {
       const char* overlay = static_cast<const char*>(eina_list_last_data_get(elm_theme_overlay_list_get(nullptr)));
       EXPECT_TRUE(std::string(overlay).ends_with(c.file)) << overlay;
@@ -109,6 +115,14 @@ TEST(HighContrast, OpensTheOtherThemeAndItsColours) {
       ExpectColour(remote.ColourAt(close.x - 60, close.y + 10), c.panel, "panel");
       remote.Press("Down Down Down Down Down Down");
       ExpectColour(remote.ColourAt(close.x + 30, close.y + close.h / 2), c.focus, "button with the focus");
+
+      EXPECT_TRUE(test::Logged(c.message));
+      EXPECT_FALSE(test::Logged("[Debug]no need to set high contrast"));
+      remote.Pause();
+      quirelle::isAnyWindowActive = false;
+      remote.Launch("tv-rating");
+      EXPECT_TRUE(test::Logged("[Debug]no need to set high contrast"));
+      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
     });
   }
 }

@@ -25,14 +25,6 @@ std::string ValueOf(const ElementaryNode& node) {
   return std::string(title) + "|" + value + "|" + display;
 }
 
-/// A list of the rows that somebody provides.
-void Provide(DataList& list, const std::vector<DataInfo>& rows) {
-  auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
-  providers[kHistory] = [&](std::vector<DataInfo>& data) { data = rows; };
-  list.Create(kHistory);
-  providers.clear();
-}
-
 TEST(DataProvider, HasAStyleForEachRowOfTheSignalInformation) {
   Tv tv;
   desktop::Query rows("SELECT id FROM item WHERE id GLOB 'signal-information-*'");
@@ -83,45 +75,25 @@ TEST(DataProvider, ReadsAndWritesAnItem) {
   EXPECT_TRUE(CMenuDataProvider::GetItemVisible("tv-rating"));
 }
 
-TEST(DataList, MakesChoicesPageRowsOrNothing) {
-  Tv tv;
-  const std::string off = Utils::GetTranslationStr("SID_OFF");
-  DataList choices, rows, nobodys, none;
-  choices.Create(kLevel);
-  ASSERT_EQ(choices.GetCount(), 4);
-  EXPECT_EQ(choices.GetType(), DataList::LIST_CHOICES);
-  EXPECT_EQ(ValueOf(*choices.GetNode(0)), off + "|0|" + off);
-  EXPECT_EQ(ValueOf(*choices.GetNode(3)), "3|3|3");
-  for (const int outside : {-1, 4}) EXPECT_EQ(choices.GetNode(outside), nullptr);
-  EXPECT_TRUE(test::Logged("[Debug]nIndex : -1,vList.size : 4"));
-  choices.Destroy();
-  EXPECT_EQ(choices.GetCount(), 0);
-
-  Provide(rows, {{"First", "1", "One", "row-1", ""}, {"Second", "2", "Two", "", ""}});
-  ASSERT_EQ(rows.GetCount(), 2);
-  EXPECT_EQ(rows.GetType(), DataList::LIST_PAGE);
-  EXPECT_EQ(ValueOf(*rows.GetNode(0)), "First|1|One");
-  EXPECT_EQ(rows.GetNode(0)->GetNodeMenuItemId(), "row-1");
-  EXPECT_EQ(rows.GetNode(1)->GetNodeMenuItemId(), kHistory);
-
-  nobodys.Create(kHistory);
-  EXPECT_EQ(nobodys.GetCount(), 0) << "nobody provides them";
-  none.Create("tv-rating");
-  EXPECT_EQ(none.GetCount(), 0);
-  EXPECT_TRUE(test::Logged("[Debug]other case"));
-}
-
 TEST(DataList, FetchesStatesAndTextsOfShownRowsOnly) {
   Tv tv;
   DataList list;
-  Provide(list, {{"", "", "", kLevel, ""}, {"kept", "", "", "tv-rating", ""}, {"", "", "", "fine-tune", ""}});
+  auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
+  providers[kHistory] = [](std::vector<DataInfo>& data) {
+    data = {{"", "", "", kLevel, ""}, {"kept", "", "", "tv-rating", ""}, {"Third", "3", "Three", "", ""}};
+  };
+  list.Create(kHistory);
+  providers.clear();
   ASSERT_EQ(list.GetCount(), 3);
+  EXPECT_EQ(ValueOf(*list.GetNode(2)), "Third|3|Three");
+  EXPECT_EQ(list.GetNode(2)->GetNodeMenuItemId(), kHistory) << "what has no ID has its list's";
   list.GetNode(1)->SetShowStatus(ITEM_SHOW_INVISIBLE_NAMED);
   test::Change("UPDATE item SET enabled = 0 WHERE id IN (?, 'tv-rating')", kLevel);
   list.FetchEnableStatus();
   EXPECT_EQ(list.GetNode(0)->GetStatus(), ITEM_STATUS_DISABLED);
   EXPECT_EQ(list.GetNode(1)->GetStatus(), ITEM_STATUS_ENABLED);
   EXPECT_EQ(list.GetNode(2)->GetStatus(), ITEM_STATUS_ENABLED);
+  EXPECT_TRUE(test::Logged("[Debug] INVISIBLE STATUS : tv-rating"));
   tv.Fail("SettingsAPI::GetItemEnable");
   list.FetchEnableStatus();
   EXPECT_EQ(list.GetNode(2)->GetStatus(), ITEM_STATUS_DISABLED) << "what cannot be asked cannot be chosen";
@@ -130,6 +102,20 @@ TEST(DataList, FetchesStatesAndTextsOfShownRowsOnly) {
   EXPECT_EQ(ValueOf(*list.GetNode(0)), Utils::GetTranslationStr("TV_SID_DIAGNOSIS_HDMI_DEALY_LEVER") + "|0|" +
                                            Utils::GetTranslationStr("SID_OFF"));
   EXPECT_EQ(ValueOf(*list.GetNode(1)), "kept||");
+  for (const int outside : {-1, 3}) EXPECT_EQ(list.GetNode(outside), nullptr);
+  EXPECT_TRUE(test::Logged("[Debug]nIndex : -1,vList.size : 3"));
+  list.Destroy();
+  EXPECT_EQ(list.GetCount(), 0);
+}
+
+TEST(DataList, IsEmptyWhereNobodyProvidesRows) {
+  Tv tv;
+  for (const char* id : {kHistory, "tv-rating"}) {
+    DataList list;
+    list.Create(id);
+    EXPECT_EQ(list.GetCount(), 0) << id;
+  }
+  EXPECT_TRUE(test::Logged("[Debug]other case"));
 }
 
 }  // namespace

@@ -18,13 +18,6 @@ constexpr const char* kRequest = "app_control_send_launch_request";
 
 MenuControl& Control() { return *Singleton<MenuControl>::GetInstance(); }
 
-/// As if the program had not been launched before.
-void LaunchAnew(Remote& remote, const char* id) {
-  remote.Pause();
-  quirelle::isAnyWindowActive = false;
-  remote.Launch(id);
-}
-
 TEST(Ending, TakesEverythingDownAndReturnsOnlyAfterAPop) {
   const struct {
     const char* name;
@@ -102,7 +95,9 @@ TEST(Launch, WithoutAViewLeavesTheWindowEmptyUntilItLosesTheFocus) {
     SCOPED_TRACE(id);
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
-      LaunchAnew(remote, id.c_str());
+      remote.Pause();
+      quirelle::isAnyWindowActive = false;
+      remote.Launch(id);
       EXPECT_TRUE(remote.Stack().empty());
       remote.Press("Back");
       remote.Post(EVENT_POP_VIEW);
@@ -115,26 +110,6 @@ TEST(Launch, WithoutAViewLeavesTheWindowEmptyUntilItLosesTheFocus) {
           std::string("[Info]current view stack is empty"), std::string("[Error] Current view is NULL ")}) {
       EXPECT_TRUE(test::Logged(line)) << line;
     }
-  }
-}
-
-TEST(Launch, ReadsHighContrastOnceAndSaysWhatItFound) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"0", "[Debug]high contrast off"},
-      {"1", "[Debug]high contrast on"},
-      {nullptr, "[Error]get high contrast failed but considering off"}};
-  for (const auto& [value, message] : cases) {
-    SCOPED_TRACE(message);
-    Tv tv;
-    const char* key = "db/menu/system/accessibility/highcontrast";
-    value ? tv.Set(key, value) : tv.Remove(key);
-    test::Run({"tv-rating"}, [&](Remote& remote) {
-      EXPECT_TRUE(test::Logged(message));
-      EXPECT_FALSE(test::Logged("[Debug]no need to set high contrast"));
-      LaunchAnew(remote, "tv-rating");
-      EXPECT_TRUE(test::Logged("[Debug]no need to set high contrast"));
-      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
-    });
   }
 }
 

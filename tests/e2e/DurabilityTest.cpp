@@ -55,7 +55,8 @@ TEST(Durability, KilledWritersLoseNothingThatHadReturned) {
     reported += steps().size();
     const int last = static_cast<unsigned char>(steps().back()), next = last % 250 + 1;
     // The step under way may have come as far as either key, in order.
-    const int y = std::stoi(tv.Get(kRating + "tv_y")), y7 = std::stoi(tv.Get(kRating + "tv_y7"));
+    const Texts kept = Rows(tv.Path(), "SELECT value FROM setting WHERE key GLOB '*/tv_rating/tv_y*' ORDER BY key");
+    const int y = std::stoi(kept.at(0)), y7 = std::stoi(kept.at(1));
     ASSERT_TRUE((y == last && y7 == last) || (y == next && y7 == last) || (y == next && y7 == next))
         << y << ", " << y7 << " after " << last;
   }

@@ -20,9 +20,9 @@ namespace {
 
 constexpr useconds_t kPoll = 10'000;
 
-Texts OnTv(const std::string& path, Texts words) {
-  words.insert(words.begin(), {"--tv", path});
-  return words;
+std::string OutputOf(const Outcome& outcome) {
+  if (outcome.status != 0) throw std::runtime_error(outcome.errors);
+  return outcome.output;
 }
 
 }  // namespace
@@ -90,25 +90,16 @@ std::string Built(const std::string& program) { return std::string(BUILD_DIRECTO
 
 TvFile::TvFile(const std::string& profile) { Do({"new", profile}); }
 
-Outcome TvFile::Tv(const Texts& words, const Texts& environment) const {
-  return Execute("quirelle-tv", OnTv(Path(), words), environment);
+Outcome TvFile::Run(const char* program, Texts words, const Texts& environment) const {
+  words.insert(words.begin(), {"--tv", Path()});
+  return Execute(program, words, environment);
 }
 
-Outcome TvFile::Program(const Texts& words, const Texts& environment) const {
-  return Execute("quirelle", OnTv(Path(), words), environment);
-}
-
-std::string TvFile::Do(const Texts& words) const {
-  const Outcome outcome = Tv(words);
-  if (outcome.status != 0) throw std::runtime_error(outcome.errors);
-  return outcome.output;
-}
+std::string TvFile::Do(const Texts& words) const { return OutputOf(Tv(words)); }
 
 Json::Value TvFile::Screen(Texts words) const {
   words.insert(words.end(), {"--dump", "-"});
-  const Outcome outcome = Program(words);
-  if (outcome.status != 0) throw std::runtime_error(outcome.errors);
-  return Parsed(outcome.output);
+  return Parsed(OutputOf(Program(words)));
 }
 
 std::string TvFile::Get(const std::string& key) const {
@@ -135,19 +126,19 @@ std::string TvFile::Contents() const {
 
 Texts Rows(const std::string& path, const std::string& sql) {
   sqlite3* db = nullptr;
-  Texts rows;
-  char* message = nullptr;
+  char** fields = nullptr;
+  int count = 0, columns = 0;
   sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
   sqlite3_busy_timeout(db, 5000);
-  const auto take = [](void* data, int columns, char** values, char**) {
-    std::string row;
-    for (int i = 0; i < columns; ++i) row += std::string(i ? "|" : "") + (values[i] ? values[i] : "NULL");
-    static_cast<Texts*>(data)->push_back(row);
-    return 0;
-  };
-  const int code = sqlite3_exec(db, sql.c_str(), take, &rows, &message);
-  const std::string what = message ? message : "";
-  sqlite3_free(message);
+  const int code = sqlite3_get_table(db, sql.c_str(), &fields, &count, &columns, nullptr);
+  const std::string what = sqlite3_errmsg(db);
+  Texts rows(static_cast<size_t>(count));
+  // The first row has the names of the columns.
+  for (int i = 0; i < count * columns; ++i) {
+    const char* field = fields[columns + i];
+    rows[static_cast<size_t>(i / columns)] += std::string(i % columns ? "|" : "") + (field ? field : "NULL");
+  }
+  sqlite3_free_table(fields);
   sqlite3_close(db);
   if (code != SQLITE_OK) throw std::runtime_error(path + ": " + sql + ": " + what);
   return rows;

@@ -48,8 +48,10 @@ class TvFile {
   std::string operator/(const std::string& name) const { return m_directory / name; }
 
   /// Runs quirelle-tv, or quirelle, on this TV to its end.
-  Outcome Tv(const Texts& words, const Texts& environment = {}) const;
-  Outcome Program(const Texts& words, const Texts& environment = {}) const;
+  Outcome Tv(const Texts& words, const Texts& environment = {}) const { return Run("quirelle-tv", words, environment); }
+  Outcome Program(const Texts& words, const Texts& environment = {}) const {
+    return Run("quirelle", words, environment);
+  }
   /// What quirelle-tv answers when all is well.
   std::string Do(const Texts& words) const;
   /// What quirelle shows in the end.
@@ -61,6 +63,8 @@ class TvFile {
   std::string Contents() const;
 
  private:
+  Outcome Run(const char* program, Texts words, const Texts& environment) const;
+
   TemporaryDirectory m_directory;
 };
 
