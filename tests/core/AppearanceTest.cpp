@@ -185,21 +185,39 @@ TEST(Language, EveryTextOnTheScreenIsTranslated) {
 
 // --- voice ---------------------------------------------------------------------------------------
 
-TEST(Voice, ReadsTheFirstWordsOnceAfterAMoment) {
+TEST(Voice, ReadsTheFirstWordsOnceAndTheLaterOfTwoTexts) {
   const char* first = " TV rating, 18 items. Use the arrow keys to move., All, TV-Y, Check box ";
+  const std::string longText(600, 'x');
   Tv tv;
   tv.TurnVoiceOn();
   test::Run({"tv-rating"}, [&](Remote& remote) {
-    const auto said = [&] {
+    const auto said = [&remote](const std::string& words) {
       const Texts spoken = remote.Spoken();
-      return std::count_if(spoken.begin(), spoken.end(), [&](const auto& text) { return text.starts_with(first); });
+      return std::count_if(spoken.begin(), spoken.end(), [&](const auto& text) { return text.starts_with(words); });
     };
-    EXPECT_EQ(said(), 0);
+    EXPECT_EQ(said(first), 0);
     for (const double seconds : {0.25, 5.0}) {
       remote.Wait(seconds);
-      EXPECT_EQ(said(), 1) << "after " << seconds;
+      EXPECT_EQ(said(first), 1) << "after " << seconds;
     }
     EXPECT_EQ(tv.ArgumentsOf("elm_access_force_say"), Texts{" "});
+
+    tv.ClearJournal();
+    CVoiceGuide* guide = CVoiceGuide::GetInstance();
+    EXPECT_TRUE(guide->StartVoiceGuide("earlier", 2, true));
+    EXPECT_TRUE(guide->StartVoiceGuide(longText.c_str(), 2, true));
+    EXPECT_EQ(tv.Calls("elm_access_force_stop"), 2U);
+    remote.Wait(1);
+    EXPECT_EQ(tv.Calls("elm_access_say"), 0U);
+    remote.Wait(1.1);
+    EXPECT_EQ(said(longText), 1);
+    EXPECT_FALSE(guide->StartVoiceGuide(nullptr, 2, true));
+    EXPECT_FALSE(guide->StartVoiceGuide("", 2, true));
+    EXPECT_TRUE(test::Logged("[Debug]Empty String Fail to Voice Guide"));
+    EXPECT_TRUE(guide->StartVoiceGuide("cancelled", 2, true));
+    guide->Cancel();
+    remote.Wait(3);
+    EXPECT_EQ(tv.Calls("elm_access_say"), 1U);
   });
 }
 
@@ -215,34 +233,6 @@ TEST(Voice, SaysNothingOfAWindowThatIsGoneOrWhenItIsOff) {
     });
     EXPECT_EQ(tv.Calls("elm_access_force_say"), on ? 1U : 0U);
   }
-}
-
-TEST(Voice, TheLaterOfTwoTextsIsRead) {
-  Tv tv;
-  tv.TurnVoiceOn();
-  test::Run({"tv-rating"}, [&](Remote& remote) {
-    remote.Wait(1);
-    tv.ClearJournal();
-    CVoiceGuide* guide = CVoiceGuide::GetInstance();
-    const std::string longText(600, 'x');
-    EXPECT_TRUE(guide->StartVoiceGuide("first", 2, true));
-    EXPECT_TRUE(guide->StartVoiceGuide(longText.c_str(), 2, true));
-    remote.Wait(1);
-    EXPECT_EQ(tv.Calls("elm_access_say"), 0U);
-    remote.Wait(1.1);
-    const Texts said = tv.ArgumentsOf("elm_access_say");
-    ASSERT_EQ(said.size(), 1U);
-    EXPECT_TRUE(said[0].starts_with(longText)) << said[0];
-    EXPECT_EQ(tv.Calls("elm_access_force_stop"), 2U);
-
-    EXPECT_FALSE(guide->StartVoiceGuide(nullptr, 2, true));
-    EXPECT_FALSE(guide->StartVoiceGuide("", 2, true));
-    EXPECT_TRUE(test::Logged("[Debug]Empty String Fail to Voice Guide"));
-    EXPECT_TRUE(guide->StartVoiceGuide("cancelled", 2, true));
-    guide->Cancel();
-    remote.Wait(3);
-    EXPECT_EQ(tv.Calls("elm_access_say"), 1U);
-  });
 }
 
 // --- usage records -------------------------------------------------------------------------------

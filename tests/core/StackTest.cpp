@@ -15,15 +15,13 @@ namespace {
 
 constexpr int kType = 100, kOther = 101;
 
-/// A payload that says when it goes.
 class Payload : public IEventData {
  public:
-  explicit Payload(bool& gone) : m_gone(gone) {}
-  ~Payload() override { m_gone = true; }
+  explicit Payload(const std::shared_ptr<int>& count) : m_count(count) {}
   std::string GetMenuID() override { return "payload"; }
 
  private:
-  bool& m_gone;
+  std::shared_ptr<int> m_count;
 };
 
 struct Deliveries {
@@ -94,11 +92,11 @@ TEST(Events, ComeInOrderNeverNestedAndSurviveWhatCallbacksDo) {
 TEST(Events, APayloadGoesWithItsRecordEvenWhenNobodyListens) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
-    bool gone = false;
-    CEventManager::GetInstance()->SendEvent(kType, 0, 0, nullptr, new Payload(gone));
-    EXPECT_FALSE(gone);
+    const auto count = std::make_shared<int>();
+    CEventManager::GetInstance()->SendEvent(kType, 0, 0, nullptr, new Payload(count));
+    EXPECT_EQ(count.use_count(), 2);
     remote.Settle();
-    EXPECT_TRUE(gone);
+    EXPECT_EQ(count.use_count(), 1);
   });
 }
 
