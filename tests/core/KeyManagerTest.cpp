@@ -2,7 +2,8 @@
 #include <Ecore_Input.h>
 
 #include <algorithm>
-#include <set>
+#include <iterator>
+#include <regex>
 #include <sstream>
 
 #include "Harness.h"
@@ -16,15 +17,10 @@ namespace {
 
 constexpr const char* kRequest = "app_control_send_launch_request";
 
-/// "0, Up:5 Down:5" as the keys of one mode; a key of another mode makes the test fail.
-std::set<std::string> KeysOf(const std::string& request, const std::string& mode) {
-  std::set<std::string> keys;
+/// The keys behind "0, ".
+Texts Words(const std::string& request) {
   std::istringstream words(request.substr(3));
-  for (std::string word; words >> word;) {
-    EXPECT_TRUE(word.ends_with(":" + mode)) << word;
-    keys.insert(word.substr(0, word.find(':')));
-  }
-  return keys;
+  return {std::istream_iterator<std::string>(words), {}};
 }
 
 TEST(KeyRouter, GrabsTheMenusKeysAndGivesThemBack) {
@@ -35,13 +31,15 @@ TEST(KeyRouter, GrabsTheMenusKeysAndGivesThemBack) {
   ASSERT_EQ(set.size(), 3U);
   ASSERT_EQ(unset.size(), 2U);
   EXPECT_EQ(set[0], "0, ") << "what an earlier program asked for is taken back";
-  const std::set<std::string> taken = KeysOf(set[1], "5"), given = KeysOf(unset[0], "5");
-  EXPECT_EQ(KeysOf(set[2], "2"), taken);
-  EXPECT_EQ(KeysOf(unset[1], "2"), given);
+  EXPECT_EQ(set[2], std::regex_replace(set[1], std::regex(":5"), ":2"));
+  EXPECT_EQ(unset[1], std::regex_replace(unset[0], std::regex(":5"), ":2"));
+  const Texts taken = Words(set[1]), given = Words(unset[0]);
   EXPECT_EQ(taken.size(), 8U);
-  for (const char* key : {"XF86Back", "Return", "Up", "Down", "Left", "Right"}) EXPECT_TRUE(taken.contains(key)) << key;
   EXPECT_EQ(given.size(), 22U);
-  EXPECT_TRUE(std::includes(given.begin(), given.end(), taken.begin(), taken.end()));
+  for (const std::string& key : taken) EXPECT_EQ(std::count(given.begin(), given.end(), key), 1) << key;
+  for (const char* key : {"XF86Back:5", "Return:5", "Up:5", "Down:5", "Left:5", "Right:5"}) {
+    EXPECT_EQ(std::count(taken.begin(), taken.end(), key), 1) << key;
+  }
   EXPECT_EQ(tv.Calls("KeyRouter_Finalize"), 1U);
   for (const char* line : {"[Debug]Grab Normal Key Ends", "[Debug]UnregisterMenuNormal", "[Debug]UnGrabMenuNormalKey",
                            "[Debug]Del Common Key Handler", "[Debug]Fini key event "}) {

@@ -55,12 +55,12 @@ TEST(Ending, TakesEverythingDownAndReturnsOnlyAfterAPop) {
 
 TEST(Pause, TakesTheViewsDownAndForgetsTheLaunch) {
   Tv tv;
-  const Texts words = {"tv-rating", "--extra", "PrevSubmenu=a", "--extra", "deeplink=b", "--extra", "DiagnosisType=c"};
+  const Texts words = {"tv-rating", "--extra", "PrevSubmenu=a", "--extra=deeplink=b=c", "--extra", "DiagnosisType=d"};
   test::Run(words, [&](Remote& remote) {
     const auto launch = [] {
       return Texts{Control().m_LaunchData, Control().m_ReturnSubmenu, Control().m_DeepLink, Control().m_DiagnosisType};
     };
-    EXPECT_EQ(launch(), (Texts{"tv-rating", "a", "b", "c"}));
+    EXPECT_EQ(launch(), (Texts{"tv-rating", "a", "b=c", "d"}));
     remote.Pause();
     EXPECT_EQ(launch(), Texts(4));
     EXPECT_TRUE(remote.Texts().empty());

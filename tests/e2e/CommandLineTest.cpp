@@ -62,16 +62,6 @@ TEST(CommandLine, AWindowThatIsLeftAloneStaysAsItIs) {
   EXPECT_TRUE(ReadWhole(opened) == ReadWhole(left)) << "something has moved";
 }
 
-TEST(CommandLine, LaunchParametersReachTheProgram) {
-  const TvFile tv;
-  tv.Screen({"tv-rating", "--extra", "PrevSubmenu=com.vantrel.tv.parent", "--extra=deeplink=a=b", "--keys", "Back"});
-  const std::string journal = tv.Do({"journal"});
-  for (const char* parameter : {"(ID) = 0 -> tv-rating", "(PrevSubmenu) = 0 -> com.vantrel.tv.parent",
-                                "(deeplink) = 0 -> a=b", "(DiagnosisType) = -1"}) {
-    EXPECT_TRUE(Says(journal, std::string("app_control_get_extra_data") + parameter)) << parameter;
-  }
-}
-
 TEST(CommandLine, TheLogGoesBesideTheTvOrWhereItIsAskedFor) {
   const TvFile tv;
   EXPECT_EQ(tv.Program({"tv-rating", "--keys", "Return"}).errors, "");
@@ -143,7 +133,9 @@ TEST(TvCommand, FaultsLastAsLongAsAsked) {
   tv.Do({"fail", "vconf_set_int", "-5", "--times", "1"});
   const Texts twice = {"tv-rating", "--keys", "Return Return"};
   EXPECT_TRUE(tv.Screen(twice)["checks"][0]["on"].asBool());
-  EXPECT_TRUE(Says(tv.Do({"journal"}), "vconf_set_int(" + kRating + "tv_y, 32) = -5"));
+  const std::string journal = tv.Do({"journal"});
+  EXPECT_TRUE(Says(journal, "vconf_set_int(" + kRating + "tv_y, 32) = -5")) << journal;
+  EXPECT_TRUE(Says(journal, "app_control_get_extra_data(ID) = 0 -> tv-rating")) << journal;
 
   tv.Do({"fail", "vconf_set_int"});
   tv.Do({"fail", "avoc_exit_osd"});
