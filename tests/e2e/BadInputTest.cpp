@@ -74,8 +74,12 @@ TEST(BadInput, OfTheCommandLines) {
       {{"hdmi", "--port", "1", "--name"}, 2, "--name: a value is missing"},
       {{"hdmi", "--name", "Console"}, 1, "no HDMI input is shown"},
   };
-  for (const BadWords& bad : programs) ExpectRefused(tv.Program(bad.words), bad.said, "quirelle", bad.status);
-  for (const BadWords& bad : tvs) ExpectRefused(tv.Tv(bad.words), bad.said, "quirelle-tv", bad.status);
+  for (const auto& [words, status, said] : programs) {
+    ExpectRefused(tv.Program(words), said, "quirelle " + testing::PrintToString(words), status);
+  }
+  for (const auto& [words, status, said] : tvs) {
+    ExpectRefused(tv.Tv(words), said, "quirelle-tv " + testing::PrintToString(words), status);
+  }
   EXPECT_EQ(tv.Contents(), before);
 }
 
