@@ -74,7 +74,7 @@ TEST(Scale, WhatIsOnTheScreenGrowsWithItAndStaysInside) {
         }
       });
     }
-    EXPECT_NEAR(pitch["0"], 5 * 76 * width / 1920, 5) << size;
+    EXPECT_NEAR(pitch["0"], 5 * 76 * width / 1920.0, 5) << size;
     EXPECT_NEAR(pitch["1"] / 1.2, pitch["0"], 6) << size;
   }
 }

@@ -102,11 +102,11 @@ TEST(BadInput, OfTheEnvironment) {
 
 /// Every way to come to a TV, on a file that is none.
 void ExpectNoTv(const std::string& path, const std::string& said) {
-  const std::string before = test::ReadWhole(path);
+  const std::string before = test::ReadWhole(path), line = path + ": " + said;
   for (const Outcome& outcome : {test::Execute("quirelle", {"tv-rating", "--tv", path, "--dump", "-"}),
                                  test::Execute("quirelle-tv", {"--tv", path, "get", kY}),
                                  test::Execute("quirelle-tv", {"--tv", path, "set", kY, "1"})}) {
-    ExpectRefused(outcome, path + ": " + said, path);
+    ExpectRefused(outcome, line, path);
   }
   EXPECT_EQ(test::ReadWhole(path), before) << path;
 }

@@ -67,7 +67,7 @@ Names TakeStrings(Eina_List* list) {
 }
 
 std::string TakeString(const char* text) {
-  const std::string taken = text ? text : "";
+  std::string taken = text ? text : "";
   edje_edit_string_free(text);
   return taken;
 }
@@ -282,7 +282,7 @@ TEST(Contrast, IsEnoughForEveryTextAndNothingHasAColourOfItsOwn) {
     const double least = theme == kThemes[0] ? 4.5 : 7.0;
     for (const auto& [text, grounds] : kTexts) {
       for (const std::string& ground : grounds) {
-        SCOPED_TRACE(text + " on " + ground);
+        SCOPED_TRACE(testing::Message() << text << " on " << ground);
         ASSERT_TRUE(palette.contains(text) && palette.contains(ground));
         EXPECT_GE(Contrast(palette[text], palette[ground]), least);
         EXPECT_EQ(palette[text][3] & palette[ground][3], 255) << "a contrast of what is seen through";
