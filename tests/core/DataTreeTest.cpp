@@ -2,13 +2,15 @@
 #include "DataList.h"
 #include "DataProvider.h"
 #include "Harness.h"
-#include "Store.h"
 #include "Utils.h"
 #include "WrapPatterns.h"
 
 using test::Tv;
 
 namespace {
+
+constexpr const char* kHistory = "signal-information-weakhistory";
+constexpr const char* kLevel = "hdmi-delay-level";
 
 std::string StyleOf(const char* id) {
   char style[512] = "untouched";
@@ -23,24 +25,15 @@ std::string ValueOf(const ElementaryNode& node) {
   return std::string(title) + "|" + value + "|" + display;
 }
 
-void Change(const std::string& sql) {
-  desktop::Store::Get().Write([&] { desktop::Store::Get().Execute(sql.c_str()); });
-}
-
-TEST(DataProvider, KnowsTheStyleOfEachItem) {
-  const std::map<std::string, std::vector<const char*>> styles = {
-      {"slider.information", {"biterrlevel", "strength", "quality"}},
-      {"information",
-       {"program", "physical", "modulation", "snr", "status", "antenna", "serviceid", "multiplex", "channelid"}},
-      {"controlpopup", {"bandwidth", "frequence"}},
-      {"weakhistorywindow", {"weakhistory"}}};
-  for (const auto& [style, items] : styles) {
-    for (const char* item : items)
-      EXPECT_EQ(StyleOf((std::string("signal-information-") + item).c_str()), style) << item;
-  }
-  EXPECT_EQ(StyleOf("hdmi-delay-level"), "ctxpopup.bottom");
-  for (const char* id : {"fine-tune", "", "signal-information"}) EXPECT_EQ(StyleOf(id), "!UnKnown");
-  EXPECT_EQ(StyleOf(nullptr), "!untouched");
+TEST(DataProvider, HasAStyleForEachRowOfTheSignalInformation) {
+  Tv tv;
+  desktop::Query rows("SELECT id FROM item WHERE id GLOB 'signal-information-*'");
+  int count = 0;
+  for (; rows.Row(); ++count) EXPECT_NE(StyleOf(rows.Text(0).c_str()), "!UnKnown") << rows.Text(0);
+  EXPECT_GT(count, 10);
+  EXPECT_EQ(StyleOf("signal-information-program"), "information");
+  EXPECT_EQ(StyleOf("signal-information-strength"), "slider.information");
+  EXPECT_EQ(StyleOf("signal-information-frequence"), "controlpopup");
 }
 
 TEST(DataProvider, FailsForNullAndForWhatTheTVDoesNotHave) {
@@ -53,9 +46,11 @@ TEST(DataProvider, FailsForNullAndForWhatTheTVDoesNotHave) {
     EXPECT_FALSE(CMenuDataProvider::GetItemVisible(id));
     EXPECT_EQ(CMenuDataProvider::SetItemValue(id, "1", false), -1);
   }
-  EXPECT_EQ(CMenuDataProvider::SetItemValue("hdmi-delay-level", nullptr, false), -1);
+  EXPECT_EQ(CMenuDataProvider::SetItemValue(kLevel, nullptr, false), -1);
   EXPECT_STREQ(text, "kept");
   EXPECT_STREQ(value, "kept");
+  for (const char* id : {"fine-tune", "", "signal-information"}) EXPECT_EQ(StyleOf(id), "!UnKnown") << id;
+  EXPECT_EQ(StyleOf(nullptr), "!untouched");
 }
 
 TEST(DataProvider, ReadsAndWritesAnItem) {
@@ -63,71 +58,37 @@ TEST(DataProvider, ReadsAndWritesAnItem) {
   const std::string off = Utils::GetTranslationStr("SID_OFF");
   char name[512], value[512];
   const auto values = [&] {
-    EXPECT_TRUE(CMenuDataProvider::GetItemValue("hdmi-delay-level", name, value));
+    EXPECT_TRUE(CMenuDataProvider::GetItemValue(kLevel, name, value));
     return std::string(value) + " " + name;
   };
   for (const auto& [set, expected] : std::vector<std::pair<const char*, std::string>>{
            {"2", "2 2"}, {"Up", "3 3"}, {"Up", "0 " + off}, {"Down", "3 3"}, {"other", "other other"}}) {
-    EXPECT_EQ(CMenuDataProvider::SetItemValue("hdmi-delay-level", set, false), 0);
-    EXPECT_EQ(values(), expected);
+    EXPECT_EQ(CMenuDataProvider::SetItemValue(kLevel, set, false), 0) << set;
+    EXPECT_EQ(values(), expected) << set;
   }
-  Change("UPDATE item SET value = '" + std::string(600, 'x') + "' WHERE id = 'hdmi-delay-level'");
+  tv.SetItem(kLevel, std::string(600, 'x'));
   values();
   EXPECT_EQ(std::string(value), std::string(511, 'x'));
-  for (const char* column : {"enabled", "visible"}) {
-    Change(std::string("UPDATE item SET ") + column + " = 0 WHERE id = 'hdmi-delay-level'");
-  }
-  EXPECT_FALSE(CMenuDataProvider::GetItemEnable("hdmi-delay-level", false));
-  EXPECT_FALSE(CMenuDataProvider::GetItemVisible("hdmi-delay-level"));
+  test::Change("UPDATE item SET enabled = 0, visible = 0 WHERE id = ?", kLevel);
+  EXPECT_FALSE(CMenuDataProvider::GetItemEnable(kLevel, false));
+  EXPECT_FALSE(CMenuDataProvider::GetItemVisible(kLevel));
   EXPECT_TRUE(CMenuDataProvider::GetItemVisible("tv-rating"));
-}
-
-TEST(DataList, MakesChoicesPageRowsOrNothing) {
-  Tv tv;
-  const std::string off = Utils::GetTranslationStr("SID_OFF");
-  DataList choices;
-  choices.Create("hdmi-delay-level");
-  ASSERT_EQ(choices.GetCount(), 4);
-  EXPECT_EQ(choices.GetType(), DataList::LIST_CHOICES);
-  EXPECT_EQ(ValueOf(*choices.GetNode(0)), off + "|0|" + off);
-  EXPECT_EQ(ValueOf(*choices.GetNode(3)), "3|3|3");
-  for (const int outside : {-1, 4}) EXPECT_EQ(choices.GetNode(outside), nullptr);
-  EXPECT_TRUE(test::Logged("[Debug]nIndex : -1,vList.size : 4"));
-  choices.Destroy();
-  EXPECT_EQ(choices.GetCount(), 0);
-
-  DataList rows;
-  rows.Create("signal-information-weakhistory");
-  EXPECT_EQ(rows.GetCount(), 0) << "nobody provides them yet";
-  auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
-  providers["signal-information-weakhistory"] = [](std::vector<DataInfo>& data) {
-    data = {{"First", "1", "One", "row-1", ""}, {"Second", "2", "Two", "", ""}};
-  };
-  rows.Create("signal-information-weakhistory");
-  providers.clear();
-  ASSERT_EQ(rows.GetCount(), 2);
-  EXPECT_EQ(rows.GetType(), DataList::LIST_PAGE);
-  EXPECT_EQ(ValueOf(*rows.GetNode(0)), "First|1|One");
-  EXPECT_EQ(rows.GetNode(0)->GetNodeMenuItemId(), "row-1");
-  EXPECT_EQ(rows.GetNode(1)->GetNodeMenuItemId(), "signal-information-weakhistory");
-
-  DataList none;
-  none.Create("tv-rating");
-  EXPECT_EQ(none.GetCount(), 0);
-  EXPECT_TRUE(test::Logged("[Debug]other case"));
 }
 
 TEST(DataList, FetchesStatesAndTextsOfShownRowsOnly) {
   Tv tv;
-  Singleton<FuncEvents>::GetInstance()->providers["signal-information-weakhistory"] = [](std::vector<DataInfo>& data) {
-    data = {{"", "", "", "hdmi-delay-level", ""}, {"kept", "", "", "tv-rating", ""}, {"", "", "", "fine-tune", ""}};
-  };
   DataList list;
-  list.Create("signal-information-weakhistory");
-  Singleton<FuncEvents>::GetInstance()->providers.clear();
+  auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
+  providers[kHistory] = [](std::vector<DataInfo>& data) {
+    data = {{"", "", "", kLevel, ""}, {"kept", "", "", "tv-rating", ""}, {"Third", "3", "Three", "", ""}};
+  };
+  list.Create(kHistory);
+  providers.clear();
   ASSERT_EQ(list.GetCount(), 3);
+  EXPECT_EQ(ValueOf(*list.GetNode(2)), "Third|3|Three");
+  EXPECT_EQ(list.GetNode(2)->GetNodeMenuItemId(), kHistory) << "what has no ID has its list's";
   list.GetNode(1)->SetShowStatus(ITEM_SHOW_INVISIBLE_NAMED);
-  Change("UPDATE item SET enabled = 0 WHERE id IN ('hdmi-delay-level', 'tv-rating')");
+  test::Change("UPDATE item SET enabled = 0 WHERE id IN (?, 'tv-rating')", kLevel);
   list.FetchEnableStatus();
   EXPECT_EQ(list.GetNode(0)->GetStatus(), ITEM_STATUS_DISABLED);
   EXPECT_EQ(list.GetNode(1)->GetStatus(), ITEM_STATUS_ENABLED);
@@ -141,6 +102,20 @@ TEST(DataList, FetchesStatesAndTextsOfShownRowsOnly) {
   EXPECT_EQ(ValueOf(*list.GetNode(0)), Utils::GetTranslationStr("TV_SID_DIAGNOSIS_HDMI_DEALY_LEVER") + "|0|" +
                                            Utils::GetTranslationStr("SID_OFF"));
   EXPECT_EQ(ValueOf(*list.GetNode(1)), "kept||");
+  for (const int outside : {-1, 3}) EXPECT_EQ(list.GetNode(outside), nullptr);
+  EXPECT_TRUE(test::Logged("[Debug]nIndex : -1,vList.size : 3"));
+  list.Destroy();
+  EXPECT_EQ(list.GetCount(), 0);
+}
+
+TEST(DataList, IsEmptyWhereNobodyProvidesRows) {
+  Tv tv;
+  for (const char* id : {kHistory, "tv-rating"}) {
+    DataList list;
+    list.Create(id);
+    EXPECT_EQ(list.GetCount(), 0) << id;
+  }
+  EXPECT_TRUE(test::Logged("[Debug]other case"));
 }
 
 }  // namespace

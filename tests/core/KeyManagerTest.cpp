@@ -1,62 +1,46 @@
 // Keys of the remote: what is asked of the key router, and what a key does in every window.
 #include <Ecore_Input.h>
 
+#include <algorithm>
+#include <iterator>
+#include <regex>
+#include <sstream>
+
 #include "Harness.h"
 #include "KeyManager.h"
 
 using test::Remote;
+using test::Texts;
 using test::Tv;
 
 namespace {
 
-const std::string kNormal[] = {"XF86Back", "Return", "Up", "Left", "Right", "Down", "XF86AudioStop", "XF86EManual"};
-const std::string kReleased[] = {"XF86Back",
-                                 "Return",
-                                 "Up",
-                                 "Left",
-                                 "Right",
-                                 "Down",
-                                 "XF86WheelRightKey",
-                                 "XF86WheelLeftKey",
-                                 "XF86AudioStop",
-                                 "XF86AudioPlay",
-                                 "XF86AudioPause",
-                                 "XF86PlayBack",
-                                 "XF86Red",
-                                 "XF86Green",
-                                 "XF86EManual",
-                                 "XF86ListHome",
-                                 "XF86ListEnd",
-                                 "XF86VoiceControl",
-                                 "XF86LeftPage",
-                                 "XF86RightPage",
-                                 "XF86UpPage",
-                                 "XF86DownPage"};
+constexpr const char* kRequest = "app_control_send_launch_request";
 
-template <class Keys>
-std::string Request(const Keys& keys, const std::string& mode) {
-  std::string text = "0, ";
-  for (const std::string& key : keys) text += (text.size() > 3 ? " " : "") + key + ":" + mode;
-  return text;
+/// The keys behind "0, ".
+Texts Words(const std::string& request) {
+  std::istringstream words(request.substr(3));
+  return {std::istream_iterator<std::string>(words), {}};
 }
-
-std::vector<std::string> Arguments(Tv& tv, const std::string& operation) {
-  std::vector<std::string> arguments;
-  for (const test::Call& call : tv.Journal(operation)) arguments.push_back(call.arguments);
-  return arguments;
-}
-
-using Texts = std::vector<std::string>;
 
 TEST(KeyRouter, GrabsTheMenusKeysAndGivesThemBack) {
   Tv tv;
-  test::Run({"tv-rating"}, [&](Remote& remote) {
-    EXPECT_EQ(Arguments(tv, "KeyRouter_Set_KeyList"), (Texts{"0, ", Request(kNormal, "5"), Request(kNormal, "2")}));
-    EXPECT_EQ(Arguments(tv, "KeyRouter_Initialize"), Texts{"1"});
-    remote.Press("Back");
-  });
-  EXPECT_EQ(Arguments(tv, "KeyRouter_UnSet_KeyList"), (Texts{Request(kReleased, "5"), Request(kReleased, "2")}));
-  EXPECT_EQ(Arguments(tv, "KeyRouter_Finalize").size(), 1U);
+  test::Run({"tv-rating"}, [](Remote& remote) { remote.Press("Back"); });
+  EXPECT_EQ(tv.ArgumentsOf("KeyRouter_Initialize"), Texts{"1"});
+  const Texts set = tv.ArgumentsOf("KeyRouter_Set_KeyList"), unset = tv.ArgumentsOf("KeyRouter_UnSet_KeyList");
+  ASSERT_EQ(set.size(), 3U);
+  ASSERT_EQ(unset.size(), 2U);
+  EXPECT_EQ(set[0], "0, ") << "what an earlier program asked for is taken back";
+  EXPECT_EQ(set[2], std::regex_replace(set[1], std::regex(":5"), ":2"));
+  EXPECT_EQ(unset[1], std::regex_replace(unset[0], std::regex(":5"), ":2"));
+  const Texts taken = Words(set[1]), given = Words(unset[0]);
+  EXPECT_EQ(taken.size(), 8U);
+  EXPECT_EQ(given.size(), 22U);
+  for (const std::string& key : taken) EXPECT_EQ(std::count(given.begin(), given.end(), key), 1) << key;
+  for (const char* key : {"XF86Back:5", "Return:5", "Up:5", "Down:5", "Left:5", "Right:5"}) {
+    EXPECT_EQ(std::count(taken.begin(), taken.end(), key), 1) << key;
+  }
+  EXPECT_EQ(tv.Calls("KeyRouter_Finalize"), 1U);
   for (const char* line : {"[Debug]Grab Normal Key Ends", "[Debug]UnregisterMenuNormal", "[Debug]UnGrabMenuNormalKey",
                            "[Debug]Del Common Key Handler", "[Debug]Fini key event "}) {
     EXPECT_TRUE(test::Logged(line)) << line;
@@ -64,24 +48,26 @@ TEST(KeyRouter, GrabsTheMenusKeysAndGivesThemBack) {
 }
 
 TEST(KeyRouter, FailuresAreSaidAndKeysStillReachTheWindow) {
-  struct Case {
+  const struct {
     const char* operation;
-    /// Calls that initialise it, and messages that a request failed.
     size_t initialised;
     long messages;
-  };
-  for (const Case& c :
-       {Case{"KeyRouter_Set_KeyList", 1, 3}, Case{"KeyRouter_UnSet_KeyList", 1, 2}, Case{"KeyRouter_Initialize", 1, 0},
-        Case{"display_connect", 0, 0}, Case{"display_global_find", 1, 0}}) {
+  } cases[] = {{"KeyRouter_Set_KeyList", 1, 3},
+               {"KeyRouter_UnSet_KeyList", 1, 2},
+               {"KeyRouter_Initialize", 1, 0},
+               {"display_connect", 0, 0},
+               {"display_global_find", 1, 0}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.operation);
     Tv tv;
     tv.Fail(c.operation);
     test::Run({"tv-rating"}, [&](Remote& remote) {
       remote.Press("Down Back");
       EXPECT_TRUE(remote.HasExited());
     });
-    EXPECT_EQ(tv.Journal("KeyRouter_Initialize").size(), c.initialised) << c.operation;
-    const std::vector<std::string> log = test::Log();
-    EXPECT_EQ(std::count(log.begin(), log.end(), "[Error]FAIL to Set Keyrouter list"), c.messages) << c.operation;
+    EXPECT_EQ(tv.Calls("KeyRouter_Initialize"), c.initialised);
+    const Texts log = test::Log();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "[Error]FAIL to Set Keyrouter list"), c.messages);
   }
 }
 
@@ -108,57 +94,38 @@ TEST(KeyManager, FurtherKeysAreAskedForInBothModesOnceItIsUp) {
     all();
     const Texts expected = {"0, XF86Red:2 XF86Red:5",
                             "0, 0:2 0:5 1:2 1:5 2:2 2:5 3:2 3:5 4:2 4:5 5:2 5:5 6:2 6:5 7:2 7:5 8:2 8:5 9:2 9:5"};
-    EXPECT_EQ(Arguments(tv, "KeyRouter_Set_KeyList"), expected);
-    EXPECT_EQ(Arguments(tv, "KeyRouter_UnSet_KeyList"), expected);
+    EXPECT_EQ(tv.ArgumentsOf("KeyRouter_Set_KeyList"), expected);
+    EXPECT_EQ(tv.ArgumentsOf("KeyRouter_UnSet_KeyList"), expected);
     tv.ClearJournal();
     keys.InitKeyEvent(nullptr);
     EXPECT_TRUE(tv.Journal().empty()) << "a second start asks for nothing";
   });
 }
 
-TEST(KeyManager, ZeroSecondsTakeTheTimeOutAway) {
-  Tv tv;
-  test::Run({"tv-rating"}, [](Remote& remote) {
-    CKeyManager::SetTimeOut(0);
-    remote.Press("Down");
-    remote.Wait(3600);
-    EXPECT_FALSE(remote.HasExited());
-    CKeyManager::SetTimeOut(5);
-    CKeyManager::SetTimeOut(10);
-    remote.Wait(6);
-    EXPECT_FALSE(remote.HasExited()) << "a new time-out takes the place of the old one";
-    remote.Wait(4.1);
-    EXPECT_TRUE(remote.HasExited());
-  });
-}
-
 TEST(KeyManager, TheManualKeyOpensTheManual) {
-  struct Case {
-    const char* failing;
-    const char* message;
+  const struct {
+    const char *failing, *message;
     size_t requests;
-  };
-  for (const Case& c : {Case{nullptr, "[Error]Common Key [XF86EManual]", 1},
-                        Case{"app_control_create", "[Error]app_control_create failed", 0},
-                        Case{"app_control_send_launch_request", "[Error]Failed to send request[-1]", 1}}) {
+  } cases[] = {{nullptr, "[Error]Common Key [XF86EManual]", 1},
+               {"app_control_create", "[Error]app_control_create failed", 0},
+               {kRequest, "[Error]Failed to send request[-1]", 1}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.message);
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
-      tv.ClearJournal();
       if (c.failing) tv.Fail(c.failing);
       remote.Press("XF86EManual");
       EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
     });
-    EXPECT_TRUE(test::Logged(c.message)) << c.message;
-    const Texts requests = Arguments(tv, "app_control_send_launch_request");
-    ASSERT_EQ(requests.size(), c.requests);
-    for (const std::string& request : requests) {
-      EXPECT_EQ(request, R"(org.nyxel.pagelet-host, {"EVENT_TYPE":"4201","WIDGET_ID_SRC":"com.vantrel.tv.quirelle"})");
-    }
-    EXPECT_EQ(tv.Journal("app_control_destroy").size(), c.requests);
+    EXPECT_TRUE(test::Logged(c.message));
+    const Texts request(c.requests,
+                        R"(org.nyxel.pagelet-host, {"EVENT_TYPE":"4201","WIDGET_ID_SRC":"com.vantrel.tv.quirelle"})");
+    EXPECT_EQ(tv.ArgumentsOf(kRequest), request);
+    EXPECT_EQ(tv.Calls("app_control_destroy"), c.requests);
   }
 }
 
-TEST(KeyManager, StopsEveryKeyDownThatItIsGiven) {
+TEST(KeyManager, LivesWithEventsThatAreNoKey) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote&) {
     Ecore_Event_Key key{};
@@ -171,20 +138,53 @@ TEST(KeyManager, StopsEveryKeyDownThatItIsGiven) {
   });
 }
 
-TEST(KeyManager, TheMouseKeepsTheProgramOpenToo) {
+TEST(TimeOut, ComesSixtySecondsAfterTheLastKeyOrMovementOfTheMouse) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
+    remote.Wait(59);
+    remote.Press("Down");
     for (const int type : {ECORE_EVENT_MOUSE_MOVE, ECORE_EVENT_MOUSE_WHEEL, ECORE_EVENT_MOUSE_BUTTON_DOWN,
                            ECORE_EVENT_MOUSE_BUTTON_UP}) {
       remote.Wait(59);
+      EXPECT_FALSE(remote.HasExited()) << "before " << type;
       test::ClearLog();
       ecore_event_add(type, calloc(1, 512), nullptr, nullptr);
       remote.Settle();
-      EXPECT_TRUE(test::Logged("[Debug]Key press ,Reset Timer."));
+      EXPECT_TRUE(test::Logged("[Debug]Key press ,Reset Timer.")) << type;
     }
     remote.Wait(59);
     EXPECT_FALSE(remote.HasExited());
+    EXPECT_FALSE(test::Logged("[Error]TimeOut"));
+    remote.Wait(1);
+    EXPECT_TRUE(remote.HasExited());
+    EXPECT_TRUE(test::Logged("[Error]TimeOut"));
   });
+}
+
+TEST(TimeOut, OpensTheHotelsFactoryMenuInFactoryModeOnly) {
+  const struct {
+    const char *hotel, *factoryMode, *failing, *message;
+    size_t launches;
+  } cases[] = {
+      {"0", "1", nullptr, "[Error]TimeOut", 0},
+      {"1", "0", nullptr, "[Debug] Factory Value : 0", 0},
+      {"1", "1", nullptr, "[Debug] Factory Value : 1", 1},
+      {"1", "1", "vconf_get_bool", "[Debug] Factory Value : 0", 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.hotel) + c.factoryMode + (c.failing ? c.failing : ""));
+    Tv tv;
+    tv.Set("com.vantrel/featureconf/product.b2b_option_support", c.hotel);
+    tv.Set("memory/ephotel/hotelmenu/hotelfactorymode", c.factoryMode);
+    test::Run({"tv-rating"}, [&](Remote& remote) {
+      if (c.failing) tv.Fail(c.failing);
+      remote.Wait(60.1);
+      EXPECT_TRUE(remote.HasExited());
+    });
+    EXPECT_EQ(tv.ArgumentsOf(kRequest), Texts(c.launches, "org.nyxel.innkeeper-factory, {}"));
+    EXPECT_EQ(test::Logged("[Debug] Hotel or LFD "), *c.hotel == '1');
+    EXPECT_TRUE(test::Logged(c.message)) << c.message;
+  }
 }
 
 }  // namespace

@@ -1,33 +1,16 @@
 // The same window on real displays: X11 with a window manager, and Wayland.
-#include <png.h>
-#include <sys/stat.h>
-
 #include <fstream>
 
 #include "Process.h"
 
+using test::kRating;
+using test::Picture;
 using test::Process;
+using test::Texts;
 using test::TvFile;
 using test::Until;
 
 namespace {
-
-const std::string kRating = "db/menu/broadcasting/program_rating_lock/tv_rating/";
-
-struct Picture {
-  unsigned w = 0, h = 0;
-  std::vector<unsigned char> rgb;
-};
-
-Picture Load(const std::string& path) {
-  png_image image{};
-  image.version = PNG_IMAGE_VERSION;
-  if (!png_image_begin_read_from_file(&image, path.c_str())) throw std::runtime_error(path + ": " + image.message);
-  image.format = PNG_FORMAT_RGB;
-  Picture picture{image.width, image.height, std::vector<unsigned char>(PNG_IMAGE_SIZE(image))};
-  png_image_finish_read(&image, nullptr, picture.rgb.data(), 0, nullptr);
-  return picture;
-}
 
 /// Share of the pixels of which a colour is further apart than rounding explains.
 double Difference(const Picture& a, const Picture& b) {
@@ -42,26 +25,23 @@ double Difference(const Picture& a, const Picture& b) {
   return static_cast<double>(different) * 3 / static_cast<double>(a.rgb.size());
 }
 
-/// The picture after a step down and a press, on a new TV.
-Picture Session(const std::vector<std::string>& environment, const std::string& keys = "Down Return") {
+/// What is seen after these keys, on a new TV.
+Picture Session(const Texts& environment, const std::string& keys, const std::string& value) {
   const TvFile tv;
-  const test::Outcome outcome =
-      tv.Program({"tv-rating", "--keys", keys, "--shot", tv / "shot.png", "--dump", "-"}, environment);
+  const test::Outcome outcome = tv.Program({"tv-rating", "--keys", keys, "--shot", tv / "shot.png"}, environment);
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
-  EXPECT_EQ(outcome.errors.find("ERR<"), std::string::npos) << outcome.errors;
-  if (keys == "Down Return") {
-    EXPECT_EQ(tv.Get(kRating + "tv_y7"), "48");
-  }
-  return Load(tv / "shot.png");
+  EXPECT_FALSE(test::Says(outcome.errors, "ERR<")) << outcome.errors;
+  EXPECT_EQ(tv.Get(kRating + "tv_y7"), value);
+  return test::LoadPicture(tv / "shot.png");
 }
 
 /// What is on a display is what is drawn off screen at that size, and that is a window.
-void ExpectDrawn(const std::vector<std::string>& environment, const std::string& size) {
-  const std::vector<std::string> offScreen = {"QUIRELLE_SCREEN=" + size};
-  const Picture wanted = Session(offScreen), got = Session(environment);
+void ExpectDrawn(const Texts& environment, const std::string& size) {
+  const Texts offScreen = {"QUIRELLE_SCREEN=" + size};
+  const Picture wanted = Session(offScreen, "Down Return", "48"), got = Session(environment, "Down Return", "48");
   EXPECT_EQ(std::to_string(got.w) + "x" + std::to_string(got.h), size);
   EXPECT_LT(Difference(wanted, got), 0.001);
-  EXPECT_GT(Difference(got, Session(offScreen, "Back")), 0.4) << "no panel";
+  EXPECT_GT(Difference(got, Session(offScreen, "Back", "0")), 0.4) << "no panel";
 }
 
 class X11 {
@@ -74,11 +54,11 @@ class X11 {
       std::ifstream(m_directory / "number") >> m_number;
       return !m_number.empty();
     });
-    m_manager = std::make_unique<Process>(std::vector<std::string>{"openbox"}, Environment());
+    m_manager = std::make_unique<Process>(Texts{"openbox"}, Environment());
     Until([this] { return Ask({"xdotool", "get_num_desktops"}) == 0; });
   }
-  std::vector<std::string> Environment() const { return {"DISPLAY=:" + m_number}; }
-  int Ask(const std::vector<std::string>& words) const {
+  Texts Environment() const { return {"DISPLAY=:" + m_number}; }
+  int Ask(const Texts& words) const {
     return Process(words, Environment(), m_directory / "answer").Wait().value_or(-1);
   }
   std::string Answer() const { return test::ReadWhole(m_directory / "answer"); }
@@ -90,68 +70,56 @@ class X11 {
   std::string m_number;
 };
 
-TEST(Displays, X11TakesRealKeys) {
+TEST(Displays, X11ShowsTheWindowAndTakesRealKeys) {
   const X11 display;
+  ExpectDrawn(display.Environment(), "1920x1080");
   const TvFile tv;
-  Process program({test::Built("quirelle"), "tv-rating", "--tv", tv.Path()}, display.Environment(), tv / "out");
+  const auto program = tv.Start(display.Environment());
   ASSERT_TRUE(Until([&] {
     return display.Ask({"xdotool", "getwindowfocus", "getwindowname"}) == 0 && display.Answer() == "quirelle\n";
   })) << test::ReadWhole(tv / "out");
   // Answered when the program has come to rest with the focus that it was given.
-  EXPECT_EQ(tv.Tv({"resume"}).status, 0);
+  tv.Do({"resume"});
   const auto press = [&](const char* key, const std::string& remote) {
-    const size_t before = test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]");
+    const auto last = [&] { return test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]"); };
+    const size_t before = last();
     EXPECT_EQ(display.Ask({"xdotool", "key", key}), 0);
-    EXPECT_TRUE(Until([&] { return test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]") != before; }))
-        << key << "\n"
-        << test::ReadWhole(tv / "tv.log");
+    EXPECT_TRUE(Until([&] { return last() != before; })) << key << "\n" << test::ReadWhole(tv / "tv.log");
   };
   press("Down", "Down");
   press("Return", "Return");
   EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "48"; })) << tv.Get(kRating + "tv_y7");
   press("space", "Return");
   EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "0"; })) << test::ReadWhole(tv / "tv.log");
-  EXPECT_FALSE(program.Wait(0)) << "ended too early";
+  EXPECT_FALSE(program->Wait(0)) << "ended too early";
   press("Escape", "XF86Back");
-  EXPECT_EQ(program.Wait(), 0);
-}
-
-TEST(Displays, X11ShowsTheWindow) {
-  const X11 display;
-  ExpectDrawn(display.Environment(), "1920x1080");
+  EXPECT_EQ(program->Wait(), 0);
 }
 
 class Wayland {
  public:
-  explicit Wayland(const std::string& width, const std::string& height)
+  Wayland(const std::string& width, const std::string& height)
       : m_server({"weston", "--backend=headless-backend.so", "--width=" + width, "--height=" + height,
                   "--socket=display", "--idle-time=0"},
-                 {"XDG_RUNTIME_DIR=" + Directory()}, m_directory / "log") {
+                 Environment(), m_directory / "log") {
     Until([this] { return std::filesystem::is_socket(m_directory / "display"); });
   }
-  std::vector<std::string> Environment() const { return {"XDG_RUNTIME_DIR=" + Directory(), "WAYLAND_DISPLAY=display"}; }
+  Texts Environment() const { return {"XDG_RUNTIME_DIR=" + std::string(m_directory / "."), "WAYLAND_DISPLAY=display"}; }
 
  private:
-  std::string Directory() const { return m_directory / "."; }
-
   test::TemporaryDirectory m_directory;
   Process m_server;
 };
 
-TEST(Displays, WaylandShowsAndScalesTheWindow) {
+TEST(Displays, WaylandShowsAndScalesTheWindowAndLetsItGo) {
   for (const auto& [width, height] : {std::pair("1920", "1080"), std::pair("1280", "720")}) {
     const Wayland display(width, height);
     ExpectDrawn(display.Environment(), std::string(width) + "x" + height);
+    const TvFile tv;
+    const auto program = tv.Start(display.Environment());
+    tv.Do({"key", "Escape"});
+    EXPECT_EQ(program->Wait(), 0) << test::ReadWhole(tv / "out");
   }
-}
-
-TEST(Displays, WaylandLetsTheWindowGo) {
-  const Wayland display("1280", "720");
-  const TvFile tv;
-  Process program({test::Built("quirelle"), "tv-rating", "--tv", tv.Path()}, display.Environment(), tv / "out");
-  ASSERT_TRUE(Until([&] { return tv.Tv({"journal"}).output.find("KeyRouter_Set_KeyList") != std::string::npos; }));
-  EXPECT_EQ(tv.Tv({"key", "Escape"}).status, 0);
-  EXPECT_EQ(program.Wait(), 0) << test::ReadWhole(tv / "out");
 }
 
 }  // namespace

@@ -1,13 +1,15 @@
 #include "Process.h"
 
 #include <fcntl.h>
+#include <json/json.h>
+#include <png.h>
 #include <signal.h>
 #include <sqlite3.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -18,23 +20,9 @@ namespace {
 
 constexpr useconds_t kPoll = 10'000;
 
-[[noreturn]] void Become(const std::vector<std::string>& words, const std::vector<std::string>& environment,
-                         const std::string& output) {
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
-  const int descriptor = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  dup2(descriptor, STDOUT_FILENO);
-  dup2(descriptor, STDERR_FILENO);
-  for (const std::string& variable : environment) putenv(const_cast<char*>(variable.c_str()));
-  std::vector<char*> arguments;
-  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  execvp(arguments[0], arguments.data());
-  _exit(127);
-}
-
-std::vector<std::string> OnTv(const std::string& path, std::vector<std::string> words) {
-  words.insert(words.begin(), {"--tv", path});
-  return words;
+std::string OutputOf(const Outcome& outcome) {
+  if (outcome.status != 0) throw std::runtime_error(outcome.errors);
+  return outcome.output;
 }
 
 }  // namespace
@@ -48,12 +36,33 @@ bool Until(const std::function<bool()>& holds, double seconds) {
   return true;
 }
 
-Process::Process(const std::vector<std::string>& words, const std::vector<std::string>& environment,
-                 const std::string& output)
-    : m_pid(fork()) {
+Process::Process(const std::function<void()>& body, const std::string& output) : m_pid(fork()) {
   if (m_pid < 0) throw std::runtime_error("no process");
-  if (m_pid == 0) Become(words, environment, output);
+  if (m_pid > 0) return;
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  const int descriptor = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  dup2(descriptor, STDOUT_FILENO);
+  dup2(descriptor, STDERR_FILENO);
+  try {
+    body();
+  } catch (const std::exception& error) {
+    dprintf(STDERR_FILENO, "%s\n", error.what());
+    _exit(1);
+  }
+  _exit(0);
 }
+
+Process::Process(const Texts& words, const Texts& environment, const std::string& output)
+    : Process(
+          [&] {
+            for (const std::string& variable : environment) putenv(const_cast<char*>(variable.c_str()));
+            std::vector<char*> arguments;
+            for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+            arguments.push_back(nullptr);
+            execvp(arguments[0], arguments.data());
+            throw std::runtime_error(words[0] + " cannot be run");
+          },
+          output) {}
 
 Process::~Process() {
   if (m_status) return;
@@ -79,23 +88,32 @@ std::optional<int> Process::Wait(double seconds) {
 
 std::string Built(const std::string& program) { return std::string(BUILD_DIRECTORY) + "/" + program; }
 
-TvFile::TvFile(const std::string& profile) {
-  const Outcome made = Tv({"new", profile});
-  if (made.status != 0) throw std::runtime_error(made.errors);
+TvFile::TvFile(const std::string& profile) { Do({"new", profile}); }
+
+Outcome TvFile::Run(const char* program, Texts words, const Texts& environment) const {
+  words.insert(words.begin(), {"--tv", Path()});
+  return Execute(program, words, environment);
 }
 
-Outcome TvFile::Tv(std::vector<std::string> words, const std::vector<std::string>& environment) const {
-  return Execute("quirelle-tv", OnTv(Path(), std::move(words)), environment);
-}
+std::string TvFile::Do(const Texts& words) const { return OutputOf(Tv(words)); }
 
-Outcome TvFile::Program(std::vector<std::string> words, const std::vector<std::string>& environment) const {
-  return Execute("quirelle", OnTv(Path(), std::move(words)), environment);
+Json::Value TvFile::Screen(Texts words) const {
+  words.insert(words.end(), {"--dump", "-"});
+  return Parsed(OutputOf(Program(words)));
 }
 
 std::string TvFile::Get(const std::string& key) const {
-  const Outcome got = Tv({"get", key});
-  if (got.status != 0) throw std::runtime_error(got.errors);
-  return got.output.substr(0, got.output.find('\n'));
+  const std::string line = Do({"get", key});
+  return line.substr(0, line.find('\n'));
+}
+
+std::unique_ptr<Process> TvFile::Start(const Texts& environment) const {
+  const Texts words = {Built("quirelle"), "tv-rating", "--tv", Path()};
+  auto program = std::make_unique<Process>(words, environment, *this / "out");
+  if (!Until([this] { return Says(Do({"journal"}), "KeyRouter_Set_KeyList"); })) {
+    throw std::runtime_error(ReadWhole(*this / "out"));
+  }
+  return program;
 }
 
 std::string TvFile::Contents() const {
@@ -106,21 +124,21 @@ std::string TvFile::Contents() const {
   return all;
 }
 
-std::vector<std::string> Rows(const std::string& path, const std::string& sql) {
+Texts Rows(const std::string& path, const std::string& sql) {
   sqlite3* db = nullptr;
-  std::vector<std::string> rows;
-  char* message = nullptr;
+  char** fields = nullptr;
+  int count = 0, columns = 0;
   sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
   sqlite3_busy_timeout(db, 5000);
-  const auto take = [](void* data, int columns, char** values, char**) {
-    std::string row;
-    for (int i = 0; i < columns; ++i) row += std::string(i ? "|" : "") + (values[i] ? values[i] : "NULL");
-    static_cast<std::vector<std::string>*>(data)->push_back(row);
-    return 0;
-  };
-  const int code = sqlite3_exec(db, sql.c_str(), take, &rows, &message);
-  const std::string what = message ? message : "";
-  sqlite3_free(message);
+  const int code = sqlite3_get_table(db, sql.c_str(), &fields, &count, &columns, nullptr);
+  const std::string what = sqlite3_errmsg(db);
+  Texts rows(static_cast<size_t>(count));
+  // The first row has the names of the columns.
+  for (int i = 0; i < count * columns; ++i) {
+    const char* field = fields[columns + i];
+    rows[static_cast<size_t>(i / columns)] += std::string(i % columns ? "|" : "") + (field ? field : "NULL");
+  }
+  sqlite3_free_table(fields);
   sqlite3_close(db);
   if (code != SQLITE_OK) throw std::runtime_error(path + ": " + sql + ": " + what);
   return rows;
@@ -133,8 +151,22 @@ std::string ReadWhole(const std::string& path) {
   return text.str();
 }
 
-bool IsOneLine(const std::string& text) {
-  return text.size() > 1 && text.back() == '\n' && std::count(text.begin(), text.end(), '\n') == 1;
+Json::Value Parsed(const std::string& json) {
+  Json::Value value;
+  std::istringstream(json) >> value;
+  return value;
+}
+
+bool Says(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+Picture LoadPicture(const std::string& path) {
+  png_image image{};
+  image.version = PNG_IMAGE_VERSION;
+  if (!png_image_begin_read_from_file(&image, path.c_str())) throw std::runtime_error(path + ": " + image.message);
+  image.format = PNG_FORMAT_RGB;
+  Picture picture{image.width, image.height, std::vector<unsigned char>(PNG_IMAGE_SIZE(image))};
+  png_image_finish_read(&image, nullptr, picture.rgb.data(), 0, nullptr);
+  return picture;
 }
 
 }  // namespace test

@@ -3,7 +3,6 @@
 
 #include <sys/types.h>
 
-#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -13,6 +12,8 @@
 
 namespace test {
 
+inline const std::string kRating = "db/menu/broadcasting/program_rating_lock/tv_rating/";
+
 /// Polls until `holds` does; false when it has not within so many seconds.
 bool Until(const std::function<bool()>& holds, double seconds = 20);
 
@@ -20,8 +21,9 @@ bool Until(const std::function<bool()>& holds, double seconds = 20);
 class Process {
  public:
   /// `words[0]` is found through PATH; `environment` as NAME=VALUE. Its output goes to `output` when that is given.
-  explicit Process(const std::vector<std::string>& words, const std::vector<std::string>& environment = {},
-                   const std::string& output = "/dev/null");
+  explicit Process(const Texts& words, const Texts& environment = {}, const std::string& output = "/dev/null");
+  /// A process that is a copy of this one and does this.
+  explicit Process(const std::function<void()>& body, const std::string& output = "/dev/null");
   ~Process();
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
@@ -46,21 +48,40 @@ class TvFile {
   std::string operator/(const std::string& name) const { return m_directory / name; }
 
   /// Runs quirelle-tv, or quirelle, on this TV to its end.
-  Outcome Tv(std::vector<std::string> words, const std::vector<std::string>& environment = {}) const;
-  Outcome Program(std::vector<std::string> words, const std::vector<std::string>& environment = {}) const;
+  Outcome Tv(const Texts& words, const Texts& environment = {}) const { return Run("quirelle-tv", words, environment); }
+  Outcome Program(const Texts& words, const Texts& environment = {}) const {
+    return Run("quirelle", words, environment);
+  }
+  /// What quirelle-tv answers when all is well.
+  std::string Do(const Texts& words) const;
+  /// What quirelle shows in the end.
+  Json::Value Screen(Texts words) const;
   std::string Get(const std::string& key) const;
+  /// A program on this TV whose window takes keys.
+  std::unique_ptr<Process> Start(const Texts& environment = {}) const;
   /// What the TV keeps, as text: settings, tree, faults. The journal and who is running are not part of it.
   std::string Contents() const;
 
  private:
+  Outcome Run(const char* program, Texts words, const Texts& environment) const;
+
   TemporaryDirectory m_directory;
 };
 
 /// Rows of a query on a file, columns separated by '|'. Throws with SQLite's message.
-std::vector<std::string> Rows(const std::string& path, const std::string& sql);
+Texts Rows(const std::string& path, const std::string& sql);
 
 std::string ReadWhole(const std::string& path);
-/// The text is one line: not empty, one line feed, at its end.
-bool IsOneLine(const std::string& text);
+
+Json::Value Parsed(const std::string& json);
+
+bool Says(const std::string& text, const std::string& part);
+
+struct Picture {
+  unsigned w = 0, h = 0;
+  std::vector<unsigned char> rgb;
+};
+
+Picture LoadPicture(const std::string& path);
 
 }  // namespace test
