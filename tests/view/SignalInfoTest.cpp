@@ -2,7 +2,6 @@
 #include <set>
 
 #include "EventManager.h"
-#include "Gate.h"
 #include "SignalInfo.h"
 #include "ViewHDMIInfoWindow.h"
 #include "ViewSignalInfoWindow.h"
@@ -222,14 +221,14 @@ TEST(SignalInfo, AFrequencyThatWasNotReadIsNotPutBack) {
 
 // --- the stack -----------------------------------------------------------------------------------
 
-size_t Measurements(Tv& tv) { return tv.Calls("TunerControl::GetSignalQuality"); }
+constexpr const char* kMeasurement = "TunerControl::GetSignalQuality";
 
 TEST(SignalInfo, RestsBelowABoxAndMakesRoomForTheHistory) {
   Tv tv("europe");
   const auto measuresIn = [&](Remote& remote, double seconds) {
     tv.ClearJournal();
     remote.Wait(seconds);
-    return Measurements(tv);
+    return tv.Calls(kMeasurement);
   };
   Open([&](Remote& remote) {
     remote.Post(EVENT_PUSH_VIEW, kBoxID);
@@ -264,7 +263,7 @@ TEST(SignalInfo, RestsBelowABoxAndMakesRoomForTheHistory) {
 TEST(SignalInfo, StaysWhenTheHistoryDoesNotOpen) {
   for (const bool hdmi : {false, true}) {
     Tv tv(hdmi ? "hdmi" : "europe");
-    Run({kHistory}, [&](Remote& remote) {
+    test::Run({kHistory}, [&](Remote& remote) {
       if (hdmi) {
         remote.Push(std::make_unique<CViewHDMIInfoWindow>("hdmi-information"));
       } else {
@@ -313,41 +312,11 @@ TEST(SignalInfo, WithoutRowsItOnlyWaitsToBeClosed) {
     Open([&](Remote& remote) {
       EXPECT_TRUE(Logged("[Debug]vSIData is empty")) << operation;
       remote.Wait(10);
-      EXPECT_EQ(Measurements(tv), 0U) << operation;
+      EXPECT_EQ(tv.Calls(kMeasurement), 0U) << operation;
       EXPECT_EQ(tv.Calls("ST_OPERATION_CALL"), 0U) << operation;
       remote.Wait(55);
       EXPECT_TRUE(remote.HasExited()) << operation;
     });
-  }
-}
-
-/// One visit: a refresh, a zap, on the set-tune type a spinner, and out.
-void Visit() {
-  Open([](Remote& remote) {
-    remote.Wait(kRound);
-    remote.Press("XF86LowerChannel Left Return Up Return Back");
-    if (!remote.HasExited()) remote.Press("Back Back");
-    if (!remote.HasExited()) remote.Wait(61);
-    EXPECT_EQ(TakeGraveToolkitErrors(), Texts());
-  });
-}
-
-TEST(SignalInfo, EachOperationOfAVisitMayFail) {
-  for (const int antenna : {0, 2}) {
-    Tv tv("europe");
-    if (antenna == 0) Receive(antenna);
-    Visit();
-    std::set<std::string> operations;
-    for (const Call& call : tv.Journal()) {
-      if (!desktop::FindOperation(call.operation)->failures.empty()) operations.insert(call.operation);
-    }
-    EXPECT_GT(operations.size(), 30U);
-    for (const std::string& operation : operations) {
-      SCOPED_TRACE(operation);
-      tv.Fail(operation);
-      Visit();
-      tv.Heal();
-    }
   }
 }
 

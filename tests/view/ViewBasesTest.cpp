@@ -1,5 +1,4 @@
 // The bases of all windows, by small windows of the test's own shown in the real program.
-#include "EventManager.h"
 #include "Harness.h"
 #include "RootWindow.h"
 #include "ThemeNames.h"
@@ -12,29 +11,6 @@ using test::Texts;
 using test::Tv;
 
 namespace {
-
-// --- the focus -----------------------------------------------------------------------------------
-
-TEST(Views, HaveTheFocusAfterSeveralThatGoAtOnce) {
-  for (const char* ground :
-       {"hdmi-delay-level", "hdmi-information", "signal-information-weakhistory", "StopFrequency"}) {
-    SCOPED_TRACE(ground);
-    Tv tv("hdmi");
-    tv.Set("db/setting/accessibility/tts", "1");
-    test::Run({ground}, [](Remote& remote) {
-      EXPECT_NE(remote.Focus(), "");
-      for (const char* control : {"signal-information-bandwidth", "user-defined-transponder-symbolrate"}) {
-        remote.Post(EVENT_PUSH_VIEW, 0, 0, new CEventPositionData(control));
-      }
-      for (int views = 0; views < 2; ++views)
-        CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
-      remote.Settle();
-      EXPECT_EQ(test::TakeGraveToolkitErrors(), Texts());
-      EXPECT_EQ(remote.Stack().size(), 1U);
-      EXPECT_NE(remote.Focus(), "");
-    });
-  }
-}
 
 // --- buttons -------------------------------------------------------------------------------------
 
