@@ -16,8 +16,7 @@ namespace {
 
 class ButtonsWindow : public CViewWindowBase {
  public:
-  explicit ButtonsWindow(int count, const char* title = "")
-      : CViewWindowBase("buttons"), m_count(count), m_title(title) {}
+  ButtonsWindow(int count, const char* title) : CViewWindowBase("buttons"), m_count(count), m_title(title) {}
 
   Texts m_calls;
   std::string m_style = theme::kBottomLarge;
@@ -66,7 +65,7 @@ TEST(WindowBase, HasAsManyButtonsAsItAsksFor) {
 TEST(WindowBase, EachButtonCallsItsOwnOperations) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
-    auto* window = remote.Push(std::make_unique<ButtonsWindow>(3));
+    auto* window = remote.Push(std::make_unique<ButtonsWindow>(3, ""));
     EXPECT_TRUE(test::Logged("[Debug]no title for this item - intentionally, due to new policy"));
     EXPECT_EQ(remote.Title(), "");
     const auto took = [&] { return std::exchange(window->m_calls, {}); };
@@ -92,7 +91,7 @@ TEST(WindowBase, AsksForTheHighContrastVariantOfOneStyle) {
     Tv tv;
     tv.Set("db/menu/system/accessibility/highcontrast", c.contrast);
     test::Run({"tv-rating"}, [&](Remote& remote) {
-      auto window = std::make_unique<ButtonsWindow>(0);
+      auto window = std::make_unique<ButtonsWindow>(0, "");
       window->m_style = c.style;
       remote.Push(std::move(window));
       EXPECT_TRUE(test::Logged("[Debug]BaseInfo:Type[2],TmpStyle[" + std::string(c.style) + "]"));
@@ -103,19 +102,16 @@ TEST(WindowBase, AsksForTheHighContrastVariantOfOneStyle) {
 }
 
 TEST(WindowBase, WithoutAMainBaseItStillLivesAndGoes) {
-  struct Case {
-    int type;
-    const char* message;
-  };
-  for (const Case& c : {Case{BASE_TYPE_LAYOUT, "[Error]failed to layout file set"}, Case{3, nullptr}}) {
+  constexpr int kNoType = 3;
+  for (const int type : {static_cast<int>(BASE_TYPE_LAYOUT), kNoType}) {
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
       auto window = std::make_unique<ButtonsWindow>(3, "A title");
       window->m_style = "no-such-group";
-      window->m_type = c.type;
+      window->m_type = type;
       remote.Push(std::move(window));
       test::TakeToolkitErrors();  // the missing group
-      EXPECT_TRUE(!c.message || test::Logged(c.message));
+      EXPECT_EQ(test::Logged("[Error]failed to layout file set"), type != kNoType);
       EXPECT_TRUE(test::Logged("[Debug]Create MainBase Failed"));
       remote.Press("Return 5 Back");
       EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
@@ -134,9 +130,7 @@ TEST(RootWindow, MakesNothingBeforeThereIsAWindow) {
 
 class Notice : public CViewNotifyWindowBase {
  public:
-  explicit Notice(const char* text, bool dim = false) : CViewNotifyWindowBase("notice"), m_text(text) {
-    t_FlagDim = dim;
-  }
+  Notice(const char* text, bool dim) : CViewNotifyWindowBase("notice"), m_text(text) { t_FlagDim = dim; }
 
  protected:
   void t_GetDisplayText(char* buffer) override {
@@ -148,39 +142,30 @@ class Notice : public CViewNotifyWindowBase {
   const char* m_text;
 };
 
-TEST(Notice, ShowsItsTextTranslatedAboveOneButton) {
-  for (const auto& [id, text] :
-       std::map<const char*, const char*>{{"SID_SATELLITE_SELECTION", "Satellite selection"}, {nullptr, "null"}}) {
-    Tv tv;
-    test::Run({"tv-rating"}, [&, id = id, text = text](Remote& remote) {
-      remote.Pop();
-      remote.Push(std::make_unique<Notice>(id));
-      EXPECT_EQ(remote.Texts(), (Texts{text, "OK"}));
-      EXPECT_EQ(remote.Focus(), "OK");
-      EXPECT_TRUE(test::Logged("[Info]displaytext is: " + std::string(id ? id : "null")));
-    });
-  }
-}
-
-TEST(Notice, DimsTheScreenAsLongAsItIsThere) {
+TEST(Notice, ShowsItsTextTranslatedAndDimsTheScreenIfItIsAskedTo) {
+  const struct {
+    const char *id, *text;
+    bool dim;
+  } cases[] = {{"SID_SATELLITE_SELECTION", "Satellite selection", true}, {nullptr, "null", false}};
   const auto isDim = [](Remote& remote) { return remote.ColourAt(10, 10) >> 24 != 0; };
-  for (const bool dim : {false, true}) {
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
       EXPECT_FALSE(isDim(remote));
-      remote.Push(std::make_unique<Notice>("SID_CLOSE", dim));
-      EXPECT_EQ(isDim(remote), dim);
-      if (dim) {
-        CWidgetDim::GetInstance()->Hide();
-        remote.Settle();
-        EXPECT_FALSE(isDim(remote));
-        CWidgetDim::GetInstance()->Show();
-        remote.Settle();
-        EXPECT_TRUE(isDim(remote));
-      }
+      remote.Push(std::make_unique<Notice>(c.id, c.dim));
+      EXPECT_TRUE(remote.Shows(c.text));
+      EXPECT_EQ(remote.Focus(), "OK");
+      EXPECT_TRUE(test::Logged("[Info]displaytext is: " + std::string(c.id ? c.id : "null")));
+      EXPECT_EQ(isDim(remote), c.dim);
+      CWidgetDim::GetInstance()->Hide();
+      remote.Settle();
+      EXPECT_FALSE(isDim(remote));
+      if (c.dim) CWidgetDim::GetInstance()->Show();
+      remote.Settle();
+      EXPECT_EQ(isDim(remote), c.dim);
       remote.Pop();
       EXPECT_FALSE(isDim(remote));
-      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
       EXPECT_EQ(remote.Focus(), "All, TV-Y") << "the focus is back where it was";
     });
   }
@@ -214,7 +199,7 @@ class ProgressWindow : public CViewProgressWindowBase {
   int m_failing;
 };
 
-TEST(Progress, ShowsItsValueInWholePercentCut) {
+TEST(Progress, ShowsItsValueInWholePercentCutAndTakesKeys) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
     remote.Pop();
@@ -232,14 +217,6 @@ TEST(Progress, ShowsItsValueInWholePercentCut) {
     EXPECT_EQ(remote.Texts(), Texts{"100%"}) << "no text follows the value any more";
     EXPECT_EQ(remote.Screen()["progress"].asInt(), 25);
     EXPECT_EQ(remote.Buttons(), Texts{});
-  });
-}
-
-TEST(Progress, ItsBarTakesKeys) {
-  Tv tv;
-  test::Run({"tv-rating"}, [](Remote& remote) {
-    remote.Pop();
-    auto* window = remote.Push(std::make_unique<ProgressWindow>());
     elm_object_focus_allow_set(window->Bar()->GetObject(), EINA_TRUE);
     window->Bar()->SetFocus(true);
     remote.Press("Return 7");
