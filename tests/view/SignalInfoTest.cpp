@@ -145,12 +145,6 @@ TEST(SignalInfo, AChannelThatCannotBeHadChangesNothing) {
 
 // --- setting the tuner ---------------------------------------------------------------------------
 
-/// Types a value into the spinner that stands beside a row.
-void Type(Remote& remote, const std::string& digits) {
-  for (const char digit : digits) remote.Press(std::string(1, digit));
-  remote.Press("Return");
-}
-
 TEST(SignalInfo, RetunesBesideTheRowAndPutsItBack) {
   for (const char* language : {"en_US.utf8", "ar_AE.utf8"}) {
     SCOPED_TRACE(language);
@@ -169,9 +163,12 @@ TEST(SignalInfo, RetunesBesideTheRowAndPutsItBack) {
       EXPECT_EQ(remote.Focus(), frequency + " kHz");
       remote.Press("Up Up Down");
       EXPECT_EQ(remote.Focus(), std::to_string(std::stoi(frequency) + 1) + " kHz");
-      Type(remote, other);
+      EXPECT_EQ(Tuned("frequency"), frequency) << "not before it is entered";
+      for (const char digit : other) remote.Press(std::string(1, digit));
+      remote.Press("Return");
       EXPECT_EQ(remote.Stack(), Texts{kSignalInformation});
       EXPECT_EQ(Tuned("frequency"), other);
+      EXPECT_EQ(tv.Calls("SettingsAPI::SetItemValue"), 0U);
       EXPECT_EQ(remote.Rows()[0].second, other + " kHz");
       EXPECT_NE(remote.Focus(), "");
       Round(tv, remote);
@@ -200,6 +197,8 @@ TEST(SignalInfo, LeavingTheSpinnerLeavesTheTuner) {
     EXPECT_EQ(remote.Focus(), "8 MHz");
     remote.Press("Up");
     EXPECT_EQ(remote.Focus(), "10 MHz");
+    remote.Press("7");
+    EXPECT_EQ(remote.Focus(), "7 MHz");
     remote.Press("Back");
     EXPECT_EQ(remote.ValueOf("Bandwidth"), "8 MHz");
     EXPECT_EQ(remote.Focus(), "Bandwidth");
