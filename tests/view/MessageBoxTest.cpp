@@ -210,7 +210,7 @@ TEST(MessageBox, AConfirmedImportGoesOnWithWhatTheSticksHold) {
     std::vector<int> archives;
     int next;
   } cases[] = {
-      {{}, 2}, {{0}, 2}, {{1}, 2}, {{3}, 11}, {{0, 0}, 2}, {{0, 1}, 2}, {{0, 3}, 11}, {{1, 1}, 12}, {{3, 3}, 12},
+      {{}, 2}, {{0}, 2}, {{1}, 2}, {{2}, 11}, {{0, 0}, 2}, {{0, 1}, 2}, {{0, 2}, 11}, {{1, 1}, 12}, {{2, 2}, 12},
   };
   for (const auto& c : cases) {
     for (const char* menuID : {"import-from-usb", "factory-import-from-usb"}) {
