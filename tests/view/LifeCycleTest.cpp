@@ -12,6 +12,7 @@
 #include "Harness.h"
 #include "Keys.h"
 #include "Screen.h"
+#include "SignalInfo.h"
 #include "View.h"
 #include "ViewTable.h"
 
@@ -46,7 +47,6 @@ constexpr Room kRooms[] = {
     {"europe", "ar_AE.utf8", "1", "0"},  {"brazil", "en_US.utf8", "1", "0"},  {"brazil", "ar_AE.utf8", "0", "1"},
     {"hdmi", "ko_KR.utf8", "1", "1"},    {"hdmi", "ar_AE.utf8", "0", "0"},
 };
-
 constexpr size_t kRoomCount = std::size(kRooms);
 
 std::string NameOf(const Room& room) {
@@ -164,6 +164,11 @@ void ExpectNoErrors(const std::string& where) {
   for (const std::string& error : test::TakeGraveToolkitErrors()) ADD_FAILURE() << where << ": " << error;
 }
 
+bool HasFocus() {
+  const Evas_Object* focus = elm_object_focused_object_get(desktop::Window());
+  return focus && focus != desktop::Window();
+}
+
 bool IsOnGround(Remote& remote) { return remote.Stack() == Texts{kGround}; }
 
 /// False when there is nothing to open now, or it was but a step on the way to nothing.
@@ -174,51 +179,24 @@ bool Open(Remote& remote, const Subject& subject) {
   return !IsOnGround(remote);
 }
 
-/// Keys that did nothing elsewhere are pressed all at once; false when they did something here.
-bool PressTogether(Remote& remote, const std::string& at, const std::set<std::string>& keys) {
-  std::string all;
-  for (const std::string& key : keys) {
-    desktop::PressKey(desktop::RemoteKey(key));
-    all += " " + key;
-  }
-  remote.Settle();
-  ExpectNoErrors(at + all);
-  return !remote.HasExited() && PlaceNow(remote) == at;
-}
-
 /// False when the program has to be started again to go on: a view that hides what it covers leaves no ground.
 bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
-  std::set<std::string> quiet, stirring;
   std::string at = PlaceNow(remote);
   for (int presses = 0; presses < kMostPresses; ++presses) {
-    if (paths[at].empty() && !quiet.empty()) {
-      if (PressTogether(remote, at, quiet)) {
-        for (const std::string& key : quiet) paths[at][key] = at;
-      } else {
-        quiet.clear();
-      }
-    }
-    if (remote.HasExited()) break;
-    if (IsOnGround(remote) && (remote.Focus().empty() || !Open(remote, subject))) return false;
-    at = PlaceNow(remote);
     const std::string key = NextKey(paths, at);
     if (key.empty()) return true;
     remote.Press(key);
     ExpectNoErrors(at + " " + key);
     if (remote.HasExited()) break;
-    const bool closed = IsOnGround(remote);
-    if (closed && remote.Focus().empty()) {
-      paths[at][key] = kClosed;
-      return false;
-    }
-    if (closed && !Open(remote, subject)) return true;
-    const std::string to = PlaceNow(remote);
-    paths[at][key] = to;
-    if (to != at || closed) stirring.insert(key);
-    if (stirring.contains(key)) {
-      quiet.erase(key);
+    std::string& to = paths[at][key];
+    if (IsOnGround(remote)) {
+      to = kClosed;
+      if (remote.Focus().empty()) return false;
+      if (!Open(remote, subject)) return true;
+      to = PlaceNow(remote);
     } else {
-      quiet.insert(key);
+      to = PlaceNow(remote);
+      EXPECT_TRUE(HasFocus()) << at << " " << key;
     }
     at = to;
   }
@@ -226,17 +204,27 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
   return true;
 }
 
+/// With a box and a spinner, which go both at once.
+void Cover(Remote& remote, const std::string& name) {
+  const Texts stack = remote.Stack();
+  if (std::find(stack.begin(), stack.end(), kCover) != stack.end()) return;
+  remote.Post(EVENT_PUSH_VIEW, kCoverID);
+  remote.Post(EVENT_PUSH_VIEW, 0, 0, new CEventPositionData("signal-information-bandwidth"));
+  EXPECT_EQ(remote.Stack().size(), stack.size() + 2) << "above " << name;
+  ExpectNoErrors(name + " covered");
+  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
+  remote.Pop();
+  ExpectNoErrors(name + " uncovered");
+  EXPECT_EQ(remote.Stack(), stack);
+  EXPECT_TRUE(HasFocus()) << name;
+}
+
 void Close(Remote& remote) {
   for (int i = 0; i < 10 && !IsOnGround(remote) && !remote.HasExited(); ++i) remote.Pop();
 }
 
-bool IsOpen(Remote& remote, const char* menuID) {
-  const Texts stack = remote.Stack();
-  return std::find(stack.begin(), stack.end(), menuID) != stack.end();
-}
-
 /// Without paths just for a moment. False when it has to be gone on with in another run.
-bool Visit(Remote& remote, const Subject& subject, Paths* paths) {
+bool Stay(Remote& remote, const Subject& subject, Paths* paths) {
   if (!Open(remote, subject)) return true;
   remote.Wait(kSpeechSeconds);
   if (paths) {
@@ -248,13 +236,7 @@ bool Visit(Remote& remote, const Subject& subject, Paths* paths) {
     }
   }
   if (remote.HasExited() || (IsOnGround(remote) && (remote.Focus().empty() || !Open(remote, subject)))) return true;
-  if (!IsOpen(remote, kCover)) {
-    remote.Post(EVENT_PUSH_VIEW, kCoverID);
-    EXPECT_TRUE(IsOpen(remote, kCover)) << "above " << subject.name;
-    ExpectNoErrors(subject.name + " covered");
-    remote.Pop();
-    ExpectNoErrors(subject.name + " uncovered");
-  }
+  Cover(remote, subject.name);
   remote.Post(EVENT_REFRESH_VIEW);
   remote.Wait(kSpeechSeconds);
   ExpectNoErrors(subject.name + " refreshed");
@@ -286,7 +268,7 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
           const bool isNew = visited.insert(subject.name).second;
           if (!isNew && room > 0) continue;
           const bool walks = next % kRoomCount <= room && walked.insert(subject.name).second;
-          if (Visit(remote, subject, walks ? &paths[subject.name] : nullptr)) continue;
+          if (Stay(remote, subject, walks ? &paths[subject.name] : nullptr)) continue;
           walked.erase(subject.name);
           visited.erase(subject.name);
           return;
@@ -294,9 +276,7 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
       });
     }
   }
-  for (const std::string& name : all) {
-    EXPECT_TRUE(made.contains(name)) << name << " was never made";
-  }
+  for (const std::string& name : all) EXPECT_TRUE(made.contains(name)) << name << " was never made";
   for (const std::string& name : made) {
     EXPECT_TRUE(walked.contains(name)) << name << " was never walked through";
     for (const auto& [place, keys] : Paths(paths[name])) {
@@ -307,22 +287,16 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
 
 // --- the program around a window -----------------------------------------------------------------
 
-struct Ending {
-  const char* name;
-  std::function<void(Remote&)> end;
-  bool exits;
-};
-
-/// They show what is going on, and stay until they are closed.
-constexpr std::string_view kPatient[] = {"signal-information", "hdmi-information"};
-
-bool Waits(std::string_view menuID) {
-  return std::find(std::begin(kPatient), std::end(kPatient), menuID) != std::end(kPatient);
-}
+/// It shows what is going on, and stays until it is closed.
+bool Waits(std::string_view menuID) { return menuID == "signal-information" || menuID == "hdmi-information"; }
 
 constexpr const char* kTimeOut = "time-out";
 
-const Ending kEndings[] = {
+const struct {
+  const char* name;
+  std::function<void(Remote&)> end;
+  bool exits;
+} kEndings[] = {
     {"Back", [](Remote& remote) { remote.Press("Back"); }, true},
     {"exit event", [](Remote& remote) { remote.Post(EVENT_EXIT_APP); }, true},
     {"switched off", [](Remote& remote) { remote.End(); }, true},
@@ -345,7 +319,7 @@ TEST(LifeCycle, EveryWindowEnds) {
   for (const ViewEntry& entry : ViewTable()) {
     if (!entry.make) continue;
     for (size_t way = 0; way < kWays; ++way, ++turn) {
-      const Ending& ending = kEndings[turn % std::size(kEndings)];
+      const auto& ending = kEndings[turn % std::size(kEndings)];
       const Room& room = kRooms[turn % kRoomCount];
       SCOPED_TRACE(std::string(entry.menuID) + ", " + ending.name + ", " + NameOf(room));
       Tv tv(room.profile);
@@ -356,6 +330,53 @@ TEST(LifeCycle, EveryWindowEnds) {
         const bool exits = ending.exits && !(ending.name == kTimeOut && Waits(entry.menuID));
         EXPECT_TRUE(remote.HasExited() || !exits);
       });
+    }
+  }
+}
+
+struct Visit {
+  const char *profile, *menuID, *keys;
+};
+
+/// Whatever fails, a window that has opened can be left.
+void Go(const Visit& visit) {
+  test::Run({visit.menuID}, [&](Remote& remote) {
+    const bool opened = !remote.Stack().empty();
+    remote.Press(visit.keys);
+    if (!remote.HasExited()) remote.Wait(61);
+    EXPECT_TRUE(remote.HasExited() || !opened);
+    ExpectNoErrors(visit.menuID);
+  });
+}
+
+/// Each operation that a visit needs for good, each of its calls once, and all from one on.
+TEST(LifeCycle, AnyCallOfAVisitMayFail) {
+  for (const Visit& visit :
+       {Visit{"america", "tv-rating", "Return Down Right Return Left Return Back"},
+        Visit{"hdmi", "hdmi-information", "Up Return Up Return Down Return Back Back Back"},
+        Visit{"europe", "signal-information", "XF86LowerChannel Left Return Up Return Back Back Back"}}) {
+    Tv tv(visit.profile, 40);
+    // What comes from the air can be tuned by hand.
+    if (std::string_view(visit.profile) == "europe") test::Receive(0);
+    Go(visit);
+    std::set<std::string> operations;
+    for (const test::Call& call : tv.Journal()) {
+      if (!desktop::FindOperation(call.operation)->failures.empty()) operations.insert(call.operation);
+    }
+    EXPECT_GT(operations.size(), 15U) << "so few: is it still the whole visit?";
+    for (const std::string& operation : operations) {
+      SCOPED_TRACE(std::string(visit.menuID) + " without " + operation);
+      tv.Fail(operation);
+      Go(visit);
+      tv.Heal();
+    }
+    for (const bool forGood : {false, true}) {
+      int n = 0;
+      do {
+        SCOPED_TRACE(std::string(visit.menuID) + ", call " + std::to_string(++n) + (forGood ? " and all later" : ""));
+        desktop::Gate::FailNth(n, forGood);
+        Go(visit);
+      } while (desktop::Gate::NthReached());
     }
   }
 }

@@ -59,7 +59,7 @@ TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
 /// What the slider says; numbers run from left to right in every language.
 std::string Offset(int value) { return (value < 0 ? "" : "+") + std::string("\u200e") + std::to_string(value); }
 
-TEST(FineTune, TheTunerFollowsTheSlider) {
+TEST(FineTune, TheTunerFollowsTheSliderRoundBothEnds) {
   Tv tv;
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_EQ(remote.Focus(), "Close");
@@ -68,22 +68,15 @@ TEST(FineTune, TheTunerFollowsTheSlider) {
     remote.Press("Right Right Left");
     EXPECT_EQ(remote.Focus(), Offset(1));
     EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT"), (Texts{"1, 33", "1, 34", "1, 33"}));
-    remote.Press("Down");
-    EXPECT_EQ(remote.Focus(), "Save");
-  });
-}
-
-TEST(FineTune, GoesRoundAtBothEnds) {
-  Tv tv;
-  test::Run({"fine-tune"}, [&](Remote& remote) {
-    remote.Press("Up");
-    for (int i = 0; i < 32; ++i) remote.Press("Left");
+    for (int i = 0; i < 33; ++i) remote.Press("Left");
     EXPECT_EQ(remote.Focus(), Offset(-32));
     remote.Press("Left");
     EXPECT_EQ(remote.Focus(), Offset(32));
     remote.Press("Right");
     EXPECT_EQ(remote.Focus(), Offset(-32));
     EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT").back(), "1, 0");
+    remote.Press("Down");
+    EXPECT_EQ(remote.Focus(), "Save");
   });
 }
 
@@ -146,7 +139,7 @@ TEST(FineTune, BackClosesTheWordAfterAResetAndThenTheWindow) {
 TEST(FineTune, TheWordAfterAResetGoesWithTheWindow) {
   constexpr int kFineTuneWindow = 15;
   Tv tv;
-  test::Run({"signal-information-weakhistory"}, [&](Remote& remote) {
+  test::Run({"signal-information-weakhistory"}, [](Remote& remote) {
     const std::string focus = remote.Focus();
     remote.Post(EVENT_PUSH_VIEW, kFineTuneWindow);
     remote.Press("Left Left Return");

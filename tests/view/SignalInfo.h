@@ -1,4 +1,4 @@
-// The TV of the tests of the signal information.
+// What the tests of the signal information share: the window, its TV, and the round of its refresh.
 #pragma once
 
 #include <string>
@@ -10,6 +10,9 @@ namespace test {
 inline constexpr const char* kSignalInformation = "signal-information";
 /// In seconds; the window refreshes once in it.
 inline constexpr double kRound = 2.05;
+
+/// The program with the window open.
+inline void Open(const Body& body) { Run({kSignalInformation}, body); }
 
 /// Figures of the transponder that the tuner is on.
 inline void SetSignal(const std::string& figures) {

@@ -3,16 +3,9 @@
 
 #include "SignalInfo.h"
 
-using test::kRound;
-using test::Receive;
-using test::Remote;
-using test::SetSignal;
-using test::Texts;
-using test::Tv;
+namespace test {
 
 namespace {
-
-constexpr const char* kWindow = test::kSignalInformation;
 
 /// Blending with what lies below may cost a shade.
 bool IsGood(unsigned int colour) {
@@ -26,7 +19,7 @@ bool IsGood(unsigned int colour) {
 /// The picture stands below the last row: how many of its bars are lit.
 int LitBars(Remote& remote, const std::string& lastRow) {
   constexpr int kRowHeight = 64, kPad = 20, kHeight = 164, kMiddleOfLowest = 34;
-  const test::Place last = remote.PlaceOf(lastRow);
+  const Place last = remote.PlaceOf(lastRow);
   const int y = last.y + last.h / 2 + kRowHeight / 2 + kPad + kHeight - kMiddleOfLowest;
   int lit = 0;
   for (int bar = 0; bar < 10; ++bar) {
@@ -37,7 +30,7 @@ int LitBars(Remote& remote, const std::string& lastRow) {
 
 /// How much of a row's bar is filled, in percent; -1 without a bar.
 int Bar(Remote& remote, const std::string& row) {
-  const test::Place name = remote.PlaceOf(row);
+  const Place name = remote.PlaceOf(row);
   const int left = name.x - 32 + 370, width = 342, y = name.y + name.h / 2;
   int filled = 0;
   const unsigned int ground = remote.ColourAt(name.x - 16, y);
@@ -74,8 +67,8 @@ TEST(SignalInfoLook, EachTypeShowsItsRowsAndDecoration) {
     if (type.antenna >= 0) Receive(type.antenna);
     if (type.country >= 0) tv.Set("system_settings/57", std::to_string(type.country));
     SetSignal("strength = 57");
-    test::Run({kWindow}, [&](Remote& remote) {
-      EXPECT_TRUE(test::Logged("[Debug]nType is [" + std::to_string(type.type) + "] "));
+    Open([&](Remote& remote) {
+      EXPECT_TRUE(Logged("[Debug]nType is [" + std::to_string(type.type) + "] "));
       std::string names, last;
       for (const auto& [name, value] : remote.Rows()) {
         names += (names.empty() ? "" : ", ") + name;
@@ -98,14 +91,14 @@ TEST(SignalInfoLook, EachTypeShowsItsRowsAndDecoration) {
 TEST(SignalInfoLook, ShowsAChannelNameAsItIs) {
   const std::string name = "R&D <b>1</b> &amp; ü";
   Tv tv("europe", 40);
-  test::Change("UPDATE service SET name = '" + name + "'");
-  test::Run({kWindow}, [&](Remote& remote) { EXPECT_TRUE(remote.ValueOf("Channel").ends_with(" " + name)); });
+  Change("UPDATE service SET name = '" + name + "'");
+  Open([&](Remote& remote) { EXPECT_TRUE(remote.ValueOf("Channel").ends_with(" " + name)); });
 }
 
 TEST(SignalInfoLook, ThePictureFollowsTheStrength) {
   Tv tv;
   SetSignal("strength = 100");
-  test::Run({kWindow}, [&](Remote& remote) {
+  Open([&](Remote& remote) {
     EXPECT_EQ(LitBars(remote, "Modulation"), 10);
     for (const auto& [strength, lit] : {std::pair(9, 0), {10, 1}, {57, 5}, {99, 9}}) {
       SetSignal("strength = " + std::to_string(strength));
@@ -123,7 +116,7 @@ TEST(SignalInfoLook, BarsFollowTheFiguresAndAreFullAtTheirMost) {
                {"strength = 25, quality = 100, ber = 500", 25, 100, 25},
                {"strength = 50, quality = 75, ber = 9000", 50, 75, 100}};
   Tv tv("europe");
-  test::Run({kWindow}, [&](Remote& remote) {
+  Open([&](Remote& remote) {
     for (const auto& c : cases) {
       SetSignal(c.figures);
       remote.Wait(kRound);
@@ -143,7 +136,7 @@ TEST(SignalInfoLook, ALocalSetSaysTheStrengthInWords) {
                      {51, "51 (strong)"}, {85, "85 (strong)"},   {86, "86 (very strong)"}};
   Tv tv("europe");
   tv.Set("system_info/284", "94");
-  test::Run({kWindow}, [&](Remote& remote) {
+  Open([&](Remote& remote) {
     EXPECT_EQ(Bar(remote, "Signal strength"), -1);
     EXPECT_GT(Bar(remote, "Signal quality"), 0);
     for (const auto& c : cases) {
@@ -153,10 +146,12 @@ TEST(SignalInfoLook, ALocalSetSaysTheStrengthInWords) {
     }
   });
   tv.Set("system_info/284", "93");
-  test::Run({kWindow}, [](Remote& remote) {
+  Open([](Remote& remote) {
     EXPECT_EQ(remote.ValueOf("Signal strength"), "86");
     EXPECT_NEAR(Bar(remote, "Signal strength"), 86, 3);
   });
 }
 
 }  // namespace
+
+}  // namespace test

@@ -1,5 +1,4 @@
 // The bases of all windows, by small windows of the test's own shown in the real program.
-#include "EventManager.h"
 #include "Harness.h"
 #include "RootWindow.h"
 #include "ThemeNames.h"
@@ -13,38 +12,14 @@ using test::Tv;
 
 namespace {
 
-// --- the focus -----------------------------------------------------------------------------------
-
-TEST(Views, HaveTheFocusAfterSeveralThatGoAtOnce) {
-  for (const char* ground :
-       {"hdmi-delay-level", "hdmi-information", "signal-information-weakhistory", "StopFrequency"}) {
-    SCOPED_TRACE(ground);
-    Tv tv("hdmi");
-    tv.Set("db/setting/accessibility/tts", "1");
-    test::Run({ground}, [](Remote& remote) {
-      EXPECT_NE(remote.Focus(), "");
-      for (const char* control : {"signal-information-bandwidth", "user-defined-transponder-symbolrate"}) {
-        remote.Post(EVENT_PUSH_VIEW, 0, 0, new CEventPositionData(control));
-      }
-      for (int views = 0; views < 2; ++views)
-        CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);
-      remote.Settle();
-      EXPECT_EQ(test::TakeGraveToolkitErrors(), Texts());
-      EXPECT_EQ(remote.Stack().size(), 1U);
-      EXPECT_NE(remote.Focus(), "");
-    });
-  }
-}
-
 // --- buttons -------------------------------------------------------------------------------------
 
 class ButtonsWindow : public CViewWindowBase {
  public:
-  explicit ButtonsWindow(int count, const char* title = "")
-      : CViewWindowBase("buttons"), m_count(count), m_title(title) {}
+  ButtonsWindow(int count, const char* title) : CViewWindowBase("buttons"), m_count(count), m_title(title) {}
 
   Texts m_calls;
-  std::string m_style = theme::kBottomLarge;
+  const char* m_style = theme::kBottomLarge;
   int m_type = BASE_TYPE_POPUP;
 
  protected:
@@ -90,7 +65,7 @@ TEST(WindowBase, HasAsManyButtonsAsItAsksFor) {
 TEST(WindowBase, EachButtonCallsItsOwnOperations) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
-    auto* window = remote.Push(std::make_unique<ButtonsWindow>(3));
+    auto* window = remote.Push(std::make_unique<ButtonsWindow>(3, ""));
     EXPECT_TRUE(test::Logged("[Debug]no title for this item - intentionally, due to new policy"));
     EXPECT_EQ(remote.Title(), "");
     const auto took = [&] { return std::exchange(window->m_calls, {}); };
@@ -108,38 +83,32 @@ TEST(WindowBase, EachButtonCallsItsOwnOperations) {
 
 TEST(WindowBase, AsksForTheHighContrastVariantOfOneStyle) {
   struct Case {
-    const char *contrast, *style, *final;
+    const char *contrast, *menuID, *asked, *final;
   };
-  for (const Case& c : {Case{"0", "picturemodepopup_2017", "picturemodepopup_2017"},
-                        Case{"1", "picturemodepopup_2017", "picturemodepopup_2017_hc"},
-                        Case{"1", theme::kBottomLarge, theme::kBottomLarge}}) {
+  for (const Case& c :
+       {Case{"0", "hdmi-delay-level", "Type[1],TmpStyle[picturemodepopup_2017]", "picturemodepopup_2017"},
+        Case{"1", "hdmi-delay-level", "Type[1],TmpStyle[picturemodepopup_2017]", "picturemodepopup_2017_hc"},
+        Case{"1", "tv-rating", "Type[2],TmpStyle[C_PopupBasic_WhiteBottomLarge]", "C_PopupBasic_WhiteBottomLarge"}}) {
+    SCOPED_TRACE(std::string(c.menuID) + " contrast " + c.contrast);
     Tv tv;
     tv.Set("db/menu/system/accessibility/highcontrast", c.contrast);
-    test::Run({"tv-rating"}, [&](Remote& remote) {
-      auto window = std::make_unique<ButtonsWindow>(0);
-      window->m_style = c.style;
-      remote.Push(std::move(window));
-      EXPECT_TRUE(test::Logged("[Debug]BaseInfo:Type[2],TmpStyle[" + std::string(c.style) + "]"));
-      EXPECT_TRUE(test::Logged("[Debug]Final Style[" + std::string(c.final) + "]"));
-      test::TakeToolkitErrors();  // a theme may have no such style yet
-    });
+    test::Run({c.menuID}, [](Remote&) {});
+    EXPECT_TRUE(test::Logged(std::string("[Debug]BaseInfo:") + c.asked));
+    EXPECT_TRUE(test::Logged(std::string("[Debug]Final Style[") + c.final + "]"));
   }
 }
 
 TEST(WindowBase, WithoutAMainBaseItStillLivesAndGoes) {
-  struct Case {
-    int type;
-    const char* message;
-  };
-  for (const Case& c : {Case{BASE_TYPE_LAYOUT, "[Error]failed to layout file set"}, Case{3, nullptr}}) {
+  constexpr int kNoType = 3;
+  for (const int type : {static_cast<int>(BASE_TYPE_LAYOUT), kNoType}) {
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
       auto window = std::make_unique<ButtonsWindow>(3, "A title");
       window->m_style = "no-such-group";
-      window->m_type = c.type;
+      window->m_type = type;
       remote.Push(std::move(window));
       test::TakeToolkitErrors();  // the missing group
-      EXPECT_TRUE(!c.message || test::Logged(c.message));
+      EXPECT_EQ(test::Logged("[Error]failed to layout file set"), type != kNoType);
       EXPECT_TRUE(test::Logged("[Debug]Create MainBase Failed"));
       remote.Press("Return 5 Back");
       EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
@@ -158,9 +127,7 @@ TEST(RootWindow, MakesNothingBeforeThereIsAWindow) {
 
 class Notice : public CViewNotifyWindowBase {
  public:
-  explicit Notice(const char* text, bool dim = false) : CViewNotifyWindowBase("notice"), m_text(text) {
-    t_FlagDim = dim;
-  }
+  Notice(const char* text, bool dim) : CViewNotifyWindowBase("notice"), m_text(text) { t_FlagDim = dim; }
 
  protected:
   void t_GetDisplayText(char* buffer) override {
@@ -172,39 +139,30 @@ class Notice : public CViewNotifyWindowBase {
   const char* m_text;
 };
 
-TEST(Notice, ShowsItsTextTranslatedAboveOneButton) {
-  for (const auto& [id, text] :
-       std::map<const char*, const char*>{{"SID_SATELLITE_SELECTION", "Satellite selection"}, {nullptr, "null"}}) {
-    Tv tv;
-    test::Run({"tv-rating"}, [&, id = id, text = text](Remote& remote) {
-      remote.Pop();
-      remote.Push(std::make_unique<Notice>(id));
-      EXPECT_EQ(remote.Texts(), (Texts{text, "OK"}));
-      EXPECT_EQ(remote.Focus(), "OK");
-      EXPECT_TRUE(test::Logged("[Info]displaytext is: " + std::string(id ? id : "null")));
-    });
-  }
-}
-
-TEST(Notice, DimsTheScreenAsLongAsItIsThere) {
+TEST(Notice, ShowsItsTextTranslatedAndDimsTheScreenIfItIsAskedTo) {
+  const struct {
+    const char *id, *text;
+    bool dim;
+  } cases[] = {{"SID_SATELLITE_SELECTION", "Satellite selection", true}, {nullptr, "null", false}};
   const auto isDim = [](Remote& remote) { return remote.ColourAt(10, 10) >> 24 != 0; };
-  for (const bool dim : {false, true}) {
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.text);
     Tv tv;
     test::Run({"tv-rating"}, [&](Remote& remote) {
       EXPECT_FALSE(isDim(remote));
-      remote.Push(std::make_unique<Notice>("SID_CLOSE", dim));
-      EXPECT_EQ(isDim(remote), dim);
-      if (dim) {
-        CWidgetDim::GetInstance()->Hide();
-        remote.Settle();
-        EXPECT_FALSE(isDim(remote));
-        CWidgetDim::GetInstance()->Show();
-        remote.Settle();
-        EXPECT_TRUE(isDim(remote));
-      }
+      remote.Push(std::make_unique<Notice>(c.id, c.dim));
+      EXPECT_TRUE(remote.Shows(c.text));
+      EXPECT_EQ(remote.Focus(), "OK");
+      EXPECT_TRUE(test::Logged("[Info]displaytext is: " + std::string(c.id ? c.id : "null")));
+      EXPECT_EQ(isDim(remote), c.dim);
+      CWidgetDim::GetInstance()->Hide();
+      remote.Settle();
+      EXPECT_FALSE(isDim(remote));
+      if (c.dim) CWidgetDim::GetInstance()->Show();
+      remote.Settle();
+      EXPECT_EQ(isDim(remote), c.dim);
       remote.Pop();
       EXPECT_FALSE(isDim(remote));
-      EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
       EXPECT_EQ(remote.Focus(), "All, TV-Y") << "the focus is back where it was";
     });
   }
@@ -238,7 +196,7 @@ class ProgressWindow : public CViewProgressWindowBase {
   int m_failing;
 };
 
-TEST(Progress, ShowsItsValueInWholePercentCut) {
+TEST(Progress, ShowsItsValueInWholePercentCutAndTakesKeys) {
   Tv tv;
   test::Run({"tv-rating"}, [](Remote& remote) {
     remote.Pop();
@@ -256,14 +214,6 @@ TEST(Progress, ShowsItsValueInWholePercentCut) {
     EXPECT_EQ(remote.Texts(), Texts{"100%"}) << "no text follows the value any more";
     EXPECT_EQ(remote.Screen()["progress"].asInt(), 25);
     EXPECT_EQ(remote.Buttons(), Texts{});
-  });
-}
-
-TEST(Progress, ItsBarTakesKeys) {
-  Tv tv;
-  test::Run({"tv-rating"}, [](Remote& remote) {
-    remote.Pop();
-    auto* window = remote.Push(std::make_unique<ProgressWindow>());
     elm_object_focus_allow_set(window->Bar()->GetObject(), EINA_TRUE);
     window->Bar()->SetFocus(true);
     remote.Press("Return 7");
