@@ -9,6 +9,7 @@
 #include "Log.h"
 #include "RootWindow.h"
 #include "RowFocus.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 
@@ -189,7 +190,7 @@ char* WidgetGenList::m_ItemGetText(void* data, Evas_Object*, const char* part) {
   // A page row without a displayed value shows the value itself.
   const char* shown = *text || !*value ? text : value;
   LOG_DEBUG("Part[%s] SetTo[%s]", part, shown);
-  return elm_entry_utf8_to_markup(shown);
+  return elm_entry_utf8_to_markup(Showable(shown));
 }
 
 // --- states --------------------------------------------------------------------------------------

@@ -209,8 +209,8 @@ TEST(Controls, LiveWithAnyStoredText) {
   Tv tv("europe", 0);
   test::Run({kGround}, [&](Remote& remote) {
     for (const std::string& value :
-         Texts{"", std::string(700, '\xff'), std::string(700, 'W'), "\x01\n\t", "x\xc3", "<b>&amp;", "2147483647",
-               "-2147483648", "99999999999999999999", "----", "1e9", "0x10"}) {
+         Texts{"", std::string(700, '\xff'), std::string(700, 'W'), "\x01\n\t", "\xc3", "x\xc3", "<b>&amp;",
+               "2147483647", "-2147483648", "99999999999999999999", "----", "1e9", "0x10"}) {
       for (const char* id : {kFrequency, kRate, kPolarity, "signal-information-bandwidth"}) {
         SCOPED_TRACE(std::string(id) + ": " + value);
         tv.SetItem(id, value);

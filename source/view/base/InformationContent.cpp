@@ -4,6 +4,7 @@
 
 #include "Log.h"
 #include "RowFocus.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "WrapPatterns.h"
@@ -74,5 +75,5 @@ bool NeedsAdjustFontSize() {
 char* FactText(const char* part, const std::string& title, const std::string& value, bool reversed) {
   if (std::string_view(part) == theme::kRowText) return elm_entry_utf8_to_markup(title.c_str());
   const char* valuePart = reversed ? theme::kRowValueTextReversed : theme::kRowValueText;
-  return std::string_view(part) == valuePart ? elm_entry_utf8_to_markup(value.c_str()) : nullptr;
+  return std::string_view(part) == valuePart ? elm_entry_utf8_to_markup(Showable(value.c_str())) : nullptr;
 }

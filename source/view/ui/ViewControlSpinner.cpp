@@ -189,10 +189,11 @@ void CViewControlSpinner::t_Destroy() {
 void CViewControlSpinner::m_ShowText(const std::string& text) {
   m_pDisplayValue = text;
   if (!m_pSpinner) return;
-  elm_spinner_special_value_add(m_pSpinner, 0, text.c_str());
+  const char* shown = Showable(text.c_str());
+  elm_spinner_special_value_add(m_pSpinner, 0, shown);
   elm_spinner_value_set(m_pSpinner, 0);
   // A spinner with arrows writes its value on a button of its own, which one that was made without them lacks.
-  const std::string markup = Utils::WrapMallocdString(elm_entry_utf8_to_markup(text.c_str()));
+  const std::string markup = Utils::WrapMallocdString(elm_entry_utf8_to_markup(shown));
   elm_layout_text_set(m_pSpinner, theme::kLabelText, markup.c_str());
 }
 

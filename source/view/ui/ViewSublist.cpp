@@ -7,6 +7,7 @@
 #include "Log.h"
 #include "RootWindow.h"
 #include "RowFocus.h"
+#include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "app_framework.h"
@@ -88,7 +89,7 @@ bool CViewSublist::m_CreateList() {
 
 char* CViewSublist::m_ItemGetText(void* data, Evas_Object*, const char* part) {
   const auto* choice = static_cast<const Choice*>(data);
-  return std::string_view(part) == theme::kRowText ? elm_entry_utf8_to_markup(choice->name.c_str()) : nullptr;
+  return std::string_view(part) == theme::kRowText ? elm_entry_utf8_to_markup(Showable(choice->name.c_str())) : nullptr;
 }
 
 // --- showing -------------------------------------------------------------------------------------
