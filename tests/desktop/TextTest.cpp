@@ -24,7 +24,8 @@ TEST(CombinateStrings, FillsAndCutsAtACharacter) {
                {"aé", 3, "a"},
                {"닫기", 6, "닫"},
                {"닫기", 4, "닫"},
-               {"닫기", 3, ""}};
+               {"닫기", 3, ""},
+               {"\x80\x80\x80\x80\x80\x80", 5, "\x80\x80\x80\x80"}};
   for (const auto& [format, size, expected] : cases) {
     std::string out(64, '#');
     EXPECT_TRUE(CStringUtil::CombinateStrings(out.data(), size, format, "one", "zwei", nullptr));

@@ -144,7 +144,7 @@ TEST(History, ComparesWhatIsIncomplete) {
 
 TEST(History, ListsTimeAndChannelAnewEachTime) {
   Tv tv("europe", 0);
-  Texts notes = {"0:12:3:2:0:1", Note(At(18, 40), 8), "::", ""};
+  Texts notes = {"-67768040609740800:12:3:2:0:1", Note(At(18, 40), 8), "::", ""};
   std::vector<std::pair<std::string, std::string>> rows = {{"2025/03/02         18:40", "8"}, {kNoTime, "UHD 12-3"}};
   for (const bool again : {false, true}) {
     if (again) {
