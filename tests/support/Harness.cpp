@@ -448,12 +448,15 @@ void Run(const std::vector<std::string>& words, const Body& body) {
 
 Texts TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
 
+bool HasFocus() {
+  const Evas_Object* focus = elm_object_focused_object_get(desktop::Window());
+  const char* name = focus ? evas_object_name_get(focus) : nullptr;
+  return focus && focus != desktop::Window() && !(name && std::string_view(name) == "ground");
+}
+
 Texts TakeGraveToolkitErrors() {
   Texts errors = TakeToolkitErrors();
-  const bool shows = desktop::Window() && !Remote().Stack().empty();
-  const Evas_Object* focus = shows ? elm_object_focused_object_get(desktop::Window()) : nullptr;
-  const char* name = focus ? evas_object_name_get(focus) : nullptr;
-  if (shows && (!focus || (name && std::string_view(name) == "ground"))) return errors;
+  if (desktop::Window() && !Remote().Stack().empty() && !HasFocus()) return errors;
   std::erase_if(errors, [](const std::string& error) { return error.find("Could not fetch a node") != error.npos; });
   return errors;
 }

@@ -152,6 +152,8 @@ using Body = std::function<void(Remote&)>;
 void Run(const std::vector<std::string>& words, const Body& body);
 /// What the toolkit has reported so far; a test that provokes an error takes it here.
 Texts TakeToolkitErrors();
+/// Whether something in a view has the focus.
+bool HasFocus();
 /// The same without the complaint that the focus could not be handed on, as long as something in a view has it or there
 /// is no view any more: the toolkit makes it of a list that opens on its last row, which gets the focus all the same.
 Texts TakeGraveToolkitErrors();

@@ -164,11 +164,6 @@ void ExpectNoErrors(const std::string& where) {
   for (const std::string& error : test::TakeGraveToolkitErrors()) ADD_FAILURE() << where << ": " << error;
 }
 
-bool HasFocus() {
-  const Evas_Object* focus = elm_object_focused_object_get(desktop::Window());
-  return focus && focus != desktop::Window();
-}
-
 bool IsOnGround(Remote& remote) { return remote.Stack() == Texts{kGround}; }
 
 /// False when there is nothing to open now, or it was but a step on the way to nothing.
@@ -196,7 +191,7 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
       to = PlaceNow(remote);
     } else {
       to = PlaceNow(remote);
-      EXPECT_TRUE(HasFocus()) << at << " " << key;
+      EXPECT_TRUE(test::HasFocus()) << at << " " << key;
     }
     at = to;
   }
@@ -216,7 +211,7 @@ void Cover(Remote& remote, const std::string& name) {
   remote.Pop();
   ExpectNoErrors(name + " uncovered");
   EXPECT_EQ(remote.Stack(), stack);
-  EXPECT_TRUE(HasFocus()) << name;
+  EXPECT_TRUE(test::HasFocus()) << name;
 }
 
 void Close(Remote& remote) {
