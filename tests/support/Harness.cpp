@@ -454,6 +454,21 @@ bool HasFocus() {
   return focus && focus != desktop::Window() && !(name && std::string_view(name) == "ground");
 }
 
+size_t CountObjects() {
+  const auto count = [](Evas_Object* object, const auto& self) -> size_t {
+    size_t objects = 1;
+    if (!efl_isa(object, EFL_CANVAS_GROUP_CLASS)) return objects;
+    Eina_List* members = evas_object_smart_members_get(object);
+    void* member;
+    EINA_LIST_FREE(members, member) objects += self(static_cast<Evas_Object*>(member), self);
+    return objects;
+  };
+  size_t objects = 0;
+  Evas_Object* object = evas_object_top_get(evas_object_evas_get(desktop::Window()));
+  for (; object; object = evas_object_below_get(object)) objects += count(object, count);
+  return objects;
+}
+
 Texts TakeGraveToolkitErrors() {
   Texts errors = TakeToolkitErrors();
   if (desktop::Window() && !Remote().Stack().empty() && !HasFocus()) return errors;

@@ -154,6 +154,8 @@ void Run(const std::vector<std::string>& words, const Body& body);
 Texts TakeToolkitErrors();
 /// Whether something in a view has the focus.
 bool HasFocus();
+/// Objects on the screen, shown or not: what a view leaves behind stays until the program ends.
+size_t CountObjects();
 /// The same without the complaint that the focus could not be handed on, as long as something in a view has it or there
 /// is no view any more: the toolkit makes it of a list that opens on its last row, which gets the focus all the same.
 Texts TakeGraveToolkitErrors();

@@ -255,6 +255,7 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
     for (size_t next = 0; next < subjects.size() && !HasFailure();) {
       test::Run({kGround}, [&](Remote& remote) {
         EXPECT_FALSE(remote.Focus().empty());
+        const size_t objects = test::CountObjects();
         for (; next < subjects.size() && !remote.Focus().empty() && !HasFailure(); ++next) {
           const Subject& subject = subjects[next];
           if (subject.window) all.insert(subject.name);
@@ -263,7 +264,11 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
           const bool isNew = visited.insert(subject.name).second;
           if (!isNew && room > 0) continue;
           const bool walks = next % kRoomCount <= room && walked.insert(subject.name).second;
-          if (Stay(remote, subject, walks ? &paths[subject.name] : nullptr)) continue;
+          if (Stay(remote, subject, walks ? &paths[subject.name] : nullptr)) {
+            const size_t left = remote.HasExited() ? objects : test::CountObjects();
+            EXPECT_LE(left, objects) << "once " << subject.name << " had gone";
+            continue;
+          }
           walked.erase(subject.name);
           visited.erase(subject.name);
           return;

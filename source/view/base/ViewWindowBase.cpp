@@ -207,6 +207,11 @@ void CViewWindowBase::t_Hide() {
 
 void CViewWindowBase::t_Destroy() {
   t_UnRegisterButtonKeyEvent();
+  t_GiveFocusUp();
+  // Taken out of the window when it was hidden, they do not go with it.
+  for (Evas_Object* button : t_pDefaultButtons) {
+    if (button) evas_object_del(button);
+  }
   t_pDefaultButtons.fill(nullptr);
   // The toolkit's screen reader trips over a title that is deleted together with its popup.
   if (t_pMainBase && !t_WindowTitle.empty()) elm_object_part_text_set(t_pMainBase, theme::kTitle, nullptr);
