@@ -8,6 +8,7 @@
 
 Evas_Object* CRootWindow::m_pWindow = nullptr;
 Evas_Object* CRootWindow::m_WindowSizeRect = nullptr;
+Evas_Object* CRootWindow::m_pGround = nullptr;
 
 Evas_Object* CRootWindow::GetWindow() {
   if (m_pWindow) return m_pWindow;
@@ -45,17 +46,16 @@ Evas_Object* CRootWindow::GetWindow() {
 /// Lies behind all views, and has had the focus before any: when a view goes the toolkit falls back to it for a moment,
 /// and does not look among the views for one that may be going as well. No arrow key leads to what lies behind it all.
 void CRootWindow::m_AddGround() {
-  Evas_Object* ground = elm_layout_add(m_pWindow);
-  if (!ground) {
+  m_pGround = elm_layout_add(m_pWindow);
+  if (!m_pGround) {
     LOG_ERROR("failed to add layout");
     return;
   }
-  evas_object_name_set(ground, "ground");
-  evas_object_size_hint_weight_set(ground, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
-  elm_win_resize_object_add(m_pWindow, ground);
-  elm_object_focus_allow_set(ground, EINA_TRUE);
-  evas_object_show(ground);
-  elm_object_focus_set(ground, EINA_TRUE);
+  evas_object_size_hint_weight_set(m_pGround, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
+  elm_win_resize_object_add(m_pWindow, m_pGround);
+  elm_object_focus_allow_set(m_pGround, EINA_TRUE);
+  evas_object_show(m_pGround);
+  elm_object_focus_set(m_pGround, EINA_TRUE);
 }
 
 int CRootWindow::AddHint(const char* hint, const char* value) {
@@ -109,7 +109,6 @@ Evas_Object* CRootWindow::m_CreatePopup(const char* style) {
 void CRootWindow::DeleteWindow() {
   if (m_WindowSizeRect) evas_object_del(m_WindowSizeRect);
   if (m_pWindow) evas_object_del(m_pWindow);
-  m_WindowSizeRect = nullptr;
-  m_pWindow = nullptr;
+  m_pWindow = m_WindowSizeRect = m_pGround = nullptr;
   LOG_ERROR("DeleteWindow Done");
 }

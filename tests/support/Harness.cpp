@@ -450,8 +450,7 @@ Texts TakeToolkitErrors() { return std::exchange(g_toolkitErrors, {}); }
 
 bool HasFocus() {
   const Evas_Object* focus = elm_object_focused_object_get(desktop::Window());
-  const char* name = focus ? evas_object_name_get(focus) : nullptr;
-  return focus && focus != desktop::Window() && !(name && std::string_view(name) == "ground");
+  return focus && focus != desktop::Window() && focus != CRootWindow::GetGround();
 }
 
 size_t CountObjects() {

@@ -30,10 +30,15 @@ void SetChoices(const std::string& id, int count) {
 }
 
 /// As a window does for one of its rows.
-void OpenControl(Remote& remote, const char* id, int x = 400, int y = 300, int w = 800) {
+void AskForControl(const char* id, int x = 400, int y = 300, int w = 800) {
   auto* data = new CEventPositionData(id);
   data->SetPositionData(x, y, w);
-  remote.Post(EVENT_PUSH_VIEW, 0, 0, data);
+  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, 0, 0, nullptr, data);
+}
+
+void OpenControl(Remote& remote, const char* id, int x = 400, int y = 300, int w = 800) {
+  AskForControl(id, x, y, w);
+  remote.Settle();
 }
 
 constexpr const char* kWrite = "SettingsAPI::SetItemValue";
@@ -200,6 +205,21 @@ TEST(Spinner, SpeaksEachStepAndOpensTheNumberPad) {
     ASSERT_EQ(launched.size(), 1U);
     EXPECT_EQ(launched[0]["app"].asString(), "org.nyxel.function-osd");
     EXPECT_EQ(launched[0]["extra"]["type"].asString(), "NUM_SPIN");
+  });
+}
+
+/// The toolkit still wants to give the focus to what has gone, and says so the next time that something gets it.
+TEST(Controls, MayGoBeforeTheyHadTheFocus) {
+  Tv tv("europe", 0);
+  test::Run({"signal-information"}, [&](Remote& remote) {
+    for (const char* id : {kFrequency, kPolarity}) {
+      AskForControl(id);
+      remote.Post(EVENT_POP_VIEW);
+      EXPECT_EQ(remote.Focus(), "Close") << id;
+      OpenControl(remote, id);
+      remote.Press("Back");
+      EXPECT_EQ(remote.Focus(), "Close") << id;
+    }
   });
 }
 

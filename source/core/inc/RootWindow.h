@@ -14,6 +14,8 @@ class CRootWindow {
   static Evas_Object* CreateBase(base_type type, const char* styleOrGroup, const char* file);
   /// An invisible rectangle that holds the window at the size of the screen.
   static Evas_Object* GetWindowSizeRect() { return m_WindowSizeRect; }
+  /// What has the focus when nothing in a view does; null without a window.
+  static const Evas_Object* GetGround() { return m_pGround; }
   static void DeleteWindow();
 
   /// A hint to the window manager, by the identifier that adding it gave. The window must be there.
@@ -27,4 +29,5 @@ class CRootWindow {
 
   static Evas_Object* m_pWindow;
   static Evas_Object* m_WindowSizeRect;
+  static Evas_Object* m_pGround;
 };

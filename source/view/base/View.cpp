@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kTimeOutSeconds = 60;
 constexpr double kVoiceDelaySeconds = 0.2;
+/// Where the toolkit keeps, with the window, who gets the focus as soon as it can have it.
+constexpr const char* kNextFocus = "__delayed_focus_set";
 
 }  // namespace
 
@@ -38,7 +40,7 @@ void CView::OnRefresh() { t_Refresh(); }
 void CView::OnPause() {
   const Evas_Object* window = t_pMainBase ? elm_object_top_widget_get(t_pMainBase) : nullptr;
   Evas_Object* focus = window ? elm_object_focused_object_get(window) : nullptr;
-  if (focus && focus != window) m_RememberFocus(focus);
+  if (focus && focus != window && focus != CRootWindow::GetGround()) m_RememberFocus(focus);
   t_Pause();
 }
 
@@ -129,7 +131,13 @@ void CView::t_FocusAgain() {
 }
 
 void CView::t_GiveFocusUp() {
-  if (t_pMainBase) elm_object_tree_focus_allow_set(t_pMainBase, EINA_FALSE);
+  if (!t_pMainBase) return;
+  elm_object_tree_focus_allow_set(t_pMainBase, EINA_FALSE);
+  // The toolkit does not notice when that one goes first.
+  Evas_Object* window = elm_object_top_widget_get(t_pMainBase);
+  const auto* next = static_cast<const Evas_Object*>(evas_object_data_get(window, kNextFocus));
+  while (next && next != t_pMainBase) next = elm_object_parent_widget_get(next);
+  if (next) evas_object_data_del(window, kNextFocus);
 }
 
 void CView::t_SetMainBase(Evas_Object* base) {
