@@ -40,8 +40,8 @@ constexpr long kStay = 250;
 constexpr size_t kRemembered = 40;
 /// Real seconds for one step, on a machine that is busy with others.
 constexpr unsigned int kMostSeconds = 60;
-/// What the toolkit's caches may still grow by in the second half, and what may be lost in a step: the toolkit loses
-/// 32 bytes with each layout that goes, between one and two of which do.
+/// What the toolkit's caches may still grow by in the second half, and by how much in each step: some 45 bytes are lost
+/// with the layouts that go, 32 with each, and as many are kept for further fonts and scripts.
 constexpr long kCaches = 3 * 1024 * 1024;
 constexpr long kLost = 100;
 

@@ -133,7 +133,7 @@ void CView::t_FocusAgain() {
 void CView::t_GiveFocusUp() {
   if (!t_pMainBase) return;
   elm_object_tree_focus_allow_set(t_pMainBase, EINA_FALSE);
-  // The toolkit does not notice when that one goes first.
+  // The toolkit does not notice when what it waits for goes first.
   Evas_Object* window = elm_object_top_widget_get(t_pMainBase);
   const auto* next = static_cast<const Evas_Object*>(evas_object_data_get(window, kNextFocus));
   while (next && next != t_pMainBase) next = elm_object_parent_widget_get(next);

@@ -207,8 +207,8 @@ void CViewWindowBase::t_Hide() {
 
 void CViewWindowBase::t_Destroy() {
   t_UnRegisterButtonKeyEvent();
+  // Taken out of the window when it was hidden, the buttons do not go with it; and none may go that has the focus.
   t_GiveFocusUp();
-  // Taken out of the window when it was hidden, they do not go with it.
   for (Evas_Object* button : t_pDefaultButtons) {
     if (button) evas_object_del(button);
   }
