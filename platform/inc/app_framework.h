@@ -22,7 +22,8 @@ struct ui_app_lifecycle_callback_s {
   void (*app_control)(app_control_h app_control, void* user_data);
 };
 
-/// Runs the program until `ui_app_exit`. 0 on a normal end, otherwise the exit status of the process.
+/// Runs the program until `ui_app_exit`, and returns 0. What cannot be started ends the process here, with an exit
+/// status of its own: the program ends with 0 whatever this returns.
 int ui_app_main(int argc, char** argv, ui_app_lifecycle_callback_s* callbacks, void* user_data);
 
 /// Asks the main loop to end; `terminate` is called on the way out.

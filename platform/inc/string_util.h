@@ -10,4 +10,8 @@ class CStringUtil {
   /// A result that does not fit is cut at a character boundary. False for a null `out` or `format`.
   static bool CombinateStrings(char* out, size_t size, const char* format, const char* s1, const char* s2 = nullptr,
                                const char* s3 = nullptr, const char* s4 = nullptr);
+
+  /// `length` UTF-16 code units as UTF-8 into `out`, cut at a character boundary to `size` bytes with the terminator.
+  /// Half of a pair alone becomes U+FFFD; a null unit ends the text. False for a null `out` or `units`.
+  static bool UnicodeToUtf8(char* out, size_t size, const char16_t* units, int length);
 };

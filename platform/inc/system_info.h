@@ -9,6 +9,7 @@ enum system_info_key_e : int {
   SYSTEM_INFO_KEY_NUM_OF_DTV = 110,
   SYSTEM_INFO_KEY_NUM_OF_ATV = 112,
   SYSTEM_INFO_KEY_REGION_KIND = 127,
+  SYSTEM_INFO_KEY_CHANNEL_LIST_NAME = 128,  ///< what the files of this model's channel lists are called after
   SYSTEM_INFO_KEY_TUNER_KIND = 131,
   SYSTEM_INFO_KEY_LOCAL_SET = 284,
   SYSTEM_INFO_KEY_TV_CURRENT_YEAR = 367,

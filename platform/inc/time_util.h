@@ -18,9 +18,9 @@ class CTimeInfo {
 class CTimeUtil {
  public:
   /// Seconds since the epoch; 0 while the clock is not set.
-  static unsigned long GetCurrentTime();
-  /// 0 set by the broadcast, 1 by hand.
+  static unsigned long long GetCurrentTime();
+  /// 0 set by the broadcast, 1 by hand; negative is failure.
   static int GetClockMode();
-  /// 0 is success.
-  static int ConvertToLocalTime(unsigned long epochSeconds, CTimeInfo& info);
+  /// 0 on success; a negative code otherwise, and then `info` is untouched.
+  static int ConvertToLocalTime(unsigned long long epochSeconds, CTimeInfo& info);
 };

@@ -14,6 +14,7 @@ void ui_config_manager_fini();
 /// 0 and the chip's colour (each 0-255), or -1 for a chip that the TV does not have.
 int ui_config_manager_color_chip_color_get(const char* chip, int* r, int* g, int* b, int* a);
 
+/// 0 on success, a negative code otherwise.
 int vc_elm_initialize();
 int vc_elm_set_auto_register_mode(int mode, int click);
 int vc_elm_deinitialize();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tvs_criteria.h"
+#include "tvs_rating.h"
 #include "tvs_types.h"
 
 /// Base of the proxies. Unless a call says otherwise it returns a value above 0 on success; anything else
@@ -36,6 +37,9 @@ class IServiceNavigation : public ITVSProxy {
   /// Tunes to a transponder without showing a channel; `positioner` lets the dish turn. 1 is success.
   virtual int TuneForFeedingSI(const TSTransponder& transponder, bool positioner) = 0;
   virtual int GetChannelCount(const TCCriteriaHelper& criteria, const TSTvMode& mode, int& count) = 0;
+  /// Begins anew with the list as it is now, which has been replaced: with the channel that the mode showed last, or
+  /// with its first.
+  virtual int ResetService() = 0;
 };
 
 /// The channel database.
@@ -72,8 +76,9 @@ class ITunerControl : public ITVSProxy {
   virtual int GetSignalStrength(int option, unsigned char& strength) = 0;
   virtual int GetSignalQuality(unsigned char& quality) = 0;
   virtual int GetSignalKind(ESignalKind& kind) = 0;
-  /// 0 is failure. Errors per 10^7 bits; hundredths of a decibel.
+  /// 0 is failure, anything else success. Errors per 10^7 bits.
   virtual int GetBER(int& ber) = 0;
+  /// The same. Hundredths of a decibel.
   virtual int GetSNR(int& snr) = 0;
   /// Manual fine tuning of an analogue channel: one byte, 32 is the middle. Preset tries a value, set stores it.
   virtual int ResetMFT() = 0;
@@ -117,31 +122,32 @@ class ISatellite : public ITVSProxy {
 
 class ISatelliteSettings : public ITVSProxy {
  public:
-  /// Negative is failure.
+  /// Negative is failure, also of the next two.
   virtual int GetSatelliteSettings(ESatelliteId satellite, TSSatelliteSettings& settings) = 0;
   virtual int SetSatelliteSettings(ESatelliteId satellite, const TSSatelliteSettings& settings) = 0;
   /// Back to what the set was made with. `kind` 0 and `satellite` -1: everything of all satellites.
   virtual int ResetSatelliteSettings(int kind, int satellite) = 0;
-  /// `selected` is 0 or 1.
+  /// Whether a TV mode's channels come from it: `selected` is 0 or 1. Above 0 is success.
   virtual int GetSatelliteSelected(int satellite, const TSTvMode& mode, unsigned char& selected) = 0;
-  /// Selects these satellites and no others. 1 is success.
+  /// Selects these satellites and no others for what the main picture receives. 1 is success.
   virtual int SetSelectedSatellites(const std::vector<int>& satellites) = 0;
   /// 1 is success, also below. `tuner` is 0 or 1.
   virtual int GetSatCRSettings(unsigned short tuner, TSSatCRSettings& settings) = 0;
   virtual int SetSatCRSlotFrequency(unsigned short tuner, int slotFrequency) = 0;
-  /// Progress in percent of the run that was started last on the tuner.
+  /// Progress in percent of the run that was started last on the tuner, 0 after a stop; the slot that it has found so
+  /// far, 0 and -1 while there is none.
   virtual int GetSatCRDetectStatus(unsigned char& slotNumber, int& slotFrequency, unsigned char& progress,
                                    unsigned short tuner) = 0;
 };
 
 class ISatelliteControl : public ITVSProxy {
  public:
-  /// Negative is failure.
+  /// Negative is failure, also below.
   virtual int SendPositionerCommand(EPositionerCommand command, int parameter) = 0;
   virtual int SendSatCRCommand(unsigned short tuner, ESatCRCommand command, const TSSatCRSettings& settings) = 0;
 };
 
-/// Physical channels of the current antenna. -1 is failure.
+/// Physical channels of the current antenna. -1 is failure, anything else success.
 class IChannelData : public ITVSProxy {
  public:
   virtual int GetDigitalChannelNumber(int& number) = 0;
@@ -152,6 +158,17 @@ class IRatingUtil : public ITVSProxy {
  public:
   /// `unblocked` goes in as 1 and comes out as whether the lock is lifted for now.
   virtual int QueryTempUnblock(int& unblocked, int& childLocked) = 0;
+};
+
+/// The rating system that the broadcast on screen brings along, and the locks of its rating values. A lock is kept
+/// by the set for as long as the broadcast's system stays the same. A dimension or value that the system does not
+/// have is failure.
+class IRatingSystem : public ITVSProxy {
+ public:
+  /// Fills `rating` with the system as it is now; a broadcast without one is failure.
+  virtual int GetRegionRating(TCRegionRating& rating) = 0;
+  virtual int GetRRSLock(int dimension, int value, bool& locked) = 0;
+  virtual int SetRRSLock(int dimension, int value, bool locked) = 0;
 };
 
 /// The channel list as an archive.
@@ -183,6 +200,7 @@ class CTVSApiWrapper {
   ISatelliteSettings* CreateSatelliteSettings();
   ISatelliteControl* CreateSatelliteControl();
   IRatingUtil* CreateRatingUtil();
+  IRatingSystem* CreateRatingSystem(ERRTRegion region);
   IUtil* CreateUtil();
 
  private:

@@ -107,7 +107,7 @@ enum EDVBFECInner : int {
 };
 
 /// Commands of a single-cable run.
-enum ESatCRCommand : int { SATCR_DETECT = 0, SATCR_VERIFY = 1, SATCR_STOP = 2 };
+enum ESatCRCommand : int { SATCR_COMMAND_DETECT = 0, SATCR_COMMAND_VERIFY = 1, SATCR_COMMAND_STOP = 2 };
 
 /// Commands of a dish motor; each goes with one parameter.
 enum EPositionerCommand : int {
@@ -180,7 +180,7 @@ class TSSatelliteSettings : public TCMarshalable {
   int enabled = 1;  ///< 0 for a satellite that the user has switched off
 };
 
-/// Single-cable slot of one tuner; frequency in MHz.
+/// Single-cable slot of one tuner; frequency in MHz, 0 when nothing is stored.
 class TSSatCRSettings : public TCMarshalable {
  public:
   unsigned char slotNumber = 255;

@@ -26,10 +26,12 @@ int usb_device_free_device_list(usb_device_list_h list);
 /// Texts live as long as the device. The mount path is "n/a" for a device that is not mounted.
 const char* usb_device_get_product(usb_device_h device);
 const char* usb_device_get_mountpath(usb_device_h device);
+/// Negative for a null device.
 int usb_device_get_class(usb_device_h device);
 
-/// Calls `callback` on the main loop with every device that comes or goes; the callee frees the device.
-typedef void (*usb_device_connected_cb)(usb_device_h device, void* data);
+/// Calls `callback` on the main loop with every device that comes ("added") or goes ("blocked"), which still says where
+/// it was mounted; the callee frees the device. One callback at a time: a second takes the place of the first.
+typedef void (*usb_device_connected_cb)(usb_device_h device, const char* action, void* data);
 int usb_set_connected_cb(usb_device_connected_cb callback, void* data);
 int usb_unset_connected_cb();
 int free_usb_device_h(usb_device_h device);
