@@ -5,8 +5,8 @@
 
 #include "Profile.h"
 #include "Store.h"
+#include "Text.h"
 #include "Verbs.h"
-#include "tvs/Text.h"
 
 using namespace desktop;
 
@@ -20,8 +20,9 @@ constexpr int kFailure = 1;
 void PrintUsage(FILE* to) {
   std::fputs("quirelle-tv [--tv FILE] VERB ...   (default TV: $QUIRELLE_TV, else $XDG_DATA_HOME/quirelle/tv.db)\n\n",
              to);
-  for (const Verb& verb : Verbs()) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
-  for (const TvVerb& verb : TvServiceVerbs()) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
+  for (const auto family : VerbFamilies()) {
+    for (const Verb& verb : family) std::fprintf(to, "  %-38s %s\n", verb.usage, verb.what);
+  }
 }
 
 /// Takes "--tv FILE" or "--tv=FILE" out of the words, wherever it stands.
@@ -42,21 +43,6 @@ Arguments TakeTv(int argc, char** argv) {
   return words;
 }
 
-/// The TV's own verbs, and those of its reception.
-int RunVerb(const std::string& name, const Arguments& words) {
-  for (const Verb& verb : Verbs()) {
-    if (name != verb.name) continue;
-    if (verb.opens) Store::Open(g_tv);
-    return verb.run(words);
-  }
-  for (const TvVerb& verb : TvServiceVerbs()) {
-    if (name != verb.name) continue;
-    Store::Open(g_tv);
-    return verb.run(words);
-  }
-  throw WordError("unknown verb '" + name + "'; quirelle-tv --help names them");
-}
-
 int Run(int argc, char** argv) {
   Arguments words = TakeTv(argc, argv);
   if (words.empty()) {
@@ -67,9 +53,9 @@ int Run(int argc, char** argv) {
     PrintUsage(stdout);
     return 0;
   }
-  const std::string name = words[0];
-  words.erase(words.begin());
-  const int status = RunVerb(name, words);
+  const Verb& verb = TakeVerb(words);
+  if (verb.opens) Store::Open(g_tv);
+  const int status = verb.run(words);
   Store::Close();
   return status;
 }

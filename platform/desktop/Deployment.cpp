@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "Store.h"
 #include "app_framework.h"
 
 namespace desktop {
@@ -26,12 +27,12 @@ fs::path OwnDirectory() {
 
 Deployment Find() {
   const fs::path own = OwnDirectory();
-  if (fs::exists(own / "profiles")) return {own, own / "locale", own / "profiles", own / "modules"};
+  if (fs::exists(own / "profiles")) return {own, own / "locale", own / "profiles", own / "images"};
   // <prefix>/bin, <prefix>/lib or <prefix>/lib/<architecture>
   fs::path prefix = own.parent_path();
   if (!fs::exists(prefix / "share/quirelle")) prefix = prefix.parent_path();
   const fs::path share = prefix / "share";
-  return {share / "quirelle/edje", share / "locale", share / "quirelle/profiles", share / "quirelle/modules"};
+  return {share / "quirelle/edje", share / "locale", share / "quirelle/profiles", share / "quirelle/images"};
 }
 
 /// Longest prefix first where one holds another.
@@ -43,14 +44,25 @@ struct Mapping {
 constexpr std::string_view kThemes =
     "/usr/apps/com.vantrel.tv.ostrany-resource/shared/res/com.vantrel.tv.quirelle/edje";
 constexpr std::string_view kLocales = "/usr/apps/com.vantrel.tv.quirelle/shared/locale";
+constexpr std::string_view kImages = "/usr/apps/com.vantrel.tv.quirelle/res/images";
+constexpr std::string_view kOwner = "/opt/usr/home/owner/";
 
-const Mapping kMappings[] = {{kThemes, &Deployment::themes}, {kLocales, &Deployment::locales}};
+const Mapping kMappings[] = {
+    {kThemes, &Deployment::themes}, {kLocales, &Deployment::locales}, {kImages, &Deployment::images}};
 
 }  // namespace
 
 const Deployment& Deployed() {
   static const Deployment deployment = Find();
   return deployment;
+}
+
+fs::path OwnerDirectory() {
+  const fs::path tv = fs::absolute(Store::Get().Path());
+  const fs::path directory = tv.parent_path() / ("." + tv.filename().string() + ".owner");
+  std::error_code error;  // who writes there is told
+  fs::create_directories(directory / "share", error);
+  return directory;
 }
 
 }  // namespace desktop
@@ -61,6 +73,9 @@ const char* app_get_deployed_path(const char* path) {
   static std::mutex mutex;
   const std::lock_guard lock(mutex);
   const std::string_view asked(path);
+  if (asked.starts_with(kOwner)) {
+    return known.insert(OwnerDirectory() / asked.substr(kOwner.size())).first->c_str();
+  }
   for (const Mapping& mapping : kMappings) {
     if (!asked.starts_with(mapping.path)) continue;
     const std::string rest(asked.substr(mapping.path.size()));

@@ -25,6 +25,8 @@ namespace {
 /// A longer file is put aside once, under the name with ".1" behind it, when the program starts.
 constexpr off_t kMostBytes = 4 << 20;
 constexpr int kNothing = 1000;
+/// Of lines that have nowhere to go yet: a client may never find its TV.
+constexpr size_t kMostEarly = 200;
 
 std::atomic<int> g_lowest{DLOG_INFO};
 std::atomic<int> g_descriptor{-1};
@@ -56,6 +58,7 @@ int Descriptor() {
 
 void KeepEarly(int priority, const char* line, size_t length) {
   const std::lock_guard lock(g_earlyMutex);
+  if (g_early.size() >= kMostEarly) return;
   g_early.emplace_back(priority, std::string(line, length));
   g_hasEarly = true;
 }

@@ -13,8 +13,7 @@
 #include "Deployment.h"
 #include "Gate.h"
 #include "Schema.h"
-#include "tvs/Text.h"
-#include "tvs/TvProfile.h"
+#include "Text.h"
 
 namespace desktop {
 
@@ -45,7 +44,7 @@ void ReadFile(const fs::path& path, std::vector<ProfileSection>& sections, int d
   if (file.bad()) throw ProfileError(path.string() + ": cannot be read");
 }
 
-long Number(const ProfileLine& line, const std::string& word) {
+int64_t Number(const ProfileLine& line, const std::string& word) {
   const auto number = ToNumber(word);
   if (!number) throw ProfileError(line, "'" + word + "' is no number");
   return *number;
@@ -61,7 +60,7 @@ void WriteSetting(const ProfileLine& line) {
     if (!kept) Query("REPLACE INTO power_on VALUES (?, ?, ?)", key, type, value).Run();
   };
   if (type == "int") {
-    const long number = Number(line, rest);
+    const int64_t number = Number(line, rest);
     if (number < INT32_MIN || number > INT32_MAX) throw ProfileError(line, "'" + rest + "' is too big");
     write(static_cast<int64_t>(number));
   } else if (type == "bool") {
@@ -109,8 +108,8 @@ void WriteItem(const ProfileLine& line, int place) {
 void WriteChip(const ProfileLine& line, int contrast) {
   std::string rest = line.text;
   const std::string name = TakeWord(rest);
-  long part[4];
-  for (long& value : part) {
+  int64_t part[4];
+  for (int64_t& value : part) {
     value = Number(line, TakeWord(rest));
     if (value < 0 || value > 255) throw ProfileError(line, "a colour is 0 to 255");
   }
@@ -237,6 +236,40 @@ std::vector<ProfileSection> ReadProfile(const std::string& name) {
   return sections;
 }
 
+namespace {
+
+std::vector<SectionReaderMaker>& ReaderMakers() {
+  static std::vector<SectionReaderMaker> makers;
+  return makers;
+}
+
+/// What the readers skipped.
+std::vector<std::string> Fill(const std::vector<ProfileSection>& sections, const TvOptions& options) {
+  std::vector<std::unique_ptr<SectionReader>> readers;
+  for (const SectionReaderMaker make : ReaderMakers()) readers.push_back(make());
+  for (const ProfileSection& section : sections) {
+    const auto takes = [&](const auto& reader) { return reader->Takes(section.name); };
+    const auto reader = std::find_if(readers.begin(), readers.end(), takes);
+    if (reader == readers.end()) {
+      WriteSection(section);
+    } else {
+      (*reader)->Read(section);
+    }
+  }
+  std::vector<std::string> skipped;
+  for (const auto& reader : readers) {
+    for (std::string& line : reader->Make(options)) skipped.push_back(std::move(line));
+  }
+  return skipped;
+}
+
+}  // namespace
+
+bool AddSectionReader(SectionReaderMaker make) {
+  ReaderMakers().push_back(make);
+  return true;
+}
+
 std::vector<std::string> MakeTv(const std::string& path, const TvOptions& options, bool replace) {
   const std::vector<ProfileSection> sections = ReadProfile(options.profile);
   const fs::path target(path);
@@ -253,15 +286,7 @@ std::vector<std::string> MakeTv(const std::string& path, const TvOptions& option
     Store::Open(made);
     Store::Get().Write([&] {
       Query("INSERT INTO meta VALUES ('profile', ?)", options.profile).Run();
-      TvProfile reception;
-      for (const ProfileSection& section : sections) {
-        if (TvProfile::Takes(section.name)) {
-          reception.Read(section);
-        } else {
-          WriteSection(section);
-        }
-      }
-      skipped = reception.Make(options.services);
+      skipped = Fill(sections, options);
     });
     Store::Get().Execute("PRAGMA wal_checkpoint(TRUNCATE)");
     Store::Close();

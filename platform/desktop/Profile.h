@@ -1,8 +1,10 @@
 // Profiles: readable text from which a TV is made.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <istream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -38,7 +40,7 @@ std::vector<ProfileSection> ReadProfile(const std::string& name);
 struct TvOptions {
   std::string profile;
   /// Services to make; -1 as many as the profile says.
-  long services = -1;
+  int64_t services = -1;
 };
 
 /// Makes a TV in `path`, as a whole or not at all; what was skipped on the way, a line each. Throws ProfileError
@@ -49,7 +51,22 @@ std::vector<std::string> MakeTv(const std::string& path, const TvOptions& option
 /// Throws ProfileError.
 void ReadProfileText(std::istream& text, const std::filesystem::path& path, std::vector<ProfileSection>& sections,
                      int includes);
-/// Writes a section that is no TvProfile's into the open TV. Throws ProfileError.
+/// Reads sections that are more than lines to be written, and makes of them what belongs to the TV.
+class SectionReader {
+ public:
+  virtual ~SectionReader() = default;
+  virtual bool Takes(const std::string& section) const = 0;
+  /// Throws ProfileError for a line that cannot be read.
+  virtual void Read(const ProfileSection& section) = 0;
+  /// Fills the TV; called once, after the last section and within the transaction that makes the TV. Returns what was
+  /// skipped, a line each.
+  virtual std::vector<std::string> Make(const TvOptions& options) = 0;
+};
+using SectionReaderMaker = std::unique_ptr<SectionReader> (*)();
+/// From now on each TV is made with such a reader too; true, so that a reader can register itself.
+bool AddSectionReader(SectionReaderMaker make);
+
+/// Writes a section that no SectionReader takes into the open TV. Throws ProfileError.
 void WriteSection(const ProfileSection& section);
 
 /// The next word of a line, taken off its front; empty at its end.

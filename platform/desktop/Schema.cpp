@@ -47,11 +47,25 @@ CREATE TABLE fault (operation TEXT PRIMARY KEY, result TEXT NOT NULL, times INTE
 -- TV service: what the set receives. Frequencies in kHz, symbol rates in kBd; null is not known.
 CREATE TABLE satellite (
   id INTEGER PRIMARY KEY, name TEXT NOT NULL, position INTEGER NOT NULL, user_defined INTEGER NOT NULL DEFAULT 0,
-  selected INTEGER NOT NULL DEFAULT 0, lnb_power INTEGER NOT NULL DEFAULT 1, slot INTEGER NOT NULL DEFAULT 1,
+  motorised INTEGER NOT NULL DEFAULT 0, lnb_power INTEGER NOT NULL DEFAULT 1, slot INTEGER NOT NULL DEFAULT 1,
   diseqc INTEGER NOT NULL DEFAULT 0, low INTEGER NOT NULL DEFAULT 9750000, high INTEGER NOT NULL DEFAULT 10600000,
   switch INTEGER NOT NULL DEFAULT 11300000, voltage INTEGER NOT NULL DEFAULT 18, tone INTEGER NOT NULL DEFAULT 2,
   user_band INTEGER NOT NULL DEFAULT 0
 );
+-- the satellites in use in each TV mode; those of antenna -1 hold for the modes without a choice of their own, and a
+-- mode that has one has satellite 0 too
+CREATE TABLE selected (
+  antenna INTEGER NOT NULL, service_mode INTEGER NOT NULL, satellite INTEGER NOT NULL,
+  PRIMARY KEY (antenna, service_mode, satellite)
+) WITHOUT ROWID;
+-- what an installer changes, as the TV was made
+CREATE TABLE made_satellite (
+  id INTEGER PRIMARY KEY, position INTEGER NOT NULL, lnb_power INTEGER NOT NULL, slot INTEGER NOT NULL,
+  diseqc INTEGER NOT NULL, low INTEGER NOT NULL, high INTEGER NOT NULL, switch INTEGER NOT NULL,
+  voltage INTEGER NOT NULL, tone INTEGER NOT NULL, user_band INTEGER NOT NULL
+);
+CREATE TABLE made_setting (key TEXT PRIMARY KEY, value NOT NULL) WITHOUT ROWID;
+CREATE TABLE made_satcr (tuner INTEGER PRIMARY KEY, slot INTEGER NOT NULL, frequency INTEGER NOT NULL);
 -- satellite is null for a physical channel of air or cable; figures: percent, percent, errors per 10^7 bits, dB/100
 CREATE TABLE transponder (
   id INTEGER PRIMARY KEY, satellite INTEGER, antenna INTEGER NOT NULL, number INTEGER, label TEXT,
@@ -98,19 +112,43 @@ CREATE TABLE broadcaster (
 CREATE TABLE operator_profile (
   slot INTEGER PRIMARY KEY, name TEXT NOT NULL, antenna INTEGER NOT NULL, service_mode INTEGER NOT NULL
 );
-CREATE TABLE satcr (
-  tuner INTEGER PRIMARY KEY, slot INTEGER NOT NULL, frequency INTEGER NOT NULL, line_slot INTEGER NOT NULL,
-  line_frequency INTEGER NOT NULL, command INTEGER NOT NULL DEFAULT 2, began INTEGER NOT NULL DEFAULT 0
+-- single cable: its user bands in MHz, and who else is on them; what the tuners have stored (255 and 0: nothing), the
+-- command that each got last, when it came and how many milliseconds its run takes
+CREATE TABLE satcr_band (
+  number INTEGER PRIMARY KEY, frequency INTEGER NOT NULL UNIQUE, occupant TEXT NOT NULL DEFAULT ''
 );
+CREATE TABLE satcr (
+  tuner INTEGER PRIMARY KEY, slot INTEGER NOT NULL DEFAULT 255, frequency INTEGER NOT NULL DEFAULT 0,
+  command INTEGER NOT NULL DEFAULT 2, began INTEGER NOT NULL DEFAULT 0, lasts INTEGER NOT NULL DEFAULT 0
+);
+-- the dish. Angles of its motor in hundredths of a degree, east is above 0; zero is the orbital position at 0. It turns
+-- from origin to target since began, at speed in a second.
+CREATE TABLE dish (
+  id INTEGER PRIMARY KEY DEFAULT 1, motor INTEGER NOT NULL DEFAULT 0, zero INTEGER NOT NULL DEFAULT 0,
+  origin INTEGER NOT NULL DEFAULT 0, target INTEGER NOT NULL DEFAULT 0, began INTEGER NOT NULL DEFAULT 0,
+  speed INTEGER NOT NULL DEFAULT 200, east_limit INTEGER, west_limit INTEGER, command INTEGER, parameter INTEGER
+);
+INSERT INTO dish DEFAULT VALUES;
+CREATE TABLE dish_slot (slot INTEGER PRIMARY KEY, angle INTEGER NOT NULL);
+-- the rating system that a broadcast brings along; a name is the stream's bytes (UTF-16 big-endian), null is none
+CREATE TABLE rating_region (region INTEGER PRIMARY KEY, name BLOB);
+CREATE TABLE rating_dimension (
+  region INTEGER NOT NULL, place INTEGER NOT NULL, name BLOB, PRIMARY KEY (region, place)
+) WITHOUT ROWID;
+CREATE TABLE rating_value (
+  region INTEGER NOT NULL, dimension INTEGER NOT NULL, place INTEGER NOT NULL, name BLOB,
+  locked INTEGER NOT NULL DEFAULT 0, PRIMARY KEY (region, dimension, place)
+) WITHOUT ROWID;
 -- single numbers of the service: broadcaster, category, category_parameter, country_letters, clock_mode,
--- clock_hours (12 or 24), ...
+-- clock_hours (12 or 24), satcr_duration (milliseconds), satcr_outcome (-1 by the cable, 0 none, else MHz), ...
 CREATE TABLE tv_state (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
 )sql";
 
 const char* const kServiceIndexSql = R"sql(
 CREATE INDEX IF NOT EXISTS service_order ON service (antenna, service_mode, major, minor, id);
 CREATE INDEX IF NOT EXISTS service_frequency ON service (frequency, bandwidth);
-CREATE INDEX IF NOT EXISTS service_satellite ON service (satellite);
+-- counts the channels of each satellite without a look at them
+CREATE INDEX IF NOT EXISTS service_satellite ON service (satellite, antenna, service_mode);
 )sql";
 
 void PowerOn(Store& store, const std::string& bootId) {

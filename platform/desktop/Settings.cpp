@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Gate.h"
+#include "Text.h"
 #include "system_info.h"
-#include "tvs/Text.h"
 #include "vconf.h"
 
 namespace desktop {

@@ -11,7 +11,7 @@
 
 #include "Gate.h"
 #include "Schema.h"
-#include "tvs/Text.h"
+#include "Text.h"
 
 namespace desktop {
 
@@ -80,8 +80,17 @@ Store& Store::Get() {
   return *Current();
 }
 
+namespace {
+
+[[noreturn]] void Refuse(const std::string& path, int error) {
+  const std::string make = error == ENOENT ? "; to make a TV there: quirelle-tv new PROFILE --tv '" + path + "'" : "";
+  throw StoreError(path + ": " + std::strerror(error) + make, SQLITE_CANTOPEN);
+}
+
+}  // namespace
+
 Store::Store(const std::string& path) : m_path(path) {
-  if (access(path.c_str(), F_OK) != 0) throw StoreError(path + ": " + std::strerror(errno), SQLITE_CANTOPEN);
+  if (access(path.c_str(), F_OK) != 0) Refuse(path, errno);
   const int code = sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code);
@@ -230,6 +239,14 @@ Query& Query::Bind(std::string_view value) {
   return *this;
 }
 
+Query& Query::Bind(const std::optional<Blob>& value) {
+  if (!value) return Bind(nullptr);
+  // Without an address SQLite would take no bytes for null.
+  const char* bytes = value->bytes.empty() ? "" : value->bytes.data();
+  sqlite3_bind_blob64(m_statement, ++m_bound, bytes, value->bytes.size(), m_copies ? SQLITE_TRANSIENT : SQLITE_STATIC);
+  return *this;
+}
+
 Query& Query::Bind(std::nullptr_t) {
   sqlite3_bind_null(m_statement, ++m_bound);
   return *this;
@@ -261,6 +278,12 @@ std::string Query::Text(int column) const {
   return text ? std::string(reinterpret_cast<const char*>(text),
                             static_cast<size_t>(sqlite3_column_bytes(m_statement, column)))
               : std::string();
+}
+
+std::optional<std::string> Query::Bytes(int column) const {
+  if (IsNull(column)) return {};
+  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
+  return bytes ? std::string(bytes, static_cast<size_t>(sqlite3_column_bytes(m_statement, column))) : std::string();
 }
 
 bool Query::IsNull(int column) const { return sqlite3_column_type(m_statement, column) == SQLITE_NULL; }

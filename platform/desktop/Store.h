@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -24,7 +25,7 @@ class StoreError : public std::runtime_error {
 class Store {
  public:
   /// Schema that this program reads and writes.
-  static constexpr int kSchema = 2;
+  static constexpr int kSchema = 3;
 
   /// Opens the TV in `path`; a TV that is already open is closed first. Throws StoreError when the file is
   /// missing, is no TV, or was made by a program with a newer schema.
@@ -74,6 +75,11 @@ class Store {
   bool m_durable = true;
 };
 
+/// Bytes that are no text.
+struct Blob {
+  std::string_view bytes;
+};
+
 /// One run of a prepared statement; holds the connection while it lives.
 class Query {
  public:
@@ -85,20 +91,21 @@ class Query {
   Query(const Query&) = delete;
   Query& operator=(const Query&) = delete;
 
-  /// Binds the next parameter. Texts are copied.
+  /// Binds the next parameter. Texts and bytes are copied.
   Query& Bind(int value) { return Bind(static_cast<int64_t>(value)); }
   Query& Bind(int64_t value);
   Query& Bind(double value);
   Query& Bind(std::string_view value);
   Query& Bind(const char* value) { return Bind(std::string_view(value)); }
   Query& Bind(const std::string& value) { return Bind(std::string_view(value)); }
+  Query& Bind(const std::optional<Blob>& value);
   Query& Bind(std::nullptr_t);
 
   /// Steps to the next row; false when there is none.
   bool Row();
   /// Runs a statement to its end; returns the number of rows that it changed.
   int Run();
-  /// Runs it once more with other parameters, whose texts are not copied.
+  /// Runs it once more with other parameters, whose texts and bytes are not copied.
   template <class... Values>
   int RunWith(const Values&... values) {
     Rewind();
@@ -108,11 +115,13 @@ class Query {
 
   int64_t Int(int column) const;
   std::string Text(int column) const;
+  /// Nothing where the column is null.
+  std::optional<std::string> Bytes(int column) const;
   bool IsNull(int column) const;
 
  private:
   Query(Store& store, std::string_view sql);
-  /// Texts that are bound from here on outlive the run.
+  /// What is bound from here on outlives the run.
   void Rewind();
 
   Store& m_store;

@@ -1,14 +1,41 @@
+#include "Tree.h"
+
 #include <libintl.h>
 
+#include <algorithm>
 #include <charconv>
+#include <vector>
 
 #include "Gate.h"
 #include "settings_api.h"
-#include "tvs/SignalItems.h"
 
 namespace desktop {
 
 namespace {
+
+std::vector<ItemOwner>& Owners() {
+  static std::vector<ItemOwner> owners;
+  return owners;
+}
+
+/// What an item's owner says of its value; the stored one without an owner.
+std::string ValueOf(const std::string& id, const std::string& stored) {
+  for (const ItemOwner& owner : Owners()) {
+    if (auto text = owner.text(id)) return *text;
+  }
+  return stored;
+}
+
+bool IsShown(const std::string& id) {
+  return std::all_of(Owners().begin(), Owners().end(), [&](const ItemOwner& owner) { return owner.isShown(id); });
+}
+
+std::string Displayed(const std::string& id, std::string value) {
+  for (const ItemOwner& owner : Owners()) {
+    if (owner.displayed) value = owner.displayed(id, value);
+  }
+  return value;
+}
 
 using Choices = std::vector<std::pair<std::string, std::string>>;
 
@@ -30,20 +57,55 @@ bool ReadItem(const std::string& id, std::string& value, std::string& name) {
   return true;
 }
 
-/// The value one step on; the last choice is followed by the first.
-std::string Stepped(const std::string& id, const std::string& value, int step) {
-  const Choices choices = ReadChoices(id);
+/// The choice one step on; the last one is followed by the first, and so is a value that is none of them.
+std::string SteppedChoice(const Choices& choices, const std::string& value, int step) {
   const auto count = static_cast<int>(choices.size());
   for (int i = 0; i < count; ++i) {
     if (choices[static_cast<size_t>(i)].first == value) {
       return choices[static_cast<size_t>((i + step + count) % count)].first;
     }
   }
+  return choices[step > 0 ? 0 : choices.size() - 1].first;
+}
+
+std::string SteppedNumber(const std::string& value, int step) {
   int number = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
   // There is no next one to a number that nobody can read.
   if (error == std::errc::result_out_of_range) return value;
   return std::to_string(int64_t{number} + step);
+}
+
+bool IsStep(const std::string& value) { return value == "Up" || value == "Down"; }
+
+int StepOf(const std::string& value) { return value == "Up" ? 1 : -1; }
+
+/// Whether an owner has taken the value; nothing for an item without one.
+std::optional<bool> SetOwned(const std::string& id, const std::string& value) {
+  for (const ItemOwner& owner : Owners()) {
+    if (const auto taken = owner.set(id, value)) return taken;
+  }
+  return {};
+}
+
+bool SetStored(const std::string& id, const std::string& value) {
+  return Query("UPDATE item SET value = ? WHERE id = ?", value, id).Run() > 0;
+}
+
+/// `value` becomes what the item then has.
+bool Change(const std::string& id, std::string& value) {
+  std::string stored, title;
+  if (!ReadItem(id, stored, title)) return false;
+  const Choices choices = IsStep(value) ? ReadChoices(id) : Choices();
+  const std::string old = ValueOf(id, stored);
+  if (!choices.empty()) value = SteppedChoice(choices, old, StepOf(value));
+  if (const auto taken = SetOwned(id, value)) {
+    ReadItem(id, stored, title);
+    value = ValueOf(id, stored);
+    return *taken;
+  }
+  if (IsStep(value)) value = SteppedNumber(old, StepOf(value));
+  return SetStored(id, value);
 }
 
 class Tree : public SettingsAPI {
@@ -52,9 +114,10 @@ class Tree : public SettingsAPI {
     return Gate::Pass<bool>(op::SettingsAPI_GetItemValue, Entry(id), [&](Entry& entry) {
       std::string text, title;
       if (!ReadItem(id, text, title)) return false;
-      value = name = SignalItemText(id).value_or(text);
+      value = ValueOf(id, text);
+      name = Displayed(id, value);
       for (const auto& [choice, displayed] : ReadChoices(id)) {
-        if (choice == text) name = displayed;
+        if (choice == value) name = displayed;
       }
       entry.Out(value);
       return true;
@@ -103,16 +166,11 @@ class Tree : public SettingsAPI {
 
   int SetItemValue(const std::string& id, const std::string& value, bool silent) override {
     return Gate::Pass<int>(op::SettingsAPI_SetItemValue, Entry(id, value, silent), [&](Entry& entry) {
-      int changed = 0;
-      Store::Get().Write([&] {
-        std::string stored = value, old, title;
-        if ((value == "Up" || value == "Down") && ReadItem(id, old, title)) {
-          stored = Stepped(id, old, value == "Up" ? 1 : -1);
-        }
-        changed = Query("UPDATE item SET value = ? WHERE id = ?", stored, id).Run();
-        entry.Out(stored);
-      });
-      return changed > 0 ? 0 : -1;
+      bool changed = false;
+      std::string taken = value;
+      Store::Get().Write([&] { changed = Change(id, taken); });
+      entry.Out(taken);
+      return changed ? 1 : -1;
     });
   }
 
@@ -123,7 +181,7 @@ class Tree : public SettingsAPI {
       Query q(index < 0 ? ofItem : ofChoice, id);
       if (index >= 0) q.Bind(index);
       if (!q.Row()) return false;
-      flag = q.Int(0) != 0 && (&operation != &op::SettingsAPI_GetItemVisible || IsSignalItemShown(id));
+      flag = q.Int(0) != 0 && (&operation != &op::SettingsAPI_GetItemVisible || IsShown(id));
       entry.Out(flag);
       return true;
     });
@@ -131,6 +189,11 @@ class Tree : public SettingsAPI {
 };
 
 }  // namespace
+
+bool AddItemOwner(const ItemOwner& owner) {
+  Owners().push_back(owner);
+  return true;
+}
 
 }  // namespace desktop
 

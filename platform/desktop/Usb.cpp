@@ -19,10 +19,7 @@ struct usb_device_list_s {
 
 namespace desktop {
 
-fs::path UsbDirectory() {
-  const fs::path directory = fs::path(Store::Get().Path()).parent_path();
-  return directory.empty() ? fs::path(".") : directory;
-}
+fs::path UsbDirectory() { return fs::absolute(Store::Get().Path() + ".sticks"); }
 
 std::vector<fs::path> UsbSticks() {
   std::vector<fs::path> sticks;
@@ -35,8 +32,8 @@ std::vector<fs::path> UsbSticks() {
   return sticks;
 }
 
-usb_device_h MakeUsbDevice(const std::string& product, const std::string& mountPath) {
-  return new usb_device_s{product, mountPath};
+usb_device_h MakeUsbDevice(const std::string& name, const std::string& mountPath) {
+  return new usb_device_s{name.substr(0, name.find('@')), mountPath};
 }
 
 namespace {
@@ -65,7 +62,7 @@ void PlugStick(const std::string& name) {
   if (fs::is_directory(unplugged)) {
     fs::rename(unplugged, plugged, error);
   } else {
-    fs::create_directory(plugged, error);
+    fs::create_directories(plugged, error);
   }
   if (error) Refuse(plugged, error.message());
 }
@@ -95,7 +92,7 @@ int usb_device_get_device_list(int device_class, usb_device_list_h* list) {
     auto made = std::make_unique<usb_device_list_s>();
     if (device_class == USB_CLASS_MASS_STORAGE) {
       for (const fs::path& stick : UsbSticks()) {
-        made->devices.emplace_back(MakeUsbDevice(stick.filename(), fs::absolute(stick)));
+        made->devices.emplace_back(MakeUsbDevice(stick.filename(), stick));
       }
     }
     entry.Out(made->devices.size());

@@ -7,13 +7,13 @@
 #include <sstream>
 
 #include "Applications.h"
-#include "Deployment.h"
 #include "Dump.h"
 #include "Gate.h"
 #include "Language.h"
 #include "Notices.h"
 #include "Picture.h"
 #include "Profile.h"
+#include "Reader.h"
 #include "Screen.h"
 #include "Speech.h"
 #include "tvs/Tuning.h"
@@ -22,7 +22,6 @@ namespace desktop {
 
 namespace {
 
-constexpr const char* kSpeechModule = "quirelle_speech>access/api";
 /// Frames without an event before the program counts as at rest: motion that is switched off still ends with
 /// the next frame.
 constexpr int kQuietFrames = 3;
@@ -30,7 +29,7 @@ constexpr int kQuietFrames = 3;
 constexpr int kMostFrames = 30;
 constexpr double kWindowSeconds = 3.0;
 /// The voice guide speaks this long after a window has come up.
-constexpr double kVoiceSeconds = 0.3;
+constexpr double kVoiceSeconds = 0.5;
 constexpr double kFlushSeconds = 0.05;
 /// A notice is answered when the loop has turned so many times after it.
 constexpr int kReplyTurns = 8;
@@ -84,10 +83,6 @@ void Application::OpenTv() const {
 void Application::StartToolkit() {
   SetDefault("HOME", "/tmp");
   ChooseDisplay();
-  // Naming one of its directories makes the toolkit ask for the others too.
-  SetDefault("ELM_LIB_DIR", Deployed().modules);
-  SetDefault("ELM_DATA_DIR", TOOLKIT_DATA_DIRECTORY);
-  SetDefault("ELM_MODULES", kSpeechModule);
   ecore_app_no_system_modules();
   efreet_cache_disable();
   // The toolkit keeps them, and names an X11 window by them.
@@ -98,8 +93,8 @@ void Application::StartToolkit() {
   MeetDisplay();
   elm_policy_set(ELM_POLICY_QUIT, ELM_POLICY_QUIT_NONE);
   if (m_options.IsScripted()) elm_config_transition_duration_factor_set(0.0);
-  FollowVoiceGuide();
   StartSpeech(m_options.speak);
+  StartReader();
   m_keys = TranslateKeyboard();
   SetTuneWaker(WakeForTune);
 }
@@ -137,7 +132,8 @@ void Application::HoldFramesForView() {
 
 void Application::Launch(const std::string& menuID, const std::map<std::string, std::string>& extra) {
   app_control_s request{"com.vantrel.tv.quirelle", extra};
-  if (!menuID.empty()) request.extra["ID"] = menuID;
+  // A parameter that was given by its name comes first.
+  if (!menuID.empty()) request.extra.try_emplace("ID", menuID);
   m_callbacks.app_control(&request, m_data);
 }
 
@@ -166,6 +162,7 @@ void Application::Finish() {
     for (Ecore_Event_Filter* filter : {m_filter, m_keys}) {
       if (filter) ecore_event_filter_del(filter);
     }
+    StopReader();
     StopSpeech();
     elm_shutdown();
   }
@@ -194,7 +191,7 @@ void Application::Settle() {
       },
       &count);
   m_active = false;
-  while (frames < kQuietFrames && (IsOffScreen() || all < kMostFrames)) {
+  while (!m_interrupted && frames < kQuietFrames && (IsOffScreen() || all < kMostFrames)) {
     if (g_clock) {
       g_clock(ecore_animator_frametime_get());
       ecore_animator_custom_tick();
@@ -239,7 +236,7 @@ void Application::WaitForWindow() {
   Settle();
   if (!HasSeat()) return;
   const double until = ecore_time_get() + kWindowSeconds;
-  while (Window() && !elm_win_focus_get(Window()) && ecore_time_get() < until) Settle();
+  while (!m_interrupted && Window() && !elm_win_focus_get(Window()) && ecore_time_get() < until) Settle();
   Settle();
 }
 
@@ -249,9 +246,10 @@ void Application::RunSteps() {
     if (m_exited && step.kind != Step::kShot) continue;
     RunStep(step);
     Settle();
+    if (m_interrupted) return;
   }
-  if (elm_config_access_get() && !m_exited) Wait(kVoiceSeconds);
-  Report();
+  if (IsVoiceOn() && !m_exited) Wait(kVoiceSeconds);
+  if (!m_interrupted) Report();
 }
 
 void Application::RunStep(const Step& step) {
@@ -327,7 +325,9 @@ Eina_Bool Application::FlushCB(void* data) {
 }
 
 Eina_Bool Application::SignalCB(void* data, int, void*) {
-  static_cast<Application*>(data)->Exit();
+  auto* application = static_cast<Application*>(data);
+  application->m_interrupted = true;
+  application->Exit();
   return ECORE_CALLBACK_DONE;
 }
 

@@ -70,6 +70,8 @@ class Application {
   ui_app_lifecycle_callback_s m_callbacks;
   void* m_data;
   bool m_exited = false;
+  /// By a signal: what is left of a script, its picture and its dump included, is left out.
+  bool m_interrupted = false;
   bool m_active = false;
   int m_marker = 0;
   bool m_marked = false;

@@ -147,10 +147,8 @@ void SortForReading(std::vector<SeenText>& texts) {
 }
 
 std::string NameOfCheck(const Evas_Object* check) {
-  char* info = elm_access_info_get(check, ELM_ACCESS_INFO);
-  std::string name = info ? info : Plain(elm_object_text_get(check));
-  free(info);
-  return name;
+  const char* name = efl_access_object_i18n_name_get(check);
+  return name ? name : "";
 }
 
 /// Rows and spinners have their texts in parts that know no markup.
@@ -185,7 +183,9 @@ void AddRow(Json::Value& rows, Elm_Object_Item* row, const Rect& place, const Fo
   one["value"] = ValueOfRow(row);
   one["enabled"] = elm_object_item_disabled_get(row) == EINA_FALSE;
   for (const Evas_Object* check : found.rowChecks) {
-    if (Holds(place, PlaceOf(check))) one["on"] = elm_check_state_get(check) == EINA_TRUE;
+    if (!Holds(place, PlaceOf(check))) continue;
+    one["on"] = elm_check_state_get(check) == EINA_TRUE;
+    if (elm_object_disabled_get(check)) one["enabled"] = false;
   }
   rows.append(one);
 }

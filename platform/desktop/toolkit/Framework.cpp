@@ -6,7 +6,7 @@
 #include "Applications.h"
 #include "Gate.h"
 #include "Profile.h"
-#include "tvs/Text.h"
+#include "Text.h"
 
 namespace desktop {
 

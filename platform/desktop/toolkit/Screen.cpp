@@ -13,10 +13,10 @@
 
 #include "Gate.h"
 #include "Keys.h"
+#include "Text.h"
 #include "Wayland.h"
 #include "app_framework.h"
 #include "display.h"
-#include "tvs/Text.h"
 
 namespace desktop {
 
@@ -24,7 +24,7 @@ namespace {
 
 constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
-constexpr long kMostPixels = 8192;
+constexpr int64_t kMostPixels = 8192;
 constexpr const char* kOwnSize = "QUIRELLE_SCREEN";
 /// Sizes of the theme are one to one on a screen of this height at this scale.
 constexpr double kScale = 2.0;
@@ -159,7 +159,7 @@ Ecore_Event_Key* MakeKeyEvent(const char* name) {
   auto* event = static_cast<Ecore_Event_Key*>(calloc(1, sizeof(Ecore_Event_Key)));
   Ecore_Evas* canvas = Canvas();
   event->keyname = event->key = name;
-  event->timestamp = static_cast<unsigned int>(ecore_time_get() * 1000);
+  event->timestamp = static_cast<unsigned int>(static_cast<int64_t>(ecore_time_get() * 1000));
   event->window = event->event_window =
       IsOffScreen() ? reinterpret_cast<Ecore_Window>(canvas) : ecore_evas_window_get(canvas);
   return event;

@@ -1,15 +1,11 @@
-#define EFL_BETA_API_SUPPORT
-
 #include "Speech.h"
 
-#include <Efl_Core.h>
 #include <Elementary.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "Deployment.h"
 #include "Gate.h"
 #include "toolkit_ext.h"
 
@@ -20,17 +16,10 @@ namespace desktop {
 namespace {
 
 std::vector<std::string> g_spoken;
-bool g_aloud = false;
+bool g_on = false, g_aloud = false;
 pid_t g_voice = 0;
 
 bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t\n.") == std::string::npos; }
-
-void Silence() {
-  if (g_voice <= 0) return;
-  kill(g_voice, SIGTERM);
-  waitpid(g_voice, nullptr, 0);
-  g_voice = 0;
-}
 
 void SpeakAloud(const std::string& text) {
   Silence();
@@ -40,30 +29,32 @@ void SpeakAloud(const std::string& text) {
   if (posix_spawnp(&g_voice, arguments[0], nullptr, nullptr, const_cast<char**>(arguments), environ) != 0) g_voice = 0;
 }
 
-void Read(const char* text) {
-  // The toolkit ends each text with a stop of its own.
+}  // namespace
+
+void Silence() {
+  if (g_voice <= 0) return;
+  kill(g_voice, SIGTERM);
+  waitpid(g_voice, nullptr, 0);
+  g_voice = 0;
+}
+
+void Read(const std::string& text) {
   if (IsBlank(text)) return;
   Gate::Run(op::elm_access_say, Entry(text), [](Entry&) {});
-  g_spoken.emplace_back(text);
+  g_spoken.push_back(text);
   if (g_aloud) SpeakAloud(text);
 }
 
-const SpeechOutput kOutput = {Read, Silence};
-
-}  // namespace
-
 void StartSpeech(bool aloud) {
+  Query q("SELECT value FROM setting WHERE key = 'db/setting/accessibility/tts' AND type = 'bool'");
+  g_on = q.Row() && q.Int(0) != 0;
   g_aloud = aloud;
   g_spoken.clear();
-  efl_key_data_set(efl_main_loop_get(), kSpeechKey, &kOutput);
 }
 
 void StopSpeech() { Silence(); }
 
-void FollowVoiceGuide() {
-  Query q("SELECT value FROM setting WHERE key = 'db/setting/accessibility/tts' AND type = 'bool'");
-  elm_config_access_set(q.Row() && q.Int(0) != 0);
-}
+bool IsVoiceOn() { return g_on; }
 
 const std::vector<std::string>& Spoken() { return g_spoken; }
 
@@ -73,6 +64,15 @@ using namespace desktop;
 
 void elm_access_force_stop() {
   Gate::Run(op::elm_access_force_stop, Entry(), [](Entry&) { Silence(); });
+}
+
+// The toolkit's screen reader wants every press twice and speaks English in between: it stays off, and these two, in
+// place of the toolkit's own, belong to the TV's.
+
+Eina_Bool elm_config_access_get() { return IsVoiceOn(); }
+
+void elm_access_say(const char* text) {
+  if (IsVoiceOn() && text) Read(text);
 }
 
 void elm_access_force_say(const char* text) {

@@ -1,4 +1,4 @@
-// What is read out: the toolkit's speech module hands it here.
+// What is read out.
 #pragma once
 
 #include <string>
@@ -6,18 +6,15 @@
 
 namespace desktop {
 
-/// Table of functions that the speech module finds on the main loop's object under `kSpeechKey`.
-struct SpeechOutput {
-  void (*read)(const char* text);
-  void (*cancel)();
-};
-inline constexpr const char* kSpeechKey = "quirelle.speech";
-
-/// Offers the output to the module; the toolkit must be up. `aloud` also runs espeak-ng.
+/// Follows the TV's voice guide; before the window is made. `aloud` also runs espeak-ng.
 void StartSpeech(bool aloud);
 void StopSpeech();
-/// Turns the toolkit's screen reader on or off as the TV's voice guide is; before the window is made.
-void FollowVoiceGuide();
+/// Whether the voice guide was on when the program was started.
+bool IsVoiceOn();
+
+/// Reads a text out, in place of what is being read. Blank ones are none.
+void Read(const std::string& text);
+void Silence();
 
 /// Texts read out since the start, in order.
 const std::vector<std::string>& Spoken();

@@ -67,7 +67,7 @@ void Change(ESource source, const char* sql, const Values&... values) {
 
 std::unique_ptr<ITVSProxy> MakeAVControl(EProfile profile) { return std::make_unique<AVControl>(profile); }
 
-ESource HdmiSource(long port) { return kSources[port - 1]; }
+ESource HdmiSource(int64_t port) { return kSources[port - 1]; }
 
 std::optional<TSResolution> ParseResolution(const std::string& text) {
   TSResolution resolution;
@@ -93,8 +93,8 @@ void SetInputResolution(ESource source, const TSResolution& resolution) {
          resolution.horizontal, resolution.vertical, resolution.frameRate, resolution.progressive ? 1 : 0);
 }
 
-void SetInputFormat(ESource source, long format) {
-  Change(source, "UPDATE input SET format = ?2 WHERE source = ?1", static_cast<int64_t>(format));
+void SetInputFormat(ESource source, int64_t format) {
+  Change(source, "UPDATE input SET format = ?2 WHERE source = ?1", format);
 }
 
 }  // namespace desktop

@@ -1,6 +1,7 @@
 // The external inputs: what is connected, and what comes in.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -10,10 +11,10 @@ namespace desktop {
 
 constexpr int kHdmiPorts = 8;
 /// Largest code of a video format.
-constexpr long kMostFormat = 0xFFFFF;
+constexpr int64_t kMostFormat = 0xFFFFF;
 
 /// Source of an HDMI port, 1 to 8.
-ESource HdmiSource(long port);
+ESource HdmiSource(int64_t port);
 
 /// "1920x1080@59.94p", or "none" for an input on which nothing comes in.
 std::optional<TSResolution> ParseResolution(const std::string& text);
@@ -21,6 +22,6 @@ std::optional<TSResolution> ParseResolution(const std::string& text);
 /// Change one side of an input, which the TV knows from then on.
 void SetInputName(ESource source, const std::string& name);
 void SetInputResolution(ESource source, const TSResolution& resolution);
-void SetInputFormat(ESource source, long format);
+void SetInputFormat(ESource source, int64_t format);
 
 }  // namespace desktop

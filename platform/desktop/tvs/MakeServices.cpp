@@ -18,8 +18,8 @@ struct Carrier {
 constexpr int kUhd = 16;
 constexpr int kNone = -1;
 /// Highest number of a channel; a longer list goes on in the second number.
-constexpr long kMostMajor = 60000;
-constexpr long kNoMinor = 65535;
+constexpr int64_t kMostMajor = 60000;
+constexpr int64_t kNoMinor = 65535;
 
 std::vector<Carrier> Carriers(const ListPlan& plan) {
   std::vector<Carrier> carriers;
@@ -84,7 +84,7 @@ int DigitalType(int antenna) {
 int AnalogType(int antenna) { return antenna == ANTENNA_CABLE ? CHANNEL_ANALOG_CABLE : CHANNEL_ANALOG_AIR; }
 
 /// Spreads `percent` of the list evenly: true for those of its places.
-bool Falls(long place, int percent) { return (place + 1) * percent / 100 != place * percent / 100; }
+bool Falls(int64_t place, int percent) { return (place + 1) * percent / 100 != place * percent / 100; }
 
 /// What tells one service of a list from the next.
 struct Kind {
@@ -92,7 +92,7 @@ struct Kind {
   bool radio, uhd, locked;
 };
 
-Kind KindOf(const ListPlan& plan, long place, long count) {
+Kind KindOf(const ListPlan& plan, int64_t place, int64_t count) {
   if (place >= count - plan.virtualChannels) return {CHANNEL_VIRTUAL, false, false, false};
   const bool analog = Falls(place, plan.analog);
   return {analog ? AnalogType(plan.antenna) : DigitalType(plan.antenna), !analog && Falls(place, plan.radio),
@@ -100,17 +100,17 @@ Kind KindOf(const ListPlan& plan, long place, long count) {
 }
 
 /// `before`: services that the list's mode already has; channel numbers go on after them.
-void InsertList(Inserter& inserter, const ListPlan& plan, const std::vector<Carrier>& carriers, long count,
-                long before) {
-  const long each = (count + static_cast<long>(carriers.size()) - 1) / static_cast<long>(carriers.size());
-  for (long place = 0; place < count; ++place) {
+void InsertList(Inserter& inserter, const ListPlan& plan, const std::vector<Carrier>& carriers, int64_t count,
+                int64_t before) {
+  const int64_t each = (count + static_cast<int64_t>(carriers.size()) - 1) / static_cast<int64_t>(carriers.size());
+  for (int64_t place = 0; place < count; ++place) {
     const Carrier& carrier = carriers[static_cast<size_t>(place / each)];
     const Kind kind = KindOf(plan, place, count);
     const bool digital = kind.type != CHANNEL_VIRTUAL && kind.type != AnalogType(plan.antenna);
-    const long within = place % each;
-    const long number = before + place;
-    const long major = plan.subchannels ? carrier.number : number % kMostMajor + 1;
-    const long minor = plan.subchannels ? within + 1 : number < kMostMajor ? kNoMinor : number / kMostMajor;
+    const int64_t within = place % each;
+    const int64_t number = before + place;
+    const int64_t major = plan.subchannels ? carrier.number : number % kMostMajor + 1;
+    const int64_t minor = plan.subchannels ? within + 1 : number < kMostMajor ? kNoMinor : number / kMostMajor;
     const int stream = static_cast<int>(carrier.id % 65000 + 1);
     const int physical = plan.antenna == ANTENNA_SATELLITE ? static_cast<int>(carrier.id) : carrier.number;
     inserter.Insert(std::array<int64_t, 22>{plan.antenna,
@@ -141,20 +141,20 @@ void InsertList(Inserter& inserter, const ListPlan& plan, const std::vector<Carr
 
 }  // namespace
 
-void MakeServices(const std::vector<ListPlan>& plans, long count) {
+void MakeServices(const std::vector<ListPlan>& plans, int64_t count) {
   if (count < 0 || count > kMostServices) {
     throw ProfileError("--services " + std::to_string(count) + ": wants 0 to " + std::to_string(kMostServices));
   }
   Store& store = Store::Get();
   store.Write([&] {
     Inserter inserter;
-    std::map<std::pair<int, int>, long> made;
-    long left = count;
+    std::map<std::pair<int, int>, int64_t> made;
+    int64_t left = count;
     for (size_t i = 0; i < plans.size(); ++i) {
       const std::vector<Carrier> carriers = Carriers(plans[i]);
-      const long share = i + 1 == plans.size() ? left : std::min(left, count * plans[i].share / 100);
+      const int64_t share = i + 1 == plans.size() ? left : std::min(left, count * plans[i].share / 100);
       if (carriers.empty() || share == 0) continue;
-      long& before = made[{plans[i].antenna, plans[i].serviceMode}];
+      int64_t& before = made[{plans[i].antenna, plans[i].serviceMode}];
       InsertList(inserter, plans[i], carriers, share, before);
       before += share;
       left -= share;

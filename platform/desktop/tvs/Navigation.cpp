@@ -90,14 +90,23 @@ class ServiceNavigation : public IServiceNavigation {
                            });
   }
 
+  int ResetService() override {
+    return Gate::Pass<int>(op::ServiceNavigation_ResetService, Entry(m_profile), [&](Entry&) {
+      Query q("SELECT antenna, service_mode FROM picture WHERE profile = ?", m_profile);
+      if (!q.Row()) return 0;
+      const TSTvMode mode(static_cast<EAntennaMode>(q.Int(0)), static_cast<EServiceMode>(q.Int(1)));
+      Store::Get().Write([&] { EnterMode(mode); });
+      return 1;
+    });
+  }
+
   int GetChannelCount(const TCCriteriaHelper& criteria, const TSTvMode& mode, int& count) override {
     return Gate::Pass<int>(op::ServiceNavigation_GetChannelCount, Entry(mode.antennaMode, mode.serviceMode),
                            [&](Entry& entry) {
                              CriteriaSql sql;
                              if (!CriteriaSql::Make(Records::kService, criteria, sql)) return -1;
                              if (mode.antennaMode != ANTENNA_NONE) {
-                               // The index by satellite is the narrow one: leave the planner no other.
-                               sql.And("+antenna = ? AND +service_mode = ?", {mode.antennaMode, mode.serviceMode});
+                               sql.And("antenna = ? AND service_mode = ?", {mode.antennaMode, mode.serviceMode});
                              }
                              Query q(sql.Select("count(*)", ""));
                              sql.Bind(q);
@@ -174,7 +183,8 @@ bool Narrow(ENavigationMode navigation, unsigned long long parameter, TCCriteria
     if (value >= 0) {
       criteria.Where(column, static_cast<unsigned long long>(value));
     } else if (parameter == ~0ULL) {
-      return false;
+      // The favourite list that is watched: what is tuned is in it.
+      return navigation == NAVIGATION_FAVOURITE;
     } else if (navigation == NAVIGATION_FAVOURITE) {
       if (parameter < 1 || parameter > 5) return false;
       criteria.Where(column + static_cast<int>(parameter) - 1, 1);

@@ -19,6 +19,7 @@ std::unique_ptr<ITVSProxy> MakeSatellite();
 std::unique_ptr<ITVSProxy> MakeSatelliteSettings();
 std::unique_ptr<ITVSProxy> MakeSatelliteControl();
 std::unique_ptr<ITVSProxy> MakeRatingUtil();
+std::unique_ptr<ITVSProxy> MakeRatingSystem(ERRTRegion region);
 std::unique_ptr<ITVSProxy> MakeUtil();
 
 }  // namespace desktop

@@ -50,10 +50,11 @@ void svc_pvr_service_destroy() {
   Gate::Run(op::svc_pvr_service_destroy, Entry(), [](Entry&) {});
 }
 
-unsigned long CTimeUtil::GetCurrentTime() {
-  return Gate::Pass<unsigned long>(op::TimeUtil_GetCurrentTime, Entry(), [](Entry&) -> unsigned long {
+unsigned long long CTimeUtil::GetCurrentTime() {
+  return Gate::Pass<unsigned long long>(op::TimeUtil_GetCurrentTime, Entry(), [](Entry&) -> unsigned long long {
     if (!TvState("clock_set", 1)) return 0;
-    return static_cast<unsigned long>(NowMilliseconds() / 1000 + TvState("clock_offset", 0));
+    const int64_t now = NowMilliseconds() / 1000 + TvState("clock_offset", 0);
+    return static_cast<unsigned long long>(now);
   });
 }
 
@@ -62,7 +63,7 @@ int CTimeUtil::GetClockMode() {
                          [](Entry&) { return static_cast<int>(TvState("clock_mode", 0)); });
 }
 
-int CTimeUtil::ConvertToLocalTime(unsigned long epochSeconds, CTimeInfo& info) {
+int CTimeUtil::ConvertToLocalTime(unsigned long long epochSeconds, CTimeInfo& info) {
   return Gate::Pass<int>(op::TimeUtil_ConvertToLocalTime, Entry(epochSeconds), [&](Entry&) {
     const time_t seconds = static_cast<time_t>(epochSeconds);
     tm parts;

@@ -2,6 +2,7 @@
 
 #include "CriteriaSql.h"
 #include "Gate.h"
+#include "Installation.h"
 #include "Proxies.h"
 #include "Text.h"
 
@@ -28,17 +29,9 @@ TSTransponder ReadTransponder(const Query& q) {
           static_cast<EDVBFECInner>(NumberOr(q, 5, INNER_FEC_NONE))};
 }
 
-/// A transponder of the user is heard as well as the one on air that it stands for.
-constexpr const char* kAddSql = R"sql(
-INSERT INTO transponder (id, satellite, antenna, number, frequency, symbol_rate, polarisation, fec, user_defined,
-                         standard, strength, quality, ber, snr)
-SELECT ?1, ?2, 2, ?1, ?3, ?4, ?5, ?6, 1, near.standard, coalesce(near.strength, 0), coalesce(near.quality, 0),
-       coalesce(near.ber, 0), coalesce(near.snr, 0)
-FROM (SELECT 1) LEFT JOIN (
-  SELECT * FROM transponder WHERE satellite = ?2 AND user_defined = 0 AND frequency BETWEEN ?3 - 3000 AND ?3 + 3000
-    AND polarisation = ?5 AND abs(symbol_rate - ?4) * 50 <= symbol_rate
-  ORDER BY abs(frequency - ?3) LIMIT 1) AS near
-)sql";
+constexpr const char* kAddSql =
+    "INSERT INTO transponder (id, satellite, antenna, number, frequency, symbol_rate, polarisation, fec, user_defined) "
+    "VALUES (?1, ?2, 2, ?1, ?3, ?4, ?5, ?6, 1)";
 
 class Satellite : public ISatellite {
  public:
@@ -100,6 +93,7 @@ class Satellite : public ISatellite {
     const int id = last.IsNull(0) ? kFirstUserTransponder : static_cast<int>(last.Int(0)) + 1;
     if (id > kLastTransponder) return 0;
     Query(kAddSql, id, t.satelliteId, t.frequency, t.symbolRate, t.polarisation, t.fec).Run();
+    HearUserTransponders(t.satelliteId);
     return id;
   }
 

@@ -1,5 +1,5 @@
-#include "SignalItems.h"
-
+// The rows of the settings tree that tell of the signal: nothing of theirs is stored, all is read from the main
+// picture's tuner and channel.
 #include <libintl.h>
 #include <linux/dvb/frontend.h>
 
@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "Store.h"
+#include "Tree.h"
 #include "Tuning.h"
 #include "tvs_api.h"
 
@@ -159,17 +160,27 @@ const SignalItem* Find(const std::string& id) {
   return found == std::end(kItems) ? nullptr : found;
 }
 
-}  // namespace
-
-std::optional<std::string> SignalItemText(const std::string& id) {
+/// "----" for what is not known now.
+std::optional<std::string> Text(const std::string& id) {
   const SignalItem* item = Find(id);
   if (!item) return {};
   return item->text(ReadTuned());
 }
 
-bool IsSignalItemShown(const std::string& id) {
+/// Not a row of which this kind of broadcast has nothing to tell.
+bool IsShown(const std::string& id) {
   const SignalItem* item = Find(id);
   return !item || (item->broadcasts & BroadcastOf(ReadTuned())) != 0;
 }
+
+/// The signal is what it is.
+std::optional<bool> Set(const std::string& id, const std::string&) {
+  if (Find(id)) return false;
+  return {};
+}
+
+const bool g_registered = AddItemOwner({Text, IsShown, Set});
+
+}  // namespace
 
 }  // namespace desktop

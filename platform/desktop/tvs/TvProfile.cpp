@@ -4,18 +4,14 @@
 
 #include "Gate.h"
 #include "Inputs.h"
+#include "Installation.h"
 #include "State.h"
 #include "Text.h"
 #include "tvs_criteria.h"
 
 namespace desktop {
 
-namespace {
-
-constexpr int kFirstUserDefined = SATELLITE_USER_FIRST;
-constexpr int kUserDefined = 4;
-
-long Number(const ProfileLine& line, const std::string& word, long least, long most) {
+int64_t Number(const ProfileLine& line, const std::string& word, int64_t least, int64_t most) {
   const auto number = ToNumber(word);
   if (!number || *number < least || *number > most) {
     throw ProfileError(line, "'" + word + "': wants " + std::to_string(least) + " to " + std::to_string(most));
@@ -23,17 +19,19 @@ long Number(const ProfileLine& line, const std::string& word, long least, long m
   return *number;
 }
 
+int PositionOf(const ProfileLine& line, const std::string& word) {
+  const int position = OrbitalPosition("-" + word);
+  if (position < 0) throw ProfileError(line, "'" + word + "' is no orbital position");
+  return position;
+}
+
+namespace {
+
 int AntennaOf(const ProfileLine& line, const std::string& word) {
   constexpr const char* kNames[] = {"air", "cable", "satellite"};
   const auto* found = std::find(std::begin(kNames), std::end(kNames), word);
   if (found == std::end(kNames)) throw ProfileError(line, "'" + word + "' is neither air, cable nor satellite");
   return static_cast<int>(found - kNames);
-}
-
-int PositionOf(const ProfileLine& line, const std::string& word) {
-  const int position = OrbitalPosition("-" + word);
-  if (position < 0) throw ProfileError(line, "'" + word + "' is no orbital position");
-  return position;
 }
 
 /// A number that is the same whenever a TV is made, and different for each transponder.
@@ -105,10 +103,12 @@ class Transponders {
 };
 
 void AddUserDefinedSatellites() {
-  for (int i = 0; i < kUserDefined; ++i) {
+  constexpr int kFirstSlot = 50;
+  for (int number = 1; number <= kUserSatellites; ++number) {
     Query("INSERT INTO satellite (id, name, position, user_defined, slot) VALUES (?, ?, 0, 1, ?)",
-          kFirstUserDefined + i, "User Satellite " + std::to_string(i + 1), 50 + i)
+          SATELLITE_USER_FIRST + number - 1, "User Satellite " + std::to_string(number), kFirstSlot + number - 1)
         .Run();
+    MoveUserSatellite(number, 0, LongitudeText(0));
   }
 }
 
@@ -116,13 +116,13 @@ void WritePicture(const ProfileLine& line, std::string rest) {
   const std::string name = TakeWord(rest);
   if (name != "main" && name != "pip") throw ProfileError(line, "'" + name + "' is neither main nor pip");
   const int antenna = AntennaOf(line, TakeWord(rest));
-  const long mode = Number(line, TakeWord(rest), -1, 1000), source = Number(line, TakeWord(rest), 0, 1000);
+  const int64_t mode = Number(line, TakeWord(rest), -1, 1000), source = Number(line, TakeWord(rest), 0, 1000);
   Query("REPLACE INTO picture (profile, antenna, service_mode, source) VALUES (?, ?, ?, ?)",
         name == "main" ? PROFILE_MAIN : PROFILE_PIP, antenna, static_cast<int64_t>(mode), static_cast<int64_t>(source))
       .Run();
 }
 
-void WriteLetters(const ProfileLine& line, const std::string& letters) {
+void WriteLetters(const ProfileLine& line, std::string letters) {
   const auto isLetter = [](char c) { return c >= 'A' && c <= 'Z'; };
   if (letters.size() != 3 || !std::all_of(letters.begin(), letters.end(), isLetter))
     throw ProfileError(line, "'" + letters + "': wants three letters");
@@ -137,9 +137,9 @@ void WriteNumbers(const ProfileLine& line, std::string rest, const char* sql, si
 }
 
 void WriteOperator(const ProfileLine& line, std::string rest) {
-  const long slot = Number(line, TakeWord(rest), 0, 100);
+  const int64_t slot = Number(line, TakeWord(rest), 0, 100);
   const int antenna = AntennaOf(line, TakeWord(rest));
-  const long mode = Number(line, TakeWord(rest), 0, 1000);
+  const int64_t mode = Number(line, TakeWord(rest), 0, 1000);
   Query("REPLACE INTO operator_profile VALUES (?, ?, ?, ?)", static_cast<int64_t>(slot), rest, antenna,
         static_cast<int64_t>(mode))
       .Run();
@@ -171,42 +171,65 @@ std::vector<std::string> Words(std::string rest) {
 
 }  // namespace
 
+namespace {
+
+void WriteModel(const ProfileLine& line, std::string rest) {
+  WriteNumbers(line, std::move(rest), "REPLACE INTO model_value VALUES (?, ?)", 2);
+}
+
+void WriteBroadcaster(const ProfileLine& line, std::string rest) {
+  const std::string number = TakeWord(rest);
+  WriteNumbers(line, (rest.empty() ? "-1" : rest) + " " + number, "REPLACE INTO broadcaster VALUES (?, ?)", 2);
+}
+
+void WriteState(const ProfileLine& line, std::string rest) {
+  const std::string name = TakeWord(rest);
+  SetTvState(name.c_str(), Number(line, rest, INT32_MIN, INT32_MAX));
+}
+
+void WriteWeakSignal(const ProfileLine&, std::string rest) {
+  Query("INSERT INTO weak_signal (entry) VALUES (?)", rest).Run();
+}
+
+struct TvLine {
+  std::string_view what;
+  void (*write)(const ProfileLine& line, std::string rest);
+};
+
+constexpr TvLine kTvLines[] = {
+    {"picture", WritePicture},
+    {"letters", WriteLetters},
+    {"operator-profile", WriteOperator},
+    {"model", WriteModel},
+    {"broadcaster", WriteBroadcaster},
+    {"state", WriteState},
+    {"weak-signal", WriteWeakSignal},
+    {"hdmi", WriteHdmi},
+    {"select", WriteSelection},
+    {"user-satellite", WriteUserSatellite},
+    {"satcr", WriteCable},
+    {"dish", WriteDish},
+};
+
+}  // namespace
+
 void WriteTvLine(const ProfileLine& line) {
   std::string rest = line.text;
   const std::string what = TakeWord(rest);
-  if (what == "picture") {
-    WritePicture(line, rest);
-  } else if (what == "letters") {
-    WriteLetters(line, rest);
-  } else if (what == "operator-profile") {
-    WriteOperator(line, rest);
-  } else if (what == "model") {
-    WriteNumbers(line, rest, "REPLACE INTO model_value VALUES (?, ?)", 2);
-  } else if (what == "satcr") {
-    WriteNumbers(line, rest,
-                 "REPLACE INTO satcr (tuner, line_slot, line_frequency, slot, frequency) VALUES (?, ?, ?, 255, -1)", 3);
-  } else if (what == "broadcaster") {
-    const std::string number = TakeWord(rest);
-    WriteNumbers(line, (rest.empty() ? "-1" : rest) + " " + number, "REPLACE INTO broadcaster VALUES (?, ?)", 2);
-  } else if (what == "state") {
-    const std::string name = TakeWord(rest);
-    SetTvState(name.c_str(), Number(line, rest, INT32_MIN, INT32_MAX));
-  } else if (what == "weak-signal") {
-    Query("INSERT INTO weak_signal (entry) VALUES (?)", rest).Run();
-  } else if (what == "hdmi") {
-    WriteHdmi(line, rest);
-  } else if (what == "select") {
-    while (!rest.empty()) {
-      Query("UPDATE satellite SET selected = 1 WHERE position = ? AND user_defined = 0",
-            PositionOf(line, TakeWord(rest)))
-          .Run();
-    }
-  } else {
-    throw ProfileError(line, "unknown word '" + what + "'");
-  }
+  const auto* found =
+      std::find_if(std::begin(kTvLines), std::end(kTvLines), [&](const auto& l) { return l.what == what; });
+  if (found == std::end(kTvLines)) throw ProfileError(line, "unknown word '" + what + "'");
+  found->write(line, rest);
 }
 
-bool TvProfile::Takes(const std::string& section) {
+namespace {
+
+const bool g_registered =
+    AddSectionReader([]() -> std::unique_ptr<SectionReader> { return std::make_unique<TvProfile>(); });
+
+}  // namespace
+
+bool TvProfile::Takes(const std::string& section) const {
   return section == "tv" || section == "reception" || section == "channels";
 }
 
@@ -281,7 +304,7 @@ void TvProfile::ReadChannels(const ProfileLine& line) {
   m_lists.push_back(plan);
 }
 
-std::vector<std::string> TvProfile::Make(long services) const {
+std::vector<std::string> TvProfile::Make(const TvOptions& options) {
   std::vector<std::string> skipped;
   const Complain complain = [&](const std::string& what) { skipped.push_back(what); };
   const std::filesystem::path tables = ScanTableDirectory();
@@ -315,8 +338,9 @@ std::vector<std::string> TvProfile::Make(long services) const {
         .Run();
   }
   for (const ProfileLine& line : m_tv) WriteTvLine(line);
-  MakeServices(m_lists, services < 0 ? m_services : services);
+  MakeServices(m_lists, options.services < 0 ? m_services : options.services);
   ShowFirstChannels();
+  KeepAsMade();
   return skipped;
 }
 

@@ -25,23 +25,24 @@ struct ListPlan {
 ///                               model NUMBER VALUE            state NAME VALUE
 ///                               broadcaster NUMBER [COUNTRY]  letters DEU
 ///                               operator-profile SLOT ANTENNA SERVICE-MODE NAME
-///                               satcr TUNER SLOT MHZ          select POSITION ...
 ///                               weak-signal ENTRY             hdmi PORT RESOLUTION FORMAT NAME
+///                               select POSITION ...           user-satellite NUMBER POSITION
+///                               satcr bands usual|MHZ ...     satcr occupant MHZ NAME
+///                               satcr tuner NUMBER [MHZ]      dish motor ZERO POSITION SPEED
+///                               dish satellites POSITION ...
 ///   [reception]                 satellites all|POSITION ...   air|cable TABLE ...
 ///                               package ID POSITION
 ///   [channels]                  services COUNT
 ///                               list ANTENNA SERVICE-MODE SHARE [analog=N] [radio=N] [uhd=N] [locked=N]
 ///                                    [virtual=N] [at=POSITION] [subchannels]
 ///
-/// ANTENNA is air, cable or satellite; POSITION is like 19.2E; TABLE is a file of the scan tables.
-class TvProfile {
+/// ANTENNA is air, cable or satellite; POSITION is like 19.2E; TABLE is a file of the scan tables. The dish turns with
+/// SPEED degrees a second, its motor's zero is at ZERO. Without MHZ a tuner has nothing stored.
+class TvProfile : public SectionReader {
  public:
-  static bool Takes(const std::string& section);
-  /// Throws ProfileError for a line that cannot be read.
-  void Read(const ProfileSection& section);
-  /// Fills the TV; call it once, after the last section and within the transaction that makes the TV.
-  /// `services` -1: as many as the profile says. Returns what was skipped, a line each.
-  std::vector<std::string> Make(long services) const;
+  bool Takes(const std::string& section) const override;
+  void Read(const ProfileSection& section) override;
+  std::vector<std::string> Make(const TvOptions& options) override;
 
  private:
   void ReadReception(const ProfileLine& line);
@@ -56,16 +57,25 @@ class TvProfile {
   std::vector<std::string> m_air, m_cable;
   std::vector<Package> m_packages;
   std::vector<ListPlan> m_lists;
-  long m_services = 0;
+  int64_t m_services = 0;
 };
 
 /// Writes a line of [tv] into the open TV. Throws ProfileError.
 void WriteTvLine(const ProfileLine& line);
+/// What stands behind the first word of such a line; also throw ProfileError.
+void WriteSelection(const ProfileLine& line, std::string rest);
+void WriteUserSatellite(const ProfileLine& line, std::string rest);
+void WriteCable(const ProfileLine& line, std::string rest);
+void WriteDish(const ProfileLine& line, std::string rest);
+
+/// A number within its bounds, an orbital position in tenths of a degree; throw ProfileError.
+int64_t Number(const ProfileLine& line, const std::string& word, int64_t least, int64_t most);
+int PositionOf(const ProfileLine& line, const std::string& word);
 
 /// Most services of a TV.
-constexpr long kMostServices = 10'000'000;
+constexpr int64_t kMostServices = 10'000'000;
 
 /// Adds `count` services by the plans, the same ones every time, and the indexes of the channel list.
-void MakeServices(const std::vector<ListPlan>& plans, long count);
+void MakeServices(const std::vector<ListPlan>& plans, int64_t count);
 
 }  // namespace desktop

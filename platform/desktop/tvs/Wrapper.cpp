@@ -69,4 +69,9 @@ IRatingUtil* CTVSApiWrapper::CreateRatingUtil() {
   return Create<IRatingUtil>(m_proxies, op::CreateRatingUtil, MakeRatingUtil);
 }
 
+IRatingSystem* CTVSApiWrapper::CreateRatingSystem(ERRTRegion region) {
+  return Create<IRatingSystem>(
+      m_proxies, op::CreateRatingSystem, [&] { return MakeRatingSystem(region); }, region);
+}
+
 IUtil* CTVSApiWrapper::CreateUtil() { return Create<IUtil>(m_proxies, op::CreateUtil, MakeUtil); }

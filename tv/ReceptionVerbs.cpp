@@ -1,135 +1,35 @@
-#include "Verbs.h"
-
-#include <json/json.h>
-
+// Channels, satellites, the tuner's figures, notes of weak signal, HDMI inputs.
 #include <algorithm>
 #include <cctype>
-#include <cstdio>
 #include <optional>
 #include <regex>
 
 #include "CriteriaSql.h"
 #include "Gate.h"
-#include "Inputs.h"
 #include "Notices.h"
-#include "State.h"
-#include "Text.h"
-#include "Tuning.h"
+#include "Verbs.h"
+#include "Words.h"
+#include "tvs/Inputs.h"
+#include "tvs/Installation.h"
+#include "tvs/State.h"
+#include "tvs/Tuning.h"
 
-namespace desktop {
+using namespace desktop;
 
 namespace {
-
-using Words = std::vector<std::string>;
-
-/// Words with the options taken out.
-struct Command {
-  Words words;
-  bool json = false;
-  int profile = PROFILE_MAIN;
-  long limit = -1;
-};
-
-long Number(const std::string& word, const std::string& what, long least, long most) {
-  const auto number = ToNumber(word);
-  if (!number || *number < least || *number > most) {
-    throw TvWordError(what + " '" + word + "': wants " + std::to_string(least) + " to " + std::to_string(most));
-  }
-  return *number;
-}
-
-Command Parse(const Words& words, size_t most, const char* usage) {
-  Command command;
-  for (size_t i = 0; i < words.size(); ++i) {
-    if (words[i] == "--json") {
-      command.json = true;
-    } else if (words[i] == "--pip") {
-      command.profile = PROFILE_PIP;
-    } else if (words[i] == "--limit" && i + 1 < words.size()) {
-      command.limit = Number(words[++i], "--limit", 0, INT32_MAX);
-    } else if (words[i].starts_with("--")) {
-      throw TvWordError("'" + words[i] + "': usage: quirelle-tv " + usage);
-    } else {
-      command.words.push_back(words[i]);
-    }
-  }
-  if (command.words.size() > most) throw TvWordError(std::string("usage: quirelle-tv ") + usage);
-  return command;
-}
-
-// --- output --------------------------------------------------------------------------------------
-
-/// A name that is a number in digits counts as one.
-bool IsNumber(const Query& q, int column) {
-  const std::string text = q.Text(column);
-  return !text.empty() && text == std::to_string(q.Int(column));
-}
-
-Json::Value JsonOf(const Query& q, int column) {
-  if (q.IsNull(column)) return Json::Value();
-  return IsNumber(q, column) ? Json::Value(static_cast<Json::Int64>(q.Int(column))) : Json::Value(q.Text(column));
-}
-
-size_t Width(const std::string& text) {
-  return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
-
-void PrintTable(const std::vector<const char*>& names, const std::vector<Words>& rows, const std::vector<bool>& right) {
-  std::vector<size_t> widths;
-  widths.reserve(names.size());
-  for (const char* name : names) widths.push_back(Width(name));
-  for (const Words& row : rows) {
-    for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Width(row[i]));
-  }
-  const auto print = [&](size_t i, const std::string& text) {
-    const std::string blanks(widths[i] - Width(text), ' ');
-    const bool last = i + 1 == names.size();
-    std::printf("%s%s", (right[i] ? blanks + text : last ? text : text + blanks).c_str(), last ? "\n" : "  ");
-  };
-  for (size_t i = 0; i < names.size(); ++i) print(i, names[i]);
-  for (const Words& row : rows) {
-    for (size_t i = 0; i < row.size(); ++i) print(i, row[i]);
-  }
-}
-
-/// Prints the rows of a query: a table, or an array of objects.
-int Print(Query& q, const std::vector<const char*>& names, bool json) {
-  Json::Value array(Json::arrayValue);
-  std::vector<Words> rows;
-  std::vector<bool> right(names.size(), true);
-  while (q.Row()) {
-    Json::Value object;
-    Words& row = rows.emplace_back();
-    for (size_t i = 0; i < names.size(); ++i) {
-      const int column = static_cast<int>(i);
-      if (json) object[names[i]] = JsonOf(q, column);
-      if (!q.IsNull(column) && !IsNumber(q, column)) right[i] = false;
-      row.push_back(q.IsNull(column) ? "-" : q.Text(column));
-    }
-    if (json) array.append(object);
-  }
-  if (json) {
-    Json::StreamWriterBuilder builder;
-    builder["indentation"] = "  ";
-    std::puts(Json::writeString(builder, array).c_str());
-  } else {
-    PrintTable(names, rows, right);
-  }
-  return 0;
-}
 
 // --- lists ---------------------------------------------------------------------------------------
 
 constexpr const char* kAntennaNames[] = {"air", "cable", "satellite"};
 #define ANTENNA_NAME(column) "CASE " column " WHEN 0 THEN 'air' WHEN 1 THEN 'cable' WHEN 2 THEN 'satellite' END"
 
-int Channels(const Words& words) {
+int Channels(const Arguments& words) {
   const Command command = Parse(words, 1, "channels [air|cable|satellite] [--limit N] [--json]");
   int antenna = -1;
   if (!command.words.empty()) {
     const auto* found = std::find(std::begin(kAntennaNames), std::end(kAntennaNames), command.words[0]);
     if (found == std::end(kAntennaNames)) {
-      throw TvWordError("'" + command.words[0] + "' is neither air, cable nor satellite");
+      throw WordError("'" + command.words[0] + "' is neither air, cable nor satellite");
     }
     antenna = static_cast<int>(found - kAntennaNames);
   }
@@ -144,19 +44,21 @@ int Channels(const Words& words) {
       command.json);
 }
 
-int Satellites(const Words& words) {
+int Satellites(const Arguments& words) {
   const Command command = Parse(words, 0, "satellites [--limit N] [--json]");
+  const TSTvMode choosing = ChoosingMode(MainMode());
   Query q(
       "SELECT s.id, iif(s.position <= 1800, printf('%.1fE', s.position / 10.0), printf('%.1fW', (3600 - s.position) / "
-      "10.0)), s.selected, (SELECT count(*) FROM transponder t WHERE t.satellite = s.id), s.name FROM satellite s "
-      "ORDER BY s.id LIMIT ?",
-      static_cast<int64_t>(command.limit));
+      "10.0)), EXISTS (SELECT 1 FROM selected c WHERE c.satellite = s.id AND c.antenna = ?2 AND c.service_mode = ?3), "
+      "(SELECT count(*) FROM transponder t WHERE t.satellite = s.id), s.name FROM satellite s "
+      "ORDER BY s.id LIMIT ?1",
+      static_cast<int64_t>(command.limit), choosing.antennaMode, choosing.serviceMode);
   return Print(q, {"id", "position", "selected", "transponders", "name"}, command.json);
 }
 
-int Transponders(const Words& words) {
+int Transponders(const Arguments& words) {
   const Command command = Parse(words, 1, "transponders [SATELLITE] [--limit N] [--json]");
-  const long satellite = command.words.empty() ? -1 : Number(command.words[0], "satellite", 1, 65535);
+  const int64_t satellite = command.words.empty() ? -1 : Number(command.words[0], "satellite", 1, 65535);
   Query q(
       "SELECT id, " ANTENNA_NAME("antenna") ", satellite, number, frequency, symbol_rate, CASE polarisation WHEN 0 THEN "
       "'H' WHEN 1 THEN 'V' WHEN 2 THEN 'L' WHEN 3 THEN 'R' END, CASE fec WHEN 0 THEN 'auto' WHEN 1 THEN '1/2' WHEN 2 "
@@ -196,9 +98,9 @@ std::optional<int64_t> Neighbour(int profile, bool next) {
   return *data.Find(COLUMN_SERVICE_ID);
 }
 
-int Tune(const Words& words) {
+int Tune(const Arguments& words) {
   const Command command = Parse(words, 1, "tune SERVICE|next|previous [--pip] [--json]");
-  if (command.words.empty()) throw TvWordError("usage: quirelle-tv tune SERVICE|next|previous [--pip] [--json]");
+  if (command.words.empty()) throw WordError("usage: quirelle-tv tune SERVICE|next|previous [--pip] [--json]");
   const std::string& word = command.words[0];
   int64_t service = 0;
   if (word == "next" || word == "previous") {
@@ -215,10 +117,10 @@ int Tune(const Words& words) {
   return PrintPictures(command.json);
 }
 
-int Source(const Words& words) {
+int Source(const Arguments& words) {
   const Command command = Parse(words, 1, "source [NUMBER] [--pip] [--json]");
   if (!command.words.empty()) {
-    const long source = Number(command.words[0], "source", 0, 255);
+    const int64_t source = Number(command.words[0], "source", 0, 255);
     Store::Get().Write([&] {
       Query("UPDATE picture SET source = ?, active = 1 WHERE profile = ?", static_cast<int64_t>(source),
             command.profile)
@@ -228,15 +130,15 @@ int Source(const Words& words) {
   return PrintPictures(command.json);
 }
 
-int Mode(const Words& words) {
+int Mode(const Arguments& words) {
   const Command command = Parse(words, 2, "mode [air|cable|satellite [SERVICE-MODE]] [--pip] [--json]");
   if (!command.words.empty()) {
     const auto* found = std::find(std::begin(kAntennaNames), std::end(kAntennaNames), command.words[0]);
     if (found == std::end(kAntennaNames)) {
-      throw TvWordError("'" + command.words[0] + "' is neither air, cable nor satellite");
+      throw WordError("'" + command.words[0] + "' is neither air, cable nor satellite");
     }
     const auto antenna = static_cast<EAntennaMode>(found - kAntennaNames);
-    long mode = antenna == ANTENNA_SATELLITE ? SERVICE_MODE_SATELLITE : SERVICE_MODE_NONE;
+    int64_t mode = antenna == ANTENNA_SATELLITE ? SERVICE_MODE_SATELLITE : SERVICE_MODE_NONE;
     if (command.words.size() > 1) mode = Number(command.words[1], "service mode", -1, 1000);
     CTVSApiWrapper api;
     IServiceNavigation* navigation = api.CreateServiceNavigation(static_cast<EProfile>(command.profile), 0);
@@ -251,7 +153,7 @@ int Mode(const Words& words) {
 struct Figure {
   const char* option;
   const char* column;
-  long most;
+  int64_t most;
 };
 constexpr Figure kFigures[] = {{"--strength", "strength", 100},
                                {"--quality", "quality", 100},
@@ -259,16 +161,16 @@ constexpr Figure kFigures[] = {{"--strength", "strength", 100},
                                {"--snr", "snr", 10000}};
 
 /// Sets the figures that the words name, all or none; returns the words that are left.
-Words SetFigures(const Words& words) {
-  Words left;
-  std::vector<std::pair<const Figure*, long>> set;
+Arguments SetFigures(const Arguments& words) {
+  Arguments left;
+  std::vector<std::pair<const Figure*, int64_t>> set;
   for (size_t i = 0; i < words.size(); ++i) {
     const auto* figure =
         std::find_if(std::begin(kFigures), std::end(kFigures), [&](const Figure& f) { return words[i] == f.option; });
     if (figure == std::end(kFigures)) {
       left.push_back(words[i]);
     } else {
-      if (++i == words.size()) throw TvWordError(std::string(figure->option) + ": a number is missing");
+      if (++i == words.size()) throw WordError(std::string(figure->option) + ": a number is missing");
       set.emplace_back(figure, Number(words[i], figure->option, 0, figure->most));
     }
   }
@@ -285,7 +187,7 @@ Words SetFigures(const Words& words) {
   return left;
 }
 
-int Signal(const Words& words) {
+int Signal(const Arguments& words) {
   const Command command = Parse(SetFigures(words), 0, "signal");
   const TunerState tuner = ReadTuner(command.profile);
   Query q("SELECT transponder, ?, ?, ?, ?, ?, ? FROM picture WHERE profile = ?", static_cast<int>(tuner.kind),
@@ -312,29 +214,29 @@ int PrintNotes(const Command& command) {
 void AddNote(const std::string& entry) {
   static const std::regex form("[0-9]{1,12}(:[0-9]{1,10}){0,5}");
   if (!std::regex_match(entry, form)) {
-    throw TvWordError("'" + entry + "': wants up to six numbers, like 1700000000:7:1:2:0:0");
+    throw WordError("'" + entry + "': wants up to six numbers, like 1700000000:7:1:2:0:0");
   }
   Store::Get().Write([&] { Query("INSERT INTO weak_signal (entry) VALUES (?)", entry).Run(); });
 }
 
-int History(const Words& words) {
+int History(const Arguments& words) {
   constexpr const char* kUsage = "history [list|clear|add TIME:MAJOR:MINOR:TYPE:MODE:UHD] [--limit N] [--json]";
   const Command command = Parse(words, 2, kUsage);
   const std::string what = command.words.empty() ? "list" : command.words[0];
   const size_t wanted = what == "add" ? 2 : what == "list" || what == "clear" ? 1 : 0;
   if (command.words.size() > wanted || (what == "add" && command.words.size() < wanted)) {
-    throw TvWordError(std::string("usage: quirelle-tv ") + kUsage);
+    throw WordError(std::string("usage: quirelle-tv ") + kUsage);
   }
   if (what == "add") AddNote(command.words[1]);
   if (what == "clear") Store::Get().Write([] { Query("DELETE FROM weak_signal").Run(); });
   return PrintNotes(command);
 }
 
-int Clock(const Words& words) {
+int Clock(const Arguments& words) {
   const Command command = Parse(words, 1, "clock [12|24] [--json]");
   if (!command.words.empty()) {
     if (command.words[0] != "12" && command.words[0] != "24") {
-      throw TvWordError("'" + command.words[0] + "' is neither 12 nor 24");
+      throw WordError("'" + command.words[0] + "' is neither 12 nor 24");
     }
     SetTvState("clock_hours", Number(command.words[0], "clock", 12, 24));
   }
@@ -372,7 +274,7 @@ struct HdmiChange {
   std::optional<ESource> source;
   std::optional<std::string> name;
   std::optional<TSResolution> resolution;
-  std::optional<long> format;
+  std::optional<int64_t> format;
 };
 
 void ReadHdmiOption(HdmiChange& change, const std::string& option, const std::string& value) {
@@ -384,25 +286,23 @@ void ReadHdmiOption(HdmiChange& change, const std::string& option, const std::st
     const bool hexadecimal =
         value.starts_with("0x") && value.size() > 2 && std::isxdigit(static_cast<unsigned char>(value[2]));
     char* end = nullptr;
-    const long code = hexadecimal ? std::strtol(value.c_str(), &end, 16) : Number(value, option, 0, kMostFormat);
-    if (hexadecimal && (*end || code > kMostFormat))
-      throw TvWordError(option + " '" + value + "': wants up to 0xfffff");
+    const int64_t code = hexadecimal ? std::strtol(value.c_str(), &end, 16) : Number(value, option, 0, kMostFormat);
+    if (hexadecimal && (*end || code > kMostFormat)) throw WordError(option + " '" + value + "': wants up to 0xfffff");
     change.format = code;
   } else {
     change.resolution = ParseResolution(value);
-    if (!change.resolution)
-      throw TvWordError(option + " '" + value + "': wants none or something like 1920x1080@59.94p");
+    if (!change.resolution) throw WordError(option + " '" + value + "': wants none or something like 1920x1080@59.94p");
   }
 }
 
-int Hdmi(const Words& words) {
+int Hdmi(const Arguments& words) {
   constexpr const char* kUsage = "hdmi [--port N] [--name NAME] [--resolution WxH@RATEp|i] [--format CODE] [--json]";
   HdmiChange change;
-  Words left;
+  Arguments left;
   for (size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
     if (word == "--port" || word == "--name" || word == "--resolution" || word == "--format") {
-      if (++i == words.size()) throw TvWordError(word + ": a value is missing");
+      if (++i == words.size()) throw WordError(word + ": a value is missing");
       ReadHdmiOption(change, word, words[i]);
     } else {
       left.push_back(word);
@@ -420,24 +320,21 @@ int Hdmi(const Words& words) {
   return PrintHdmi(command.json);
 }
 
+constexpr Verb kVerbs[] = {
+    {"channels", "channels [ANTENNA]", "lists the channels (--limit N, --json)", true, Channels},
+    {"satellites", "satellites", "lists the satellites (--limit N, --json)", true, Satellites},
+    {"transponders", "transponders [SATELLITE]", "lists what is on air (--limit N, --json)", true, Transponders},
+    {"tune", "tune SERVICE|next|previous", "changes the channel (--pip, --json)", true, Tune},
+    {"source", "source [NUMBER]", "shows or changes the source, 0 is the tuner (--pip, --json)", true, Source},
+    {"mode", "mode [ANTENNA [MODE]]", "shows or changes what is received (--pip, --json)", true, Mode},
+    {"signal", "signal [--strength N ...]", "shows or sets the tuner's figures (--quality, --ber, --snr, --json)", true,
+     Signal},
+    {"history", "history [list|clear|add ENTRY]", "the notes of weak signal (--limit N, --json)", true, History},
+    {"clock", "clock [12|24]", "shows or sets by how many hours the TV shows the time (--json)", true, Clock},
+    {"hdmi", "hdmi [--port N ...]", "shows an HDMI input, or changes it (--name, --resolution, --format, --json)", true,
+     Hdmi},
+};
+
 }  // namespace
 
-const std::vector<TvVerb>& TvServiceVerbs() {
-  static const std::vector<TvVerb> verbs = {
-      {"channels", "channels [ANTENNA]", "lists the channels (--limit N, --json)", Channels},
-      {"satellites", "satellites", "lists the satellites (--limit N, --json)", Satellites},
-      {"transponders", "transponders [SATELLITE]", "lists what is on air (--limit N, --json)", Transponders},
-      {"tune", "tune SERVICE|next|previous", "changes the channel (--pip, --json)", Tune},
-      {"source", "source [NUMBER]", "shows or changes the source, 0 is the tuner (--pip, --json)", Source},
-      {"mode", "mode [ANTENNA [MODE]]", "shows or changes what is received (--pip, --json)", Mode},
-      {"signal", "signal [--strength N ...]", "shows or sets the tuner's figures (--quality, --ber, --snr, --json)",
-       Signal},
-      {"history", "history [list|clear|add ENTRY]", "the notes of weak signal (--limit N, --json)", History},
-      {"clock", "clock [12|24]", "shows or sets by how many hours the TV shows the time (--json)", Clock},
-      {"hdmi", "hdmi [--port N ...]", "shows an HDMI input, or changes it (--name, --resolution, --format, --json)",
-       Hdmi},
-  };
-  return verbs;
-}
-
-}  // namespace desktop
+std::span<const Verb> ReceptionVerbs() { return kVerbs; }

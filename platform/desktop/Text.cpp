@@ -8,6 +8,7 @@ namespace desktop {
 namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
+constexpr std::string_view kReplacementUtf8 = "\xEF\xBF\xBD";
 
 /// Length of the sequence that begins with this byte; 0 for a byte that begins none.
 int SequenceLength(unsigned char first) {
@@ -34,7 +35,40 @@ uint32_t Decode(std::string_view text, size_t& at) {
   return length && code >= least[length] && code <= 0x10FFFF ? code : kReplacement;
 }
 
+bool IsControl(unsigned char byte) { return byte < ' ' || byte == 0x7F; }
+
+bool IsSurrogate(uint32_t code) { return code >= 0xD800 && code < 0xE000; }
+
+/// Moves past the character at `at`; false when it is none that can be shown.
+bool PassPlain(std::string_view text, size_t& at) {
+  const size_t begin = at;
+  const uint32_t code = Decode(text, at);
+  // U+FFFD itself is a character; what becomes one is not.
+  const bool replaced = code == kReplacement && text.substr(begin, at - begin) != kReplacementUtf8;
+  return !replaced && !IsSurrogate(code) && (code >= 0x80 || !IsControl(static_cast<unsigned char>(code)));
+}
+
 }  // namespace
+
+bool IsPlainText(std::string_view text) {
+  for (size_t at = 0; at < text.size();) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    if (byte >= 0x80 ? !PassPlain(text, at) : IsControl(byte)) return false;
+    if (byte < 0x80) ++at;
+  }
+  return true;
+}
+
+std::string PlainText(std::string_view text, size_t most) {
+  std::string plain;
+  for (size_t at = 0; at < text.size();) {
+    const size_t begin = at;
+    const std::string_view next = PassPlain(text, at) ? text.substr(begin, at - begin) : kReplacementUtf8;
+    if (plain.size() + next.size() > most) break;
+    plain += next;
+  }
+  return plain;
+}
 
 std::u16string ToUtf16(std::string_view text) {
   std::u16string units;
@@ -50,8 +84,8 @@ std::u16string ToUtf16(std::string_view text) {
   return units;
 }
 
-std::optional<long> ToNumber(std::string_view text) {
-  long number = 0;
+std::optional<int64_t> ToNumber(std::string_view text) {
+  int64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (text.empty() || error != std::errc() || end != text.data() + text.size()) return {};
   return number;
