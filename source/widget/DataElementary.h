@@ -40,6 +40,10 @@ class ElementaryNode : public SimpleElementaryNode {
   /// What a choice row shows in place of the display value.
   static constexpr const char* kChoice = "SubListItemDisPlayValue";
 
+  /// What stands before the texts: the kind of object, and what it shows.
+  static constexpr const char* kContentStyle = "ContentStyle";
+  static constexpr const char* kContent = "Content";
+
   explicit ElementaryNode(std::string menuID) : m_menuID(std::move(menuID)) {}
 
   const std::string& GetNodeMenuItemId() const { return m_menuID; }

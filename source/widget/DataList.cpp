@@ -85,6 +85,10 @@ std::unique_ptr<ElementaryNode> DataList::m_MakeElementaryNode(const std::string
   node->SetContent(ElementaryNode::kTitle, std::move(info.displayName));
   node->SetContent(ElementaryNode::kValue, std::move(info.value));
   node->SetContent(ElementaryNode::kDisplayValue, std::move(info.displayValue));
+  if (!info.picture.empty()) {
+    node->SetContent(ElementaryNode::kContentStyle, "elm_image");
+    node->SetContent(ElementaryNode::kContent, std::move(info.picture));
+  }
   return node;
 }
 

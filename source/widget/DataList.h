@@ -17,7 +17,8 @@ struct DataInfo {
   std::string displayValue;
   /// Of the row's own item; empty for the parent's.
   std::string id;
-  std::string extra;
+  /// Path of a picture before the texts; empty for none.
+  std::string picture;
 };
 
 /// Who fills the page rows of a menu ID; process-wide through `Singleton`.

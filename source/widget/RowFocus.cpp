@@ -1,5 +1,7 @@
 #include "RowFocus.h"
 
+#include "CheckRow.h"
+#include "ThemeNames.h"
 #include "Utils.h"
 
 namespace {
@@ -41,30 +43,39 @@ void FocusRowLater(Evas_Object* genlist) {
 
 void CanvasFocused(void* data, Evas*, void*) { FocusRowLater(static_cast<Evas_Object*>(data)); }
 
+/// A box in a row stands on the row's ground.
+void LookFocused(const Elm_Object_Item* row, bool focused) {
+  const char* signal = focused ? theme::kActionFocus : theme::kActionUnfocus;
+  if (Evas_Object* box = BoxOf(row)) elm_object_signal_emit(box, signal, theme::kSource);
+}
+
 void ListFocused(void*, Evas_Object* genlist, void*) {
   FocusRow(genlist);
-  Utils::ApplyItemHighlight(elm_object_focused_item_get(genlist), ITEM_STATUS_FOCUSED);
+  Elm_Object_Item* row = elm_object_focused_item_get(genlist);
+  Utils::ApplyItemHighlight(row, ITEM_STATUS_FOCUSED);
+  LookFocused(row, true);
 }
 
 /// The toolkit leaves the row as it is: there would be two things that look focused.
 void ListUnfocused(void*, Evas_Object* genlist, void*) {
-  Utils::ApplyItemHighlight(elm_object_focused_item_get(genlist), ITEM_STATUS_UNFOCUSED);
-}
-
-/// With the screen reader on a row has a second object that would take the focus, and keep it.
-void KeepFocusOffReader(void*, Evas_Object*, void* row) {
-  if (Evas_Object* read = elm_object_item_access_object_get(static_cast<Elm_Object_Item*>(row))) {
-    elm_object_focus_allow_set(read, EINA_FALSE);
-  }
+  Elm_Object_Item* row = elm_object_focused_item_get(genlist);
+  Utils::ApplyItemHighlight(row, ITEM_STATUS_UNFOCUSED);
+  LookFocused(row, false);
 }
 
 /// A list without rows on screen can hand the focus to none: it does when they are made.
 void RowMade(void*, Evas_Object* genlist, void* row) {
-  KeepFocusOffReader(nullptr, genlist, row);
-  if (!elm_object_focused_item_get(genlist) && RowToFocus(genlist) == row) FocusRowLater(genlist);
+  const Elm_Object_Item* focused = elm_object_focused_item_get(genlist);
+  if (!focused && RowToFocus(genlist) == row) FocusRowLater(genlist);
+  if (focused == row) LookFocused(focused, elm_object_focus_get(genlist));
 }
 
-void RowFocused(void*, Evas_Object* genlist, void* row) { evas_object_data_set(genlist, kRow, row); }
+void RowFocused(void*, Evas_Object* genlist, void* row) {
+  evas_object_data_set(genlist, kRow, row);
+  LookFocused(static_cast<Elm_Object_Item*>(row), true);
+}
+
+void RowUnfocused(void*, Evas_Object*, void* row) { LookFocused(static_cast<Elm_Object_Item*>(row), false); }
 
 void ListGone(void*, Evas* canvas, Evas_Object* genlist, void*) {
   if (void* pending = evas_object_data_del(genlist, kPending)) ecore_job_del(static_cast<Ecore_Job*>(pending));
@@ -78,6 +89,7 @@ void KeepRowFocus(Evas_Object* genlist) {
   evas_object_smart_callback_add(genlist, "focused", ListFocused, nullptr);
   evas_object_smart_callback_add(genlist, "unfocused", ListUnfocused, nullptr);
   evas_object_smart_callback_add(genlist, "item,focused", RowFocused, nullptr);
+  evas_object_smart_callback_add(genlist, "item,unfocused", RowUnfocused, nullptr);
   evas_object_smart_callback_add(genlist, "realized", RowMade, nullptr);
   Evas* canvas = evas_object_evas_get(genlist);
   evas_event_callback_add(canvas, EVAS_CALLBACK_CANVAS_FOCUS_IN, CanvasFocused, genlist);
@@ -86,9 +98,9 @@ void KeepRowFocus(Evas_Object* genlist) {
   evas_object_event_callback_add(genlist, EVAS_CALLBACK_DEL, ListGone, nullptr);
 }
 
-void KeepFocusOut(Evas_Object* genlist) {
+void KeepFocusForEar(Evas_Object* genlist) {
+  if (elm_config_access_get()) return KeepRowFocus(genlist);
   elm_object_focus_allow_set(genlist, EINA_FALSE);
-  evas_object_smart_callback_add(genlist, "realized", KeepFocusOffReader, nullptr);
 }
 
 void SetFocusRow(Elm_Object_Item* row) {

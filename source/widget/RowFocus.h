@@ -7,8 +7,8 @@
 /// toolkit does so only from the first arrow key on.
 void KeepRowFocus(Evas_Object* genlist);
 
-/// A list to look at only: neither it nor a row takes the focus.
-void KeepFocusOut(Evas_Object* genlist);
+/// A list to look at only: its rows take the focus just for whoever has them read out.
+void KeepFocusForEar(Evas_Object* genlist);
 
 /// The row that gets the focus with the list.
 void SetFocusRow(Elm_Object_Item* row);

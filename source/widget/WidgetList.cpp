@@ -4,9 +4,12 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "CheckRow.h"
+#include "Content.h"
 #include "DataProvider.h"
 #include "EventManager.h"
 #include "Log.h"
+#include "PageKeys.h"
 #include "RootWindow.h"
 #include "RowFocus.h"
 #include "TextUtil.h"
@@ -16,7 +19,6 @@
 namespace {
 
 constexpr size_t kBufferSize = 512;
-constexpr int kTransferRows = 2;
 
 struct RowStyle {
   std::string_view parent;
@@ -31,11 +33,6 @@ constexpr RowStyle kRowStyles[] = {
     {"popup.satellite", theme::kRowValueLite, theme::kRowValueGrey},
     {"ctxpopup.bottom", theme::kRowLite, theme::kRowGrey},
     {"ctxpopup.bottom.shortcut", theme::kRowLite, theme::kRowGrey},
-};
-
-struct GenlistCallback {
-  const char* signal;
-  Evas_Smart_Cb callback;
 };
 
 }  // namespace
@@ -71,6 +68,7 @@ void WidgetGenList::CreateGenlist(const char* style, bool flag) {
   elm_object_style_set(t_pGenlist, m_style.c_str());
   LOG_INFO(" style is [%s] ", m_style.c_str());
   KeepRowFocus(t_pGenlist);
+  PageWithChannelKeys(t_pGenlist);
   m_AddRows();
   evas_object_smart_callback_add(t_pGenlist, "realized", m_ItemRealizedCB, this);
   evas_object_smart_callback_add(t_pGenlist, "item,focused", m_ItemFocusedCB, this);
@@ -158,7 +156,6 @@ std::string WidgetGenList::t_GetGenlistItcStyle(int index) {
   LOG_DEBUG(" pParentItemUIStyle is [%s] ", parent);
   for (const RowStyle& entry : kRowStyles) {
     if (entry.parent != parent) continue;
-    if (entry.parent == "popup.transfer") m_rowType = kTransferRows;
     return Utils::FlagPanelType82InchSdc() ? entry.grey : entry.style;
   }
   LOG_DEBUG("Other case");
@@ -168,6 +165,7 @@ std::string WidgetGenList::t_GetGenlistItcStyle(int index) {
 void WidgetGenList::t_AddListItemItc(Elm_Genlist_Item_Class* itemClass, const std::string& style) {
   itemClass->item_style = eina_stringshare_add(style.c_str());
   itemClass->func.text_get = m_ItemGetText;
+  itemClass->func.content_get = m_ItemGetContent;
 }
 
 Elm_Genlist_Item_Class* WidgetGenList::m_ItemClass(int index) {
@@ -191,6 +189,15 @@ char* WidgetGenList::m_ItemGetText(void* data, Evas_Object*, const char* part) {
   const char* shown = *text || !*value ? text : value;
   LOG_DEBUG("Part[%s] SetTo[%s]", part, shown);
   return elm_entry_utf8_to_markup(Showable(shown));
+}
+
+Evas_Object* WidgetGenList::m_ItemGetContent(void* data, Evas_Object* object, const char* part) {
+  const auto* node = static_cast<const ElementaryNode*>(data);
+  if (!node || std::string_view(part) != theme::kRowBox) return nullptr;
+  const std::string style = node->GetContent(ElementaryNode::kContentStyle);
+  const std::string content = node->GetContent(ElementaryNode::kContent);
+  LOG_DEBUG("part is [%s], strContentStyle is [%s], strContent is [%s] ", part, style.c_str(), content.c_str());
+  return style == "elm_image" ? Utils::GetImageObjectByPath(object, content.c_str()) : nullptr;
 }
 
 // --- states --------------------------------------------------------------------------------------
@@ -223,19 +230,13 @@ void WidgetGenList::t_SetItemStatus(Elm_Object_Item* item, bool focused, bool) {
   elm_object_item_disabled_set(item, node->GetStatus() == ITEM_STATUS_DISABLED);
   Utils::ApplyRealizedListItemHighlight(item, node->GetStatus());
   if (focused) Utils::ApplyItemHighlight(item, ITEM_STATUS_FOCUSED);
-  if (elm_config_access_get()) m_ConfigureReader(item, *node);
+  if (!node->GetContent(ElementaryNode::kContent).empty()) ShowRowBox(item);
+  if (m_IsStoredChoice(item)) MarkChosen(item);
 }
 
-/// What the screen reader says of a row: name and value.
-void WidgetGenList::m_ConfigureReader(Elm_Object_Item* item, const ElementaryNode& node) {
-  char name[kBufferSize] = {}, value[kBufferSize] = {}, displayed[kBufferSize] = {};
-  node.GetNodeDisplayName(name);
-  node.GetNodeValue(value, displayed);
-  std::string text = name;
-  const char* second = *displayed ? displayed : value;
-  if (*second && text != second && m_pData->GetType() == DataList::LIST_PAGE) text += std::string(", ") + second;
-  Evas_Object* access = elm_object_item_access_object_get(item);
-  if (access) elm_access_info_set(access, ELM_ACCESS_INFO, text.c_str());
+bool WidgetGenList::m_IsStoredChoice(const Elm_Object_Item* item) const {
+  const int first = m_pData->GetInitFocusIndex();
+  return m_pData->GetType() == DataList::LIST_CHOICES && elm_object_item_data_get(item) == m_pData->GetNode(first);
 }
 
 void WidgetGenList::m_ItemRealizedCB(void* data, Evas_Object*, void* info) {

@@ -87,9 +87,11 @@ class WidgetGenList : public Widget {
   int m_NodeOfRow(int row) const;
   Elm_Object_Item* m_ItemAt(int index) const;
   void m_FetchRows();
-  void m_ConfigureReader(Elm_Object_Item* item, const ElementaryNode& node);
+
+  bool m_IsStoredChoice(const Elm_Object_Item* item) const;
 
   static char* m_ItemGetText(void* data, Evas_Object* object, const char* part);
+  static Evas_Object* m_ItemGetContent(void* data, Evas_Object* object, const char* part);
   static void m_ItemSelCB(void* data, Evas_Object* object, void* info);
   static void m_ItemRealizedCB(void* data, Evas_Object* object, void* info);
   static void m_ItemFocusedCB(void* data, Evas_Object* object, void* info);
@@ -108,7 +110,5 @@ class WidgetGenList : public Widget {
   std::vector<int> m_rows;
   SelectCallback m_selectCallback = nullptr;
   void* m_userData = nullptr;
-  /// 2 for the popups of the channel-list transfer.
-  int m_rowType = 0;
   int m_rowCount = 0;
 };

@@ -4,6 +4,13 @@
 
 #include "Log.h"
 
+namespace {
+
+/// A hundredth is a hair less than a whole number of percent.
+constexpr double kHair = 0.00001;
+
+}  // namespace
+
 bool WidgetProgressBar::Create(Evas_Object* parent, const char* style) {
   if (!parent) {
     LOG_DEBUG("Null Pointer");
@@ -15,16 +22,15 @@ bool WidgetProgressBar::Create(Evas_Object* parent, const char* style) {
     return false;
   }
   m_parent = parent;
-  m_style = style ? style : "";
-  elm_object_style_set(m_bar, m_style.c_str());
-  LOG_DEBUG("ProgressBar:Style[%s] ", m_style.c_str());
+  if (!style) style = "";
+  elm_object_style_set(m_bar, style);
+  LOG_DEBUG("ProgressBar:Style[%s] ", style);
   return true;
 }
 
 void WidgetProgressBar::AddToParentWithPartName(const char* part) {
   if (!m_bar || !m_parent || !part) return;
   evas_object_show(m_bar);
-  m_part = part;
   elm_object_part_content_set(m_parent, part, m_bar);
   LOG_DEBUG("Add Progress");
 }
@@ -40,12 +46,11 @@ void WidgetProgressBar::EnableProgressTextFlag(bool flag, const char* part) {
 }
 
 void WidgetProgressBar::SetItemData(double value) {
-  m_value = value;
   LOG_DEBUG("Set[%f]", value);
   if (!m_bar) return;
   elm_progressbar_value_set(m_bar, value);
   char text[16];
-  snprintf(text, sizeof text, "%d%%", static_cast<int>(value * 100));
+  snprintf(text, sizeof text, "%d%%", static_cast<int>(value * 100 + kHair));
   LOG_DEBUG("Data[%s]", text);
   if (m_textFlag && !m_textPart.empty()) elm_object_part_text_set(m_parent, m_textPart.c_str(), text);
 }

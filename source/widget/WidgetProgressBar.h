@@ -7,7 +7,6 @@
 
 class WidgetProgressBar {
  public:
-  explicit WidgetProgressBar(const char* name) : m_name(name ? name : "") {}
   virtual ~WidgetProgressBar() = default;
 
   bool Create(Evas_Object* parent, const char* style);
@@ -23,12 +22,8 @@ class WidgetProgressBar {
   Evas_Object* GetObject() const { return m_bar; }
 
  private:
-  std::string m_name;
   Evas_Object* m_parent = nullptr;
   Evas_Object* m_bar = nullptr;
-  std::string m_part;
-  std::string m_style;
-  double m_value = 0.0;
   std::string m_textPart;
   bool m_textFlag = false;
 };

@@ -6,15 +6,34 @@
 #include "ThemeNames.h"
 #include "Utils.h"
 
-void WidgetTextBlock::Create(Evas_Object* parent, const char* text, int lineWrap, int width, int fontSize) {
+namespace {
+
+/// That the theme's own letters have.
+constexpr int kThemeLine = 48;
+/// Of a letter's size, for its line.
+constexpr int kLineShare = 79;
+
+std::string WithBreaks(std::string text) {
+  for (size_t at = 0; (at = text.find('\n', at)) != std::string::npos;) text.replace(at, 1, "<br>");
+  return text;
+}
+
+/// As markup: a style pushed upon the label's own is lost when the label is scaled.
+std::string Sized(const std::string& text, int line) {
+  if (line == kThemeLine) return text;
+  const std::string size = std::to_string(line * kLineShare / 100);
+  return "<font_size=" + size + ">" + text + "</font_size>";
+}
+
+}  // namespace
+
+void WidgetTextBlock::Create(Evas_Object* parent, const char* text, int lineWrap, int width, int line) {
   m_label = elm_label_add(parent);
   if (!m_label) return;
   elm_object_style_set(m_label, theme::kNoticeLabel);
   elm_label_line_wrap_set(m_label, static_cast<Elm_Wrap_Type>(lineWrap));
   elm_label_wrap_width_set(m_label, Utils::Scaled(parent, width));
-  const std::string style = "DEFAULT='font_size=" + std::to_string(fontSize) + "'";
-  elm_layout_text_set(m_label, theme::kLabelText, text);
-  edje_object_part_text_style_user_push(elm_layout_edje_get(m_label), theme::kLabelText, style.c_str());
+  elm_layout_text_set(m_label, theme::kLabelText, Sized(WithBreaks(text), line).c_str());
 }
 
 void WidgetTextBlock::SetContent(Evas_Object* parent, const char* part) {
@@ -34,4 +53,12 @@ void WidgetTextBlock::Hide() {
 void WidgetTextBlock::Destroy() {
   if (m_label) evas_object_del(m_label);
   m_label = nullptr;
+}
+
+std::unique_ptr<WidgetTextBlock> AddNoticeText(Evas_Object* notice, const std::string& text) {
+  constexpr int kLineWrap = 2, kWidth = 1122, kLine = 48;
+  auto block = std::make_unique<WidgetTextBlock>();
+  block->Create(notice, text.c_str(), kLineWrap, kWidth, kLine);
+  block->SetContent(notice, nullptr);
+  return block;
 }

@@ -4,6 +4,8 @@
 Run it in this folder after changing a shape; the build only reads the PNG files.
 """
 
+import ctypes
+import ctypes.util
 import math
 import struct
 import zlib
@@ -86,6 +88,10 @@ def draw_arrow():
     write_png("arrow-down.png", 48, lambda x, y: coverage(x, 48 - y))
 
 
+def draw_slash():
+    write_png("slash.png", 48, lambda x, y: inside(segment_distance(x, y, 16, 42, 32, 6) - 2))
+
+
 def draw_shade(radius):
     """Thick at the edge, clear within; round at the corners, like the ground below it."""
     size = 48
@@ -100,10 +106,38 @@ def draw_shade(radius):
     write_png("shade-bottom.png", size, lambda x, y: coverage(x, size - y))
 
 
+def draw_stick():
+    """A stick that stands on its plug; the program loads it by itself, and a row colours it."""
+    size = 48
+    boxes = ((24, 29, 12, 15, 4), (24, 9, 7.5, 6, 1.5))  # body and plug: centre, half its size, corner
+    holes = ((21, 9, 1.5, 2, 0.5), (27, 9, 1.5, 2, 0.5), (24, 20, 4.5, 1.5, 1.5))
+
+    def box_distance(x, y, cx, cy, w, h, radius):
+        dx, dy = abs(x - cx) - (w - radius), abs(y - cy) - (h - radius)
+        return math.hypot(max(dx, 0), max(dy, 0)) + min(max(dx, dy), 0) - radius
+
+    def coverage(x, y):
+        solid = max(inside(box_distance(x, y, *box)) for box in boxes)
+        return solid * (1 - max(inside(box_distance(x, y, *hole)) for hole in holes))
+
+    pixels = bytearray()
+    for y in range(size):
+        for x in range(size):
+            pixels += bytes((255, 255, 255, round(255 * coverage(x + 0.5, y + 0.5))))
+    webp = ctypes.CDLL(ctypes.util.find_library("webp"))
+    webp.WebPEncodeLosslessRGBA.restype = ctypes.c_size_t
+    output = ctypes.POINTER(ctypes.c_uint8)()
+    length = webp.WebPEncodeLosslessRGBA(bytes(pixels), size, size, 4 * size, ctypes.byref(output))
+    with open("r_icon_device_s_usb.webp", "wb") as file:
+        file.write(ctypes.string_at(output, length))
+
+
 for corner in (5, 6, 10, 16, 20, 24, 28):
     draw_round(corner)
 for corner, line in ((10, 4), (16, 3), (20, 3), (28, 4)):
     draw_ring(corner, line)
 draw_tick()
 draw_arrow()
+draw_slash()
 draw_shade(20)
+draw_stick()

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "Content.h"
 #include "Log.h"
 #include "RowFocus.h"
 #include "TextUtil.h"
@@ -25,10 +26,9 @@ void PlaceInformation(Evas_Object* window, Evas_Object* layout) {
 }
 
 Evas_Object* AddInformation(Evas_Object* window, const std::string& hint) {
-  Evas_Object* layout = elm_layout_add(window);
-  if (!layout || !elm_layout_file_set(layout, Utils::GetEDJFile().c_str(), theme::kInformation)) {
+  Evas_Object* layout = AddLayout(window, theme::kInformation);
+  if (!layout) {
     LOG_ERROR("Assertion failed");
-    if (layout) evas_object_del(layout);
     return nullptr;
   }
   elm_object_part_text_set(layout, theme::kInformationText, hint.c_str());
@@ -43,29 +43,16 @@ void AddInformationPad(Evas_Object* layout, const char* part, int height) {
 }
 
 Evas_Object* AddFactList(Evas_Object* layout) {
-  Evas_Object* list = elm_genlist_add(layout);
+  Evas_Object* list = layout ? elm_genlist_add(layout) : nullptr;
   if (!list) {
     LOG_ERROR("Assertion failed");
     return nullptr;
   }
   elm_object_scroll_item_loop_enabled_set(list, EINA_TRUE);
-  KeepFocusOut(list);
+  KeepFocusForEar(list);
   // All of its rows are there; a zoomed height may be rounded by a pixel.
   elm_scroller_policy_set(list, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_OFF);
   return list;
-}
-
-Elm_Genlist_Item_Class* NewRowClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,
-                                    Elm_Gen_Item_Content_Get_Cb content) {
-  Elm_Genlist_Item_Class* itemClass = elm_genlist_item_class_new();
-  if (!itemClass) {
-    LOG_ERROR("Assertion failed");
-    return nullptr;
-  }
-  itemClass->item_style = style;
-  itemClass->func.text_get = text;
-  itemClass->func.content_get = content;
-  return itemClass;
 }
 
 bool NeedsAdjustFontSize() {

@@ -17,9 +17,6 @@ void AddInformationPad(Evas_Object* layout, const char* part, int height);
 
 /// A list of facts: the keys pass it by, and nothing of it is ever out of sight.
 Evas_Object* AddFactList(Evas_Object* layout);
-/// To be freed; null when it cannot be made. `style` and the functions are those of the toolkit's item class.
-Elm_Genlist_Item_Class* NewRowClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,
-                                    Elm_Gen_Item_Content_Get_Cb content);
 /// In a language whose titles are too long for the usual size.
 bool NeedsAdjustFontSize();
 /// The text of a part for the toolkit, which frees it; null for a part that has none. A value that is written from

@@ -2,6 +2,7 @@
 
 #include "KeyManager.h"
 #include "Log.h"
+#include "PageKeys.h"
 #include "RootWindow.h"
 #include "Utils.h"
 #include "VoiceGuide.h"
@@ -9,7 +10,6 @@
 namespace {
 
 constexpr int kTimeOutSeconds = 60;
-constexpr double kVoiceDelaySeconds = 0.2;
 /// Where the toolkit keeps, with the window, who gets the focus as soon as it can have it.
 constexpr const char* kNextFocus = "__delayed_focus_set";
 
@@ -28,7 +28,7 @@ void CView::Show() {
   if (!Utils::FlagVoiceGuideSetting()) return;
   std::string text;
   t_FirstEnter(text);
-  CVoiceGuide::GetInstance()->StartVoiceGuide(text.c_str(), kVoiceDelaySeconds, false);
+  Speak(text);
 }
 
 void CView::PrepareHide() { t_PrepareHide(); }
@@ -87,7 +87,10 @@ void CView::t_Destroy() {
   t_pMainBase = nullptr;
 }
 
-void CView::t_Show() { CKeyManager::SetTimeOut(GetTimeOutSeconds()); }
+void CView::t_Show() {
+  CKeyManager::SetTimeOut(GetTimeOutSeconds());
+  m_TakePageKeys(true);
+}
 
 bool CView::t_PrepareHide() {
   LOG_INFO(" CView::t_PrepareHide ");
@@ -96,17 +99,28 @@ bool CView::t_PrepareHide() {
 
 void CView::t_Hide() {
   LOG_INFO(" CView::t_Hide ");
+  m_TakePageKeys(false);
+  t_GiveFocusUp();
   if (t_pMainBase) evas_object_hide(t_pMainBase);
 }
 
 void CView::t_Resume() {
   LOG_INFO(" CView::t_Resume ");
   CKeyManager::SetTimeOut(GetTimeOutSeconds());
+  m_TakePageKeys(true);
 }
 
 void CView::t_Pause() {
   LOG_INFO(" CView::t_Pause ");
   CKeyManager::UnSetTimeOut();
+  m_TakePageKeys(false);
+}
+
+/// A view below takes them again when it comes up.
+void CView::m_TakePageKeys(bool take) {
+  if (take == m_pages || (take && !t_List())) return;
+  m_pages = take;
+  TakePageKeys(take);
 }
 
 void CView::t_Refresh() { LOG_INFO(" CView::t_Refresh "); }
@@ -122,22 +136,40 @@ bool CView::t_HandleMenuSpecialKeyCB(void*, int, void*) {
   return false;
 }
 
+void CView::t_GoTo(unsigned int step) { GoToStep(t_Window(), step); }
+
 void CView::t_ShowMainBase() {
+  if (!t_pMainBase) return;
+  elm_object_tree_focus_allow_set(t_pMainBase, EINA_TRUE);
   if (!evas_object_visible_get(t_pMainBase)) evas_object_show(t_pMainBase);
 }
 
-void CView::t_FocusAgain() {
+bool CView::t_FocusAgain() {
   if (m_focus) elm_object_focus_set(m_focus, EINA_TRUE);
+  return m_focus != nullptr;
 }
 
 void CView::t_GiveFocusUp() {
   if (!t_pMainBase) return;
+  // To what lies behind it all: by itself the toolkit would hand it on from one part of the view to the next.
+  if (m_HasFocus()) elm_object_focus_set(CRootWindow::GetGround(), EINA_TRUE);
   elm_object_tree_focus_allow_set(t_pMainBase, EINA_FALSE);
-  // The toolkit does not notice when what it waits for goes first.
+  m_ForgetNextFocus();
+}
+
+bool CView::m_IsIn(const Evas_Object* object) const {
+  while (object && object != t_pMainBase) object = elm_object_parent_widget_get(object);
+  return object != nullptr;
+}
+
+bool CView::m_HasFocus() const { return m_IsIn(elm_object_focused_object_get(elm_object_top_widget_get(t_pMainBase))); }
+
+/// The toolkit does not notice when what it waits for goes first, nor when somebody else is to have the focus.
+void CView::m_ForgetNextFocus() {
   Evas_Object* window = elm_object_top_widget_get(t_pMainBase);
-  const auto* next = static_cast<const Evas_Object*>(evas_object_data_get(window, kNextFocus));
-  while (next && next != t_pMainBase) next = elm_object_parent_widget_get(next);
-  if (next) evas_object_data_del(window, kNextFocus);
+  if (m_IsIn(static_cast<const Evas_Object*>(evas_object_data_get(window, kNextFocus)))) {
+    evas_object_data_del(window, kNextFocus);
+  }
 }
 
 void CView::t_SetMainBase(Evas_Object* base) {

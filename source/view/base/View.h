@@ -1,42 +1,12 @@
-// What every window, popup and in-place control is: an object with a fixed life cycle.
+// The base of every window, popup and in-place control.
 #pragma once
 
 #include <Elementary.h>
 
 #include <string>
 
-class IView {
- public:
-  virtual ~IView() = default;
-  virtual void Create() = 0;
-  virtual void Destroy() = 0;
-  virtual void Show() = 0;
-  virtual void PrepareHide() = 0;
-  virtual void Hide() = 0;
-  virtual void OnRefresh() = 0;
-  virtual void OnPause() = 0;
-  virtual void OnResume() = 0;
-  /// The menu ID; lives as long as the view.
-  virtual const char* GetID() = 0;
-  /// The window ID and the case number.
-  virtual void SetViewKey(unsigned int key1, unsigned int key2) = 0;
-  virtual bool GetViewKey(unsigned int& key1, unsigned int& key2) = 0;
-  /// An ecore key-down; true when the view has dealt with it.
-  virtual bool HandleMenuSpecialKeyCB(void* data, int type, void* event) = 0;
-  virtual int GetViewStatus() = 0;
-  virtual void SetViewStatus(int status) = 0;
-  virtual int GetViewProperty() = 0;
-  virtual void SetViewProperty(int property) = 0;
-  /// 0: no time-out.
-  virtual int GetTimeOutSeconds() = 0;
-};
-
-enum VIEW_STATUS {
-  VIEW_STATUS_ACTIVE = 1,
-  VIEW_STATUS_ANIMATING = 2,
-  VIEW_STATUS_HIDDEN = 4,
-  VIEW_STATUS_PAUSED = 7,
-};
+#include "IView.h"
+#include "Window.h"
 
 /// Each public operation forwards to the protected one of the same name, which subclasses override.
 class CView : public IView {
@@ -75,18 +45,27 @@ class CView : public IView {
   virtual void t_Resume();
   virtual void t_Pause();
   virtual void t_Refresh();
+  /// In which the channel keys move by pages; null for none.
+  virtual Evas_Object* t_List() const { return nullptr; }
   virtual const char* t_GetID();
   virtual int t_GetTimeOutSeconds();
   /// Adds what is read out when the view is shown.
   virtual void t_FirstEnter(std::string& text);
   virtual bool t_HandleMenuSpecialKeyCB(void* data, int type, void* event);
 
+  /// Closes this view and goes on, the uppermost one, with another step of its window.
+  void t_GoTo(unsigned int step);
+  /// The window ID and the case number that it was opened with.
+  Window t_Window() const { return static_cast<Window>(m_key1); }
+  unsigned int t_Case() const { return m_key2; }
+
   /// Takes the main base over and names it after the view, so that what looks at the screen can tell.
   void t_SetMainBase(Evas_Object* base);
-  /// Once: shown again, the toolkit's popup would give the focus back to a part of itself when it goes.
+  /// What is in it can have the focus from now on. Shown once: shown again, the toolkit's popup would give the focus
+  /// back to a part of itself when it goes.
   void t_ShowMainBase();
-  /// Gives the focus to what had it when the view was paused; to nothing in a view that was not.
-  void t_FocusAgain();
+  /// Gives the focus to what had it when the view was paused; false in a view that was not.
+  bool t_FocusAgain();
   /// Before the main base goes: the toolkit looks in vain for whoever has the focus in one that is going.
   void t_GiveFocusUp();
 
@@ -95,10 +74,15 @@ class CView : public IView {
 
  private:
   void m_RememberFocus(Evas_Object* focus);
+  bool m_IsIn(const Evas_Object* object) const;
+  bool m_HasFocus() const;
+  void m_ForgetNextFocus();
+  void m_TakePageKeys(bool take);
 
   /// What had the focus when another view came on top; null when it has gone.
   Evas_Object* m_focus = nullptr;
   unsigned int m_key1 = 0, m_key2 = 0;
   int m_status = VIEW_STATUS_ACTIVE;
   int m_property = 0;
+  bool m_pages = false;
 };

@@ -20,21 +20,20 @@ void CViewListBase::t_AddListToUserDefineContent() { LOG_DEBUG("Needs to add lis
 // --- the list's events ---------------------------------------------------------------------------
 
 void CViewListBase::t_RegisterListKeyEvent() {
-  Evas_Object* list = t_List();
-  if (!list) return;
-  evas_object_smart_callback_add(list, "realized", m_ItemRealized, this);
-  evas_object_smart_callback_add(list, "item,focused", m_GenlistFocusedCB, this);
-  evas_object_smart_callback_add(list, "item,unfocused", m_GenlistUnFocusedCB, this);
-  evas_object_event_callback_add(list, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+  const auto hear = [this](const char* signal, void (CViewListBase::*heard)(Evas_Object*, void*)) {
+    t_Connections.Smart(t_List(), signal, [this, heard](Evas_Object* list, void* item) { (this->*heard)(list, item); });
+  };
+  hear("realized", &CViewListBase::m_ItemRealized);
+  hear("item,focused", &CViewListBase::m_GenlistFocusedCB);
+  hear("item,unfocused", &CViewListBase::m_GenlistUnFocusedCB);
+  t_Connections.Key(t_List(), [this](Evas_Object*, const Evas_Event_Key_Down& event) {
+    LOG_DEBUG("keyname is [ %s ] ", event.keyname);
+    t_ProcessListKeyPressCB(event.keyname);
+  });
 }
 
 void CViewListBase::t_UnRegisterListKeyEvent() {
-  Evas_Object* list = t_List();
-  if (!list) return;
-  evas_object_smart_callback_del_full(list, "realized", m_ItemRealized, this);
-  evas_object_smart_callback_del_full(list, "item,focused", m_GenlistFocusedCB, this);
-  evas_object_smart_callback_del_full(list, "item,unfocused", m_GenlistUnFocusedCB, this);
-  evas_object_event_callback_del_full(list, EVAS_CALLBACK_KEY_DOWN, m_GenlistKeyPressedCB, this);
+  if (t_List()) t_Connections.Clear(t_List());
 }
 
 void CViewListBase::t_ProcessListFocusCB(Evas_Object*, void* item) {
@@ -47,40 +46,26 @@ void CViewListBase::t_ProcessListKeyPressCB(std::string) { LOG_DEBUG(""); }
 
 void CViewListBase::t_ProcessItemSelected(void*, Evas_Object*, void*) { LOG_DEBUG(""); }
 
-void CViewListBase::m_ItemRealized(void* data, Evas_Object*, void* info) {
-  auto* pThis = static_cast<CViewListBase*>(data);
-  if (!pThis || !info) {
+void CViewListBase::m_ItemRealized(Evas_Object*, void* item) {
+  if (!item) {
     LOG_ERROR("Null");
     return;
   }
-  pThis->t_ProcessItemRealized(static_cast<Elm_Object_Item*>(info));
+  t_ProcessItemRealized(static_cast<Elm_Object_Item*>(item));
 }
 
-void CViewListBase::m_GenlistFocusedCB(void* data, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewListBase*>(data);
-  if (!pThis || !object || !info) {
+void CViewListBase::m_GenlistFocusedCB(Evas_Object* list, void* item) {
+  if (!item) {
     LOG_ERROR("Assertion failed");
     return;
   }
-  pThis->t_ProcessListFocusCB(object, info);
+  t_ProcessListFocusCB(list, item);
 }
 
-void CViewListBase::m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewListBase*>(data);
-  if (!pThis || !object || !info) {
+void CViewListBase::m_GenlistUnFocusedCB(Evas_Object* list, void* item) {
+  if (!item) {
     LOG_ERROR("Assertion failed");
     return;
   }
-  pThis->t_ProcessListUnFocusCB(object, info);
-}
-
-void CViewListBase::m_GenlistKeyPressedCB(void* data, Evas*, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewListBase*>(data);
-  const auto* key = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !object || !key) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  LOG_DEBUG("keyname is [ %s ] ", key->keyname);
-  pThis->t_ProcessListKeyPressCB(key->keyname);
+  t_ProcessListUnFocusCB(list, item);
 }

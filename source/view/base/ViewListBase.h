@@ -19,17 +19,13 @@ class CViewListBase : public CViewWindowBase {
   virtual void t_ProcessListKeyPressCB(std::string keyName);
   virtual void t_ProcessItemSelected(void* data, Evas_Object* list, void* item);
   virtual void t_AddListToUserDefineContent();
-
-  /// The toolkit's list; null when there is none.
-  virtual Evas_Object* t_List() const = 0;
   /// A row was made.
   virtual void t_ProcessItemRealized(Elm_Object_Item* item) = 0;
 
   Elm_Genlist_Item_Class* t_pItemClass = nullptr;
 
  private:
-  static void m_ItemRealized(void* data, Evas_Object* object, void* info);
-  static void m_GenlistFocusedCB(void* data, Evas_Object* object, void* info);
-  static void m_GenlistUnFocusedCB(void* data, Evas_Object* object, void* info);
-  static void m_GenlistKeyPressedCB(void* data, Evas* canvas, Evas_Object* object, void* info);
+  void m_ItemRealized(Evas_Object* list, void* item);
+  void m_GenlistFocusedCB(Evas_Object* list, void* item);
+  void m_GenlistUnFocusedCB(Evas_Object* list, void* item);
 };

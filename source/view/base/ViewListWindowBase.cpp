@@ -3,9 +3,8 @@
 #include <string_view>
 
 #include "ChannelUtil.h"
-#include "EventManager.h"
+#include "Content.h"
 #include "Log.h"
-#include "RowFocus.h"
 #include "ThemeNames.h"
 #include "Utils.h"
 #include "settings_api.h"
@@ -59,15 +58,20 @@ void PackFilling(Evas_Object* table, Evas_Object* object, int column, int row) {
   evas_object_show(object);
 }
 
-void PostPop() { CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr); }
-
 }  // namespace
 
 // --- the window ----------------------------------------------------------------------------------
 
 std::string CViewListWindowBase::t_GetBaseStyle() { return "NoneDifined"; }
 
-void CViewListWindowBase::t_InitWindowProperty() { t_DefaultButtonNum = 1; }
+std::vector<CViewWindowBase::Button> CViewListWindowBase::t_Buttons() {
+  if (!m_IsTransponderWindow()) return {{"SID_CLOSE"}};
+  const auto save = [] {
+    ChannelUtil::TuneAloneSelectedTransponder(false);
+    CloseView();
+  };
+  return {{"SID_SAVE", save}, {"SID_CANCEL"}};
+}
 
 void CViewListWindowBase::t_Create() {
   CViewWindowBase::t_Create();
@@ -88,15 +92,8 @@ bool CViewListWindowBase::m_CreateList() {
 
 bool CViewListWindowBase::t_CreateWidgetList() {
   if (!t_pMainBase) return false;
-  t_pGenlist = elm_genlist_add(t_pMainBase);
-  if (!t_pGenlist) return false;
-  elm_genlist_select_mode_set(t_pGenlist, ELM_OBJECT_SELECT_MODE_ALWAYS);
-  elm_object_scroll_item_loop_enabled_set(t_pGenlist, EINA_FALSE);
-  elm_genlist_homogeneous_set(t_pGenlist, EINA_TRUE);
-  elm_genlist_mode_set(t_pGenlist, ELM_LIST_COMPRESS);
-  elm_object_style_set(t_pGenlist, theme::kListDefault);
-  KeepRowFocus(t_pGenlist);
-  return true;
+  t_pGenlist = AddList(t_pMainBase);
+  return t_pGenlist != nullptr;
 }
 
 bool CViewListWindowBase::t_AddGenListItems() { return true; }
@@ -114,8 +111,6 @@ void CViewListWindowBase::t_AddWidgetToWindowContent() {
 
 void CViewListWindowBase::t_PackListToTable(Evas_Object* parent, int width, bool fixed, int height) {
   if (!parent || !t_pGenlist) return;
-  elm_scroller_policy_set(t_pGenlist, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_AUTO);
-  elm_object_scroll_item_loop_enabled_set(t_pGenlist, EINA_FALSE);
   LOG_DEBUG("nItemCount=%d", static_cast<int>(elm_genlist_items_count(t_pGenlist)));
 
   const auto scaled = [parent](double pixels) { return Utils::Scaled(parent, pixels); };
@@ -127,10 +122,10 @@ void CViewListWindowBase::t_PackListToTable(Evas_Object* parent, int width, bool
   AddSpacer(table, 0, 1, scaled(kSide), listHeight, 0.0);
   AddSpacer(table, 2, 1, scaled(kSide), listHeight, 0.0);
 
-  Evas_Object* ground = elm_layout_add(table);
-  elm_layout_file_set(ground, Utils::GetEDJFile().c_str(), theme::kListGround);
-  evas_object_size_hint_min_set(ground, w, listHeight);
-  PackFilling(table, ground, 1, 1);
+  if (Evas_Object* ground = AddLayout(table, theme::kListGround)) {
+    evas_object_size_hint_min_set(ground, w, listHeight);
+    PackFilling(table, ground, 1, 1);
+  }
   PackFilling(table, t_pGenlist, 1, 1);
   evas_object_size_hint_weight_set(table, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
   evas_object_size_hint_align_set(table, EVAS_HINT_FILL, EVAS_HINT_FILL);
@@ -149,10 +144,6 @@ void CViewListWindowBase::t_Refresh() {
   m_CheckTransponder();
 }
 
-void CViewListWindowBase::t_Hide() { CViewWindowBase::t_Hide(); }
-
-void CViewListWindowBase::t_Pause() { CView::t_Pause(); }
-
 void CViewListWindowBase::t_Destroy() {
   t_UnRegisterListKeyEvent();
   if (t_pGenlist) evas_object_del(t_pGenlist);
@@ -169,15 +160,6 @@ void CViewListWindowBase::m_CheckTransponder() {
   if (!m_IsTransponderWindow() || !t_pDefaultButtons[0]) return;
   const bool unset = IsUnset("user-defined-transponder-frequency") || IsUnset("user-defined-transponder-symbolrate");
   elm_object_disabled_set(t_pDefaultButtons[0], unset);
-}
-
-void CViewListWindowBase::t_ProcessDefaultButtonOneClickCallBack() {
-  if (m_IsTransponderWindow()) ChannelUtil::TuneAloneSelectedTransponder(false);
-  PostPop();
-}
-
-void CViewListWindowBase::t_ProcessDefaultButtonTwoClickCallBack() {
-  if (m_IsTransponderWindow()) PostPop();
 }
 
 // --- the list's events ---------------------------------------------------------------------------

@@ -11,13 +11,10 @@ class CViewListWindowBase : public CViewListBase {
   void t_Create() override;
   void t_Destroy() override;
   void t_Show() override;
-  void t_Hide() override;
-  void t_Pause() override;
   void t_Refresh() override;
   std::string t_GetBaseStyle() override;
-  void t_InitWindowProperty() override;
-  void t_ProcessDefaultButtonOneClickCallBack() override;
-  void t_ProcessDefaultButtonTwoClickCallBack() override;
+  /// Save, which tunes, and Cancel for the user's transponder, otherwise Close.
+  std::vector<Button> t_Buttons() override;
 
   /// Makes the genlist, its item class left to the subclass.
   bool t_CreateWidgetList() override;

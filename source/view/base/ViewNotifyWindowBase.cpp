@@ -4,24 +4,12 @@
 
 #include "Log.h"
 #include "ThemeNames.h"
-#include "Utils.h"
+#include "Translation.h"
 #include "WidgetDim.h"
-
-namespace {
-
-constexpr int kWrap = 2;
-constexpr int kTextWidth = 1122;
-constexpr int kFontSize = 48;
-
-}  // namespace
 
 std::string CViewNotifyWindowBase::t_GetBaseStyle() { return theme::kSmallBottom; }
 
-void CViewNotifyWindowBase::t_InitWindowProperty() { t_DefaultButtonNum = 1; }
-
-void CViewNotifyWindowBase::t_SetButtonSettingInfo() {
-  t_ButtonSettings[0] = {Utils::GetTranslationStr("SID_OK"), "", theme::kButton, theme::kButtonParts[0]};
-}
+std::vector<CViewWindowBase::Button> CViewNotifyWindowBase::t_Buttons() { return {{"SID_OK"}}; }
 
 void CViewNotifyWindowBase::t_Create() {
   CViewWindowBase::t_Create();
@@ -33,7 +21,7 @@ void CViewNotifyWindowBase::t_CreateDisplayText() {
   char buffer[kDisplayTextSize] = {};
   t_GetDisplayText(buffer);
   LOG_INFO("displaytext is: %s", buffer);
-  t_DisplayText = Utils::GetTranslationStr(buffer);
+  t_DisplayText = T(buffer);
 }
 
 void CViewNotifyWindowBase::t_GetDisplayText(char* buffer) { snprintf(buffer, kDisplayTextSize, "null"); }
@@ -41,9 +29,7 @@ void CViewNotifyWindowBase::t_GetDisplayText(char* buffer) { snprintf(buffer, kD
 void CViewNotifyWindowBase::t_InitDisplayLabel() {
   LOG_DEBUG("DisplayName[%s]", t_DisplayText.c_str());
   if (!t_pMainBase) return;
-  t_pTextBlock = std::make_unique<WidgetTextBlock>();
-  t_pTextBlock->Create(t_pMainBase, t_DisplayText.c_str(), kWrap, kTextWidth, kFontSize);
-  t_pTextBlock->SetContent(t_pMainBase, nullptr);
+  t_pTextBlock = AddNoticeText(t_pMainBase, t_DisplayText);
 }
 
 void CViewNotifyWindowBase::t_Show() {

@@ -18,8 +18,7 @@ class CViewNotifyWindowBase : public CViewWindowBase {
   void t_Show() override;
   void t_Hide() override;
   std::string t_GetBaseStyle() override;
-  void t_SetButtonSettingInfo() override;
-  void t_InitWindowProperty() override;
+  std::vector<Button> t_Buttons() override;
 
   virtual void t_CreateDisplayText();
   /// Puts the string ID of the notice into `buffer`, `kDisplayTextSize` zeroed characters.

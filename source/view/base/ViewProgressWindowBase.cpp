@@ -1,19 +1,23 @@
 #include "ViewProgressWindowBase.h"
 
+#include "Content.h"
 #include "Log.h"
+#include "Spoken.h"
 #include "ThemeNames.h"
 #include "Utils.h"
+#include "VoiceGuide.h"
 
 namespace {
 
-/// Before the toolkit's own handling of the key.
+/// After the toolkit's own handling of the key.
 constexpr Evas_Callback_Priority kKeyPriority = 15000;
+constexpr int kSpokenPercent = 25;
+/// A message is heard out before the first quarter, and each quarter before the next.
+constexpr double kHeardOutSeconds = 2.5;
 
 }  // namespace
 
 std::string CViewProgressWindowBase::t_GetBaseStyle() { return "NoneDifined"; }
-
-void CViewProgressWindowBase::t_InitWindowProperty() { t_DefaultButtonNum = 0; }
 
 void CViewProgressWindowBase::t_Create() {
   CViewWindowBase::t_Create();
@@ -26,18 +30,9 @@ void CViewProgressWindowBase::t_Create() {
   t_ContentMinWidth = t_ContentMinHeight = 0;
   t_SetContentSettingInfo();
 
-  if (!m_CreateContentLayout()) {
-    LOG_DEBUG("Content Failed");
-    t_Destroy();
-    return;
-  }
-  if (!m_CreateProgressBar()) {
-    LOG_DEBUG("Progress Bar Failed");
-    t_Destroy();
-    return;
-  }
-  if (!t_CreateOtherPartIntoContentLayout(t_pContentLayout)) {
-    LOG_DEBUG("Other Part Failed");
+  const char* failure = m_CreateParts();
+  if (failure) {
+    LOG_DEBUG("%s", failure);
     t_Destroy();
     return;
   }
@@ -48,21 +43,20 @@ void CViewProgressWindowBase::t_Create() {
   t_RegisterProgressEvent();
 }
 
+/// Which of them failed; null for none.
+const char* CViewProgressWindowBase::m_CreateParts() {
+  if (!m_CreateContentLayout()) return "Content Failed";
+  if (!m_CreateProgressBar()) return "Progress Bar Failed";
+  return t_CreateOtherPartIntoContentLayout(t_pContentLayout) ? nullptr : "Other Part Failed";
+}
+
 bool CViewProgressWindowBase::m_CreateContentLayout() {
   if (!t_pMainBase) {
     LOG_DEBUG("Null Pointer");
     return false;
   }
-  t_pContentLayout = elm_layout_add(t_pMainBase);
-  if (!t_pContentLayout) {
-    LOG_DEBUG("Failed to Create Layout");
-    return false;
-  }
-  if (elm_layout_file_set(t_pContentLayout, Utils::GetEDJFile().c_str(), t_ContentGroup.c_str())) return true;
-  LOG_DEBUG("Layout File Failed :[%s]", t_ContentGroup.c_str());
-  evas_object_del(t_pContentLayout);
-  t_pContentLayout = nullptr;
-  return false;
+  t_pContentLayout = AddLayout(t_pMainBase, t_ContentGroup.c_str());
+  return t_pContentLayout != nullptr;
 }
 
 bool CViewProgressWindowBase::m_CreateProgressBar() {
@@ -81,13 +75,35 @@ std::unique_ptr<WidgetProgressBar> CViewProgressWindowBase::t_CreateProgressBar(
     LOG_DEBUG("Null Pointer:t_pMainBase");
     return nullptr;
   }
-  auto bar = std::make_unique<WidgetProgressBar>(t_MenuID.c_str());
+  auto bar = std::make_unique<WidgetProgressBar>();
   if (bar->Create(parent, t_ProgressStyle.c_str())) return bar;
   LOG_DEBUG("Failed to Create");
   return nullptr;
 }
 
 bool CViewProgressWindowBase::t_CreateOtherPartIntoContentLayout(Evas_Object*) { return true; }
+
+void CViewProgressWindowBase::t_SetProgressProperty() {
+  Evas_Object* bar = t_pProgressBar->GetObject();
+  elm_progressbar_horizontal_set(bar, EINA_TRUE);
+  elm_object_mirrored_automatic_set(bar, EINA_FALSE);
+  elm_object_mirrored_set(bar, EINA_FALSE);
+}
+
+void CViewProgressWindowBase::t_SetProgress(int percent) {
+  if (!t_pProgressBar) return;
+  t_pProgressBar->SetItemData(percent / 100.0);
+  spoken::SetState(t_pProgressBar->GetObject(), std::to_string(percent) + "%");
+  m_SpeakProgress(percent);
+}
+
+void CViewProgressWindowBase::m_SpeakProgress(int percent) {
+  const int quarters = percent / kSpokenPercent;
+  if (quarters <= m_quarters || ecore_loop_time_get() - m_spokenAt < kHeardOutSeconds) return;
+  m_quarters = quarters;
+  m_spokenAt = ecore_loop_time_get();
+  Speak(spoken::StateOf(t_pProgressBar->GetObject()));
+}
 
 void CViewProgressWindowBase::t_PickTableToWindowContent(Evas_Object* table) {
   if (!table || !t_pMainBase) return;
@@ -99,27 +115,19 @@ void CViewProgressWindowBase::t_ProcessProgressBarKeyPress(std::string) { LOG_DE
 
 void CViewProgressWindowBase::t_RegisterProgressEvent() {
   if (!t_pProgressBar) return;
-  evas_object_event_callback_priority_add(t_pProgressBar->GetObject(), EVAS_CALLBACK_KEY_DOWN, kKeyPriority,
-                                          m_ProgressKeyPressCB, this);
+  const auto pressed = [this](Evas_Object*, const Evas_Event_Key_Down& event) {
+    t_ProcessProgressBarKeyPress(event.keyname);
+  };
+  t_Connections.Key(t_pProgressBar->GetObject(), pressed, kKeyPriority);
 }
 
 void CViewProgressWindowBase::t_UnRegisterProgressEvent() {
-  if (!t_pProgressBar) return;
-  evas_object_event_callback_del_full(t_pProgressBar->GetObject(), EVAS_CALLBACK_KEY_DOWN, m_ProgressKeyPressCB, this);
-}
-
-void CViewProgressWindowBase::m_ProgressKeyPressCB(void* data, Evas*, Evas_Object*, void* info) {
-  auto* pThis = static_cast<CViewProgressWindowBase*>(data);
-  const auto* key = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !key) {
-    LOG_DEBUG("Null Pointer");
-    return;
-  }
-  pThis->t_ProcessProgressBarKeyPress(key->keyname);
+  if (t_pProgressBar) t_Connections.Clear(t_pProgressBar->GetObject());
 }
 
 void CViewProgressWindowBase::t_Show() {
   CViewWindowBase::t_Show();
+  m_spokenAt = ecore_loop_time_get();
   if (t_pProgressBar) t_pProgressBar->Show();
 }
 

@@ -16,7 +16,6 @@ class CViewProgressWindowBase : public CViewWindowBase {
   void t_Show() override;
   void t_Hide() override;
   std::string t_GetBaseStyle() override;
-  void t_InitWindowProperty() override;
 
   /// Replaces the bar's style, part and text.
   virtual void t_SetProgressSettingInfo() {}
@@ -24,11 +23,15 @@ class CViewProgressWindowBase : public CViewWindowBase {
   virtual void t_SetContentSettingInfo() {}
   virtual std::unique_ptr<WidgetProgressBar> t_CreateProgressBar(Evas_Object* parent);
   virtual bool t_CreateOtherPartIntoContentLayout(Evas_Object* layout);
-  virtual void t_SetProgressProperty() {}
+  /// Makes the bar fill from left to right, as numbers run in every language.
+  virtual void t_SetProgressProperty();
   virtual void t_PickTableToWindowContent(Evas_Object* table);
   virtual void t_ProcessProgressBarKeyPress(std::string keyName);
   virtual void t_RegisterProgressEvent();
   virtual void t_UnRegisterProgressEvent();
+
+  /// Shows how far it is, in whole percent, and speaks each quarter. Nothing happens without a bar.
+  void t_SetProgress(int percent);
 
   std::unique_ptr<WidgetProgressBar> t_pProgressBar;
   Evas_Object* t_pContentLayout = nullptr;
@@ -42,7 +45,12 @@ class CViewProgressWindowBase : public CViewWindowBase {
   int t_ContentMinHeight = 0;
 
  private:
+  const char* m_CreateParts();
   bool m_CreateContentLayout();
   bool m_CreateProgressBar();
-  static void m_ProgressKeyPressCB(void* data, Evas* canvas, Evas_Object* object, void* info);
+  void m_SpeakProgress(int percent);
+
+  /// How much was spoken of, in quarters, and when something was last read out.
+  int m_quarters = 0;
+  double m_spokenAt = 0.0;
 };
