@@ -44,6 +44,18 @@ bool IsNull(const char* id) {
 
 }  // namespace
 
+std::string DisplayName(const std::string& id) {
+  std::string name;
+  SettingsAPI::Get()->GetItemDisplayName(id, name);
+  return name;
+}
+
+std::string DisplayValue(const std::string& id) {
+  std::string name, value;
+  SettingsAPI::Get()->GetItemValue(id, name, value);
+  return name;
+}
+
 bool CMenuDataProvider::GetItemValue(const char* id, char* valueName, char* value) {
   if (IsNull(id)) return false;
   std::string name, text;

@@ -76,7 +76,7 @@ void CDeviceManager::m_Scan() {
     m_AddDevice(device);
   }
   if (!m_devicesWithMap.empty()) {
-    m_selectedDevice = m_devicesWithMap.front();
+    SelectDevice(m_devicesWithMap.front());
     LOG_DEBUG("Set Selected Device Index = %d", m_selectedDevice);
   }
   m_nDeviceCount = static_cast<int>(m_devices.size());

@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include "EventManager.h"
+#include "IView.h"
+#include "Launch.h"
 #include "Log.h"
 #include "RootWindow.h"
 #include "Utils.h"
-#include "View.h"
-#include "ViewManager.h"
-#include "app_framework.h"
+#include "Window.h"
 #include "display.h"
 #include "key_router.h"
 #include "vconf.h"
@@ -20,6 +20,7 @@ bool CKeyManager::t_nFlagInitKeyEvent = false;
 std::array<Ecore_Event_Handler*, 8> CKeyManager::t_pKeyEventHandler{};
 int CKeyManager::t_FlagHandlingKeyByCtxMgr = 0;
 Ecore_Timer* CKeyManager::t_pExitTimer = nullptr;
+CKeyManager::WhoIsFirst CKeyManager::t_pFirst = nullptr;
 
 namespace {
 
@@ -59,35 +60,21 @@ constexpr const char* kKeyRouterGlobal = "nyxel_keyrouter";
 constexpr const char* kEManualService = "org.nyxel.pagelet-host";
 constexpr const char* kHotelFactory = "org.nyxel.innkeeper-factory";
 
-using ExtraData = std::pair<const char*, const char*>;
-
-void Launch(const char* application, std::initializer_list<ExtraData> extraData) {
-  app_control_h handle = nullptr;
-  if (app_control_create(&handle) != 0) {
-    LOG_ERROR("app_control_create failed");
-    return;
-  }
-  app_control_set_app_id(handle, application);
-  for (const auto& [key, value] : extraData) app_control_add_extra_data(handle, key, value);
-  if (const int result = app_control_send_launch_request(handle, nullptr, nullptr); result != 0) {
-    LOG_ERROR("Failed to send request[%d]", result);
-  }
-  app_control_destroy(handle);
-}
-
 void LaunchEManual() {
-  Launch(kEManualService, {{"WIDGET_ID_SRC", "com.vantrel.tv.quirelle"}, {"EVENT_TYPE", "4201"}});
+  Launch({kEManualService, {{"WIDGET_ID_SRC", "com.vantrel.tv.quirelle"}, {"EVENT_TYPE", "4201"}}});
 }
 
 void HandleCommonKey(std::string_view key) {
   if (CKeyManager::IsBack(key)) {
-    CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
+    CloseView();
   } else if (key == "XF86EManual") {
     LaunchEManual();
   }
 }
 
 }  // namespace
+
+CKeyManager::CKeyManager(WhoIsFirst first) { t_pFirst = first; }
 
 CKeyManager::~CKeyManager() { UnSetTimeOut(); }
 
@@ -225,9 +212,10 @@ Eina_Bool CKeyManager::HandleMenuCommonKeyCB(void* data, int type, void* event) 
   if (!key || !key->keyname) return ECORE_CALLBACK_DONE;
   LOG_ERROR("Common Key [%s]", key->keyname);
 
-  IView* view = CViewManager::GetInstance()->GetCurrentView();
+  IView* view = t_pFirst ? t_pFirst() : nullptr;
   if (!view) {
     LOG_DEBUG(" current view is NULL ");
+    if (IsBack(key->keyname)) CEventManager::GetInstance()->SendEvent(EVENT_EXIT_APP, 0, 0, nullptr, nullptr);
     return ECORE_CALLBACK_DONE;
   }
   if (view->HandleMenuSpecialKeyCB(data, type, event)) {
@@ -272,7 +260,7 @@ Eina_Bool CKeyManager::m_TimeOutCB(void*) {
     int factoryMode = 0;
     vconf_get_bool("memory/ephotel/hotelmenu/hotelfactorymode", &factoryMode);
     LOG_DEBUG(" Factory Value : %d", factoryMode);
-    if (factoryMode) Launch(kHotelFactory, {});
+    if (factoryMode) Launch({kHotelFactory, {}});
   }
   CEventManager::GetInstance()->SendEvent(EVENT_EXIT_APP, 0, 0, nullptr, nullptr);
   t_pExitTimer = nullptr;

@@ -6,14 +6,15 @@
 #include <cstring>
 
 #include "EventManager.h"
+#include "IView.h"
 #include "KeyManager.h"
 #include "Log.h"
 #include "MenuControl.h"
 #include "ReturnToMenu.h"
 #include "RootWindow.h"
 #include "Utils.h"
-#include "View.h"
 #include "ViewTable.h"
+#include "Window.h"
 #include "WrapPatterns.h"
 #include "app_framework.h"
 #include "avoc.h"
@@ -25,7 +26,8 @@ CViewManager* CViewManager::m_pViewManager = nullptr;
 
 namespace {
 
-constexpr int kBottomPopup = 25;
+/// An empty screen goes by itself, as a window that nobody works with does.
+constexpr int kEmptySeconds = 60;
 
 /// Colour classes of the theme and the chips of the TV that they take their colours from.
 constexpr std::pair<const char*, const char*> kColorChips[] = {
@@ -45,11 +47,6 @@ constexpr std::pair<const char*, const char*> kColorChips[] = {
     {"CC_BG105", "CC_BG105"},
     {"CC_BG200", "CC_BG200"},
     {"CC_Basic170", "CC_Basic170"},
-};
-
-struct EventCallback {
-  int type;
-  CEventManager::Callback callback;
 };
 
 /// What the user's size of the interface means on a screen.
@@ -83,7 +80,7 @@ void CViewManager::Create() {
 
 void CViewManager::m_Create() {
   LOG_DEBUG("Create");
-  m_pKeyManager = new CKeyManager;
+  m_pKeyManager = new CKeyManager([]() -> IView* { return GetInstance()->GetCurrentView(); });
   t_RegisterEvents();
 }
 
@@ -195,12 +192,13 @@ void CViewManager::m_Start() {
   const std::string launchData = Singleton<MenuControl>::GetInstance()->m_LaunchData;
   LOG_DEBUG("Launch Data : %s", launchData.c_str());
   IView* view = m_GetActionWindow(launchData.c_str(), 0);
-  if (!view) {
-    LOG_DEBUG(" view is NULL ");
-    return;
-  }
   evas_object_smart_callback_add(CRootWindow::GetWindow(), "unfocused", m_WindowFocusOutCB, this);
   m_pKeyManager->InitKeyEvent(m_pKeyManager);
+  if (!view) {
+    LOG_DEBUG(" view is NULL ");
+    CKeyManager::SetTimeOut(kEmptySeconds);
+    return;
+  }
   if (t_PushView(view)) return;
   LOG_DEBUG("Failed");
   m_OnExitApp(this, nullptr);
@@ -210,7 +208,7 @@ void CViewManager::m_Start() {
 
 std::string CViewManager::m_ConverToMenuID(long id) {
   for (const ViewEntry& entry : ViewTable()) {
-    if (id > 0 && entry.windowID == id) return entry.menuID;
+    if (id > 0 && static_cast<long>(entry.window) == id) return entry.menuID;
   }
   LOG_DEBUG("Invaild[%ld]", id);
   return {};
@@ -223,7 +221,7 @@ long CViewManager::m_GetWindowID(const char* menuID) {
   }
   long id = 0;
   for (const ViewEntry& entry : ViewTable()) {
-    if (strcmp(entry.menuID, menuID) == 0) id = entry.windowID;
+    if (strcmp(entry.menuID, menuID) == 0) id = static_cast<long>(entry.window);
   }
   LOG_DEBUG("ID[%d]", static_cast<int>(id));
   return id;
@@ -290,7 +288,9 @@ bool CViewManager::m_OnPushView(void* manager, CEvent* event) {
   return true;
 }
 
-bool CViewManager::t_GetHideFlag(CEvent* event, IView*) { return event->nParam1 == kBottomPopup; }
+bool CViewManager::t_GetHideFlag(CEvent* event, IView*) {
+  return event->nParam1 == static_cast<int>(Window::kDelayLevel);
+}
 
 void CViewManager::t_HideOldView(IView* view) {
   for (IView* open : m_viewStack) {
@@ -356,6 +356,9 @@ IView* CViewManager::t_PopView() {
   if (!m_viewStack.empty() && m_viewStack.back()) {
     m_viewStack.back()->OnResume();
     m_viewStack.back()->OnRefresh();
+  } else {
+    // The next step of a flow may be refused.
+    CKeyManager::SetTimeOut(kEmptySeconds);
   }
   m_LogViews();
   return view;

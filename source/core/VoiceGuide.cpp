@@ -3,9 +3,24 @@
 #include <Elementary.h>
 
 #include "Log.h"
+#include "Utils.h"
 #include "toolkit_ext.h"
 
 CVoiceGuide* CVoiceGuide::t_pInstance = nullptr;
+
+namespace {
+
+constexpr double kDelaySeconds = 0.2;
+
+}  // namespace
+
+void Speak(const std::string& text) {
+  if (Utils::FlagVoiceGuideSetting()) CVoiceGuide::GetInstance()->StartVoiceGuide(text.c_str(), kDelaySeconds, false);
+}
+
+void SayNow(const std::string& text) {
+  if (Utils::FlagVoiceGuideSetting()) elm_access_force_say(text.c_str());
+}
 
 CVoiceGuide* CVoiceGuide::GetInstance() {
   if (!t_pInstance) t_pInstance = new CVoiceGuide;
@@ -26,6 +41,7 @@ bool CVoiceGuide::StartVoiceGuide(const char* text, double delaySeconds, bool st
     elm_access_force_say(" ");
   }
   m_guide.clear();
+  m_DelTimer();
   if (!text || !*text) {
     LOG_DEBUG("Empty String Fail to Voice Guide");
     return false;
@@ -33,7 +49,6 @@ bool CVoiceGuide::StartVoiceGuide(const char* text, double delaySeconds, bool st
   m_guide = text;
   LOG_DEBUG("Original Str[%d]:%s", static_cast<int>(m_guide.size()), text);
   LOG_DEBUG("The Guide Content is %s", m_guide.c_str());
-  m_DelTimer();
   m_timer = ecore_timer_add(delaySeconds, m_ReadOutCB, this);
   return true;
 }

@@ -87,7 +87,7 @@ bool ChannelCriteria(const TSTvMode& mode, ENavigationMode navigation, bool only
 }
 
 /// Up to six numbers of a note; false when there is not one.
-bool ParseNote(const std::string& entry, unsigned long (&data)[6]) {
+bool ParseNote(const std::string& entry, unsigned long long (&data)[6]) {
   size_t count = 0;
   for (size_t at = 0; count < 6 && at < entry.size();) {
     const size_t end = std::min(entry.find(':', at), entry.size());
@@ -95,12 +95,12 @@ bool ParseNote(const std::string& entry, unsigned long (&data)[6]) {
     at = end + 1;
     if (token.empty()) continue;
     LOG_DEBUG(" token is [%s] ", token.c_str());
-    data[count++] = static_cast<unsigned long>(std::strtol(token.c_str(), nullptr, 10));
+    data[count++] = static_cast<unsigned long long>(std::strtoll(token.c_str(), nullptr, 10));
   }
   return count > 0;
 }
 
-void WriteTime(unsigned long seconds, char* date, char* time) {
+void WriteTime(unsigned long long seconds, char* date, char* time) {
   CTimeInfo info;
   if (seconds == 0 || CTimeUtil::ConvertToLocalTime(seconds, info) != 0) {
     LOG_ERROR(" Invalid Date ");
@@ -346,26 +346,32 @@ int ChannelUtil::GetChannelString(char* dst, int major, int minor, EServiceMode 
   return 0;
 }
 
+bool ChannelUtil::ReadWeakSignalHistory(std::vector<std::string>& entries) {
+  CTVSApiWrapper api;
+  ISourceControl* control = api.CreateSourceControl(PROFILE_MAIN, 0);
+  return control && control->GetWeakSignalHistory(entries) == 1;
+}
+
 int ChannelUtil::GetHistoryItemInfo(const std::string& entry, char* strData, char* strTimer, char* strOther) {
   LOG_ERROR(" vconfValue is [%s] ", entry.c_str());
-  unsigned long data[6] = {};
+  unsigned long long data[6] = {};
   if (!ParseNote(entry, data)) {
     LOG_DEBUG(" Can not Get Time");
     return -1;
   }
-  LOG_DEBUG(" data[0]=%lu,data[1]=%lu,data[2]=%lu,data[3]=%lu,data[4]=%lu,data[5]=%lu", data[0], data[1], data[2],
+  LOG_DEBUG(" data[0]=%llu,data[1]=%llu,data[2]=%llu,data[3]=%llu,data[4]=%llu,data[5]=%llu", data[0], data[1], data[2],
             data[3], data[4], data[5]);
   const auto& [time, major, minor, channelType, serviceMode, uhd] = data;
   WriteTime(time, strData, strTimer);
   char channel[kTextSize] = "";
   GetChannelString(channel, static_cast<int>(major), static_cast<int>(minor), static_cast<EServiceMode>(serviceMode),
                    static_cast<int>(channelType));
-  constexpr unsigned long kNoMinor = 65534;
+  constexpr unsigned long long kNoMinor = 65534;
   if (std::string_view(channel) == "0") {
     if (minor > kNoMinor) {
-      snprintf(channel, sizeof channel, "%lu", major);
+      snprintf(channel, sizeof channel, "%llu", major);
     } else {
-      snprintf(channel, sizeof channel, "%lu-%lu", major, minor);
+      snprintf(channel, sizeof channel, "%llu-%llu", major, minor);
     }
   }
   const std::string other = (uhd ? "UHD " : "") + std::string(channel);

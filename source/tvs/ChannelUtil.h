@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "TvsUtil.h"
 
@@ -45,6 +46,8 @@ class ChannelUtil {
   /// -1 for `major`, `minor`, `serviceMode` or `channelType` stands for the current channel's. At most 511
   /// characters and the terminator.
   static int GetChannelString(char* dst, int major, int minor, EServiceMode serviceMode, int channelType);
+  /// The stored notes of weak signal, oldest first; false when the TV does not tell them.
+  static bool ReadWeakSignalHistory(std::vector<std::string>& entries);
   /// Texts of one note of weak signal, each at most 511 characters and the terminator.
   static int GetHistoryItemInfo(const std::string& entry, char* strData, char* strTimer, char* strOther);
 

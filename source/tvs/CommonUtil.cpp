@@ -79,19 +79,19 @@ int CommonUtil::GetTimeInfo(unsigned long epochSeconds, ETimeInfoType type) {
   const bool valid = type >= TIME_YEAR && type <= TIME_SECOND;
   if (!valid) LOG_DEBUG("Invalid eTimeInfoType[%d]", type);
   const int result = valid ? values[type] : -1;
-  LOG_INFO("ulEpochSeconds[%ld] eTimeInfoType[%d] nRetVal[%d]", static_cast<long>(epochSeconds), type, result);
+  LOG_INFO("ulEpochSeconds[%lu] eTimeInfoType[%d] nRetVal[%d]", epochSeconds, type, result);
   return result;
 }
 
-unsigned long CommonUtil::GetCurrentTime() {
-  const unsigned long now = CTimeUtil::GetCurrentTime();
+unsigned long long CommonUtil::GetCurrentTime() {
+  const unsigned long long now = CTimeUtil::GetCurrentTime();
   if (now == 0) LOG_DEBUG("CTimeUtil::GetCurrentTime return 0 ");
   return now;
 }
 
 bool CommonUtil::IsTimeSet() {
-  const unsigned long now = GetCurrentTime();
-  LOG_DEBUG("lCurrentTime[%lu] bIsTimeSet[%d]", now, now != 0);
+  const unsigned long long now = GetCurrentTime();
+  LOG_DEBUG("lCurrentTime[%llu] bIsTimeSet[%d]", now, now != 0);
   return now != 0;
 }
 

@@ -20,7 +20,7 @@ class CommonUtil {
   /// -1 for a type that is none.
   static int GetTimeInfo(unsigned long epochSeconds, ETimeInfoType type);
   /// Seconds since the epoch, 0 while the clock is not set.
-  static unsigned long GetCurrentTime();
+  static unsigned long long GetCurrentTime();
   static bool IsTimeSet();
   /// -1 when it cannot be read.
   static int GetRegionKind();

@@ -22,7 +22,7 @@ constexpr int kFetched[] = {COLUMN_SERVICE_ID,     COLUMN_MAJOR,          COLUMN
 /// The service that was loaded last.
 TCServiceData g_svc_info;
 
-unsigned char ByteOf(int offset) { return static_cast<unsigned char>(offset + kZero); }
+unsigned char ByteOf(int offset) { return static_cast<unsigned char>(static_cast<unsigned int>(offset) + kZero); }
 
 long long ValueOr(const TCServiceData& data, int column, long long missing) {
   const long long* value = data.Find(column);

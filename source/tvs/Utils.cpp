@@ -1,9 +1,8 @@
 #include "Utils.h"
 
-#include <libintl.h>
-
 #include "Log.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "app_framework.h"
 #include "system_info.h"
 #include "toolkit_ext.h"
@@ -11,7 +10,6 @@
 
 namespace {
 
-constexpr const char* kTextDomain = "quirelle";
 constexpr const char* kThemeDirectory =
     "/usr/apps/com.vantrel.tv.ostrany-resource/shared/res/com.vantrel.tv.quirelle/edje/";
 
@@ -59,7 +57,7 @@ std::string Utils::GetEDJFile() {
   return app_get_deployed_path((kThemeDirectory + file).c_str());
 }
 
-std::string Utils::GetTranslationStr(const char* id) { return id && *id ? dgettext(kTextDomain, id) : ""; }
+std::string Utils::GetTranslationStr(const char* id) { return T(id); }
 
 void Utils::setColorChips(const char* colorClass, const char* chip) {
   int r = 0, g = 0, b = 0, a = 0;

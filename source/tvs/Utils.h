@@ -88,4 +88,6 @@ class Utils {
   // The channel list as an archive. Status 0 is success; 1, 2, 4 refuse the archive, 3 is another failure.
   static void ExportChannelList(const std::string& path);
   static int LoadImportedChannelList(const char* zipPath);
+  /// Lets the main picture begin anew with the list as it is now.
+  static bool ResetService();
 };

@@ -2,8 +2,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "Launch.h"
 #include "Log.h"
 #include "TextUtil.h"
+#include "TvsShared.h"
 #include "TvsUtil.h"
 #include "Utils.h"
 #include "app_framework.h"
@@ -58,20 +60,6 @@ void StoreInSlot() {
   SendPositioner(POSITIONER_STORE, own.slotId);
 }
 
-int Launch(const char* application, const char* key, const char* value) {
-  app_control_h request = nullptr;
-  if (app_control_create(&request) != 0) {
-    LOG_ERROR("app_control_create failed");
-    return -1;
-  }
-  app_control_set_app_id(request, application);
-  app_control_add_extra_data(request, key, value);
-  const int result = app_control_send_launch_request(request, nullptr, nullptr);
-  if (result != 0) LOG_ERROR("Failed to send request[%d]", result);
-  app_control_destroy(request);
-  return result;
-}
-
 /// The set's own word for itself, empty when it has none.
 std::string DeviceWord() {
   char* text = nullptr;
@@ -89,19 +77,7 @@ const char* ProductLineWord(int version) {
 
 }  // namespace
 
-bool Utils::IsPipOn() {
-  int on = 0;
-  if (vconf_get_bool("db/menu/picture/pip/onoff", &on) != 0) {
-    LOG_DEBUG("Vconf get pip_onoff failed.");
-    return false;
-  }
-  if (on) {
-    LOG_DEBUG("PIP is ON.");
-  } else {
-    LOG_DEBUG("PIP is OFF");
-  }
-  return on != 0;
-}
+bool Utils::IsPipOn() { return tvs::IsPipShown(); }
 
 std::string Utils::GetProductTypeOSD() {
   if (std::string word = DeviceWord(); !word.empty()) return word;
@@ -157,7 +133,7 @@ void Utils::LaunchNumberPad(const char* key, const char* value) {
     LOG_DEBUG("Function-osd is running state. so don't launch again");
     return;
   }
-  Launch(kNumberPad, key, value);
+  Launch({kNumberPad, {{key, value}}});
 }
 
 void Utils::CloseNumberPad() {
@@ -261,4 +237,12 @@ int Utils::LoadImportedChannelList(const char* zipPath) {
   const int status = util->SetServiceDb(zipPath ? zipPath : "");
   LOG_DEBUG("Import result: zipFilePath = %s status = %d", zipPath ? zipPath : "", status);
   return status;
+}
+
+bool Utils::ResetService() {
+  CTVSApiWrapper api;
+  IServiceNavigation* navigation = api.CreateServiceNavigation(PROFILE_MAIN, 0);
+  if (navigation) return navigation->ResetService() > 0;
+  LOG_ERROR("Interface creation failed!");
+  return false;
 }

@@ -1,6 +1,13 @@
 // The settings tree, item by item.
 #pragma once
 
+#include <string>
+
+/// The displayed name of an item; empty for one that the TV does not have.
+std::string DisplayName(const std::string& id);
+/// The displayed text of its value.
+std::string DisplayValue(const std::string& id);
+
 class CMenuDataProvider {
  public:
   /// Caller buffers hold 512 characters; at most 511 are filled. All of these fail for a null ID.

@@ -34,6 +34,9 @@ class CDeviceManager {
   const std::vector<int>& GetDevicesWithMap() const { return m_devicesWithMap; }
   int GetSelectedDeviceIndex() const { return m_selectedDevice; }
   int GetSelectedFileIndex() const { return m_selectedFile; }
+  /// The device with its first file.
+  void SelectDevice(int index) { m_selectedDevice = index, m_selectedFile = 0; }
+  void SelectFile(int index) { m_selectedFile = index; }
   /// Null when there is no such device.
   const DEVICE_INFO* GetSelectedDevice() const;
 

@@ -7,9 +7,13 @@
 #include <span>
 #include <string_view>
 
+class IView;
+
 class CKeyManager {
  public:
-  CKeyManager() = default;
+  /// Says which view is offered each key before anybody else; null for none.
+  using WhoIsFirst = IView* (*)();
+  explicit CKeyManager(WhoIsFirst first);
   virtual ~CKeyManager();
 
   /// Grabs the menu's keys and takes part in key and mouse events; `data` is handed to the handlers.
@@ -52,4 +56,5 @@ class CKeyManager {
   static std::array<Ecore_Event_Handler*, 8> t_pKeyEventHandler;
   static int t_FlagHandlingKeyByCtxMgr;
   static Ecore_Timer* t_pExitTimer;
+  static WhoIsFirst t_pFirst;
 };

@@ -15,7 +15,7 @@ class CRootWindow {
   /// An invisible rectangle that holds the window at the size of the screen.
   static Evas_Object* GetWindowSizeRect() { return m_WindowSizeRect; }
   /// What has the focus when nothing in a view does; null without a window.
-  static const Evas_Object* GetGround() { return m_pGround; }
+  static Evas_Object* GetGround() { return m_pGround; }
   static void DeleteWindow();
 
   /// A hint to the window manager, by the identifier that adding it gave. The window must be there.

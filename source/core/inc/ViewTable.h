@@ -3,14 +3,16 @@
 
 #include <span>
 
+#include "Window.h"
+
 class IView;
 
 /// Makes the view of a menu ID and a case; the case may be rewritten. Null when the case has no view.
 using ViewMaker = IView* (*)(const char* menuID, unsigned int& nCase);
 
 struct ViewEntry {
-  /// 0 for a window that is never pushed by its ID.
-  long windowID;
+  /// None for a window that is never pushed by its ID.
+  Window window;
   const char* menuID;
   /// Null for a menu ID that opens no window.
   ViewMaker make;

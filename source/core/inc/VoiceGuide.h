@@ -25,3 +25,8 @@ class CVoiceGuide {
   Ecore_Timer* m_timer = nullptr;
   static CVoiceGuide* t_pInstance;
 };
+
+/// Reads a text out when the voice guide is on, after the time that a screen takes to change.
+void Speak(const std::string& text);
+/// The same at once: for what is said as a view goes.
+void SayNow(const std::string& text);
