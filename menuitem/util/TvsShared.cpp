@@ -6,7 +6,7 @@
 #include <mutex>
 
 #include "Log.h"
-#include "Utils.h"
+#include "vconf.h"
 
 namespace tvs {
 
@@ -91,6 +91,20 @@ int ShortCriteria(TCCriteriaHelper& out, const TSTvMode& mode) {
   return 0;
 }
 
+bool IsPipShown() {
+  int on = 0;
+  if (vconf_get_bool("db/menu/picture/pip/onoff", &on) != 0) {
+    LOG_DEBUG("Vconf get pip_onoff failed.");
+    return false;
+  }
+  if (on) {
+    LOG_DEBUG("PIP is ON.");
+  } else {
+    LOG_DEBUG("PIP is OFF");
+  }
+  return on != 0;
+}
+
 bool ReadCurrent(const TSTvMode& mode, TCCriteriaHelper& criteria, bool pip, const ReadMessages& messages,
                  TCServiceData& data) {
   CTVSApiWrapper api;
@@ -99,7 +113,7 @@ bool ReadCurrent(const TSTvMode& mode, TCCriteriaHelper& criteria, bool pip, con
     messages.noNavigation(pip);
     return false;
   }
-  if (pip && !Utils::IsPipOn()) return ReadHiddenPip(*navigation, api, messages, data);
+  if (pip && !IsPipShown()) return ReadHiddenPip(*navigation, api, messages, data);
   if (navigation->GetCurrentServiceInfo(mode, criteria, data) >= 1) return true;
   LOG_DEBUG("get current service info failed");
   return false;

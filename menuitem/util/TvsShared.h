@@ -13,6 +13,9 @@ int ReadModes(TSTvMode* mode, ENavigationMode* navi, bool pip);
 int FullCriteria(TCCriteriaHelper& out, const TSTvMode& mode);
 int ShortCriteria(TCCriteriaHelper& out, const TSTvMode& mode);
 
+/// Whether the sub picture is on screen.
+bool IsPipShown();
+
 /// Messages of `ReadCurrent`, which differ with who reads.
 struct ReadMessages {
   void (*noNavigation)(bool pip);

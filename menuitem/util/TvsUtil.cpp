@@ -5,8 +5,8 @@
 
 #include "CacheManager.h"
 #include "Log.h"
+#include "Translation.h"
 #include "TvsShared.h"
-#include "Utils.h"
 #include "pvr_client.h"
 #include "util.h"
 
@@ -64,7 +64,7 @@ std::string ChannelText(const TSTvMode& mode, const tvs_ch_info& record, const T
   if (!standard || *standard != kStandardUhd) {
     return CCChInfoUtil::GetChannelTypeString(mode, static_cast<EChannelType>(record.channelType)) + " " + number;
   }
-  return Utils::GetTranslationStr(CUtil::FlagATSC() ? "TV_SID_BJDEC_NEXTGEN_TV" : "TV_SID_DTV_UHD") + " " + number;
+  return T(CUtil::FlagATSC() ? "TV_SID_BJDEC_NEXTGEN_TV" : "TV_SID_DTV_UHD") + " " + number;
 }
 
 bool AskTimeShift(unsigned long long serviceId) {

@@ -2,29 +2,14 @@
 
 #include "ChannelUtil.h"
 #include "DeviceManager.h"
-#include "EventManager.h"
 #include "Log.h"
+#include "Spoken.h"
 #include "TextUtil.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "Utils.h"
-#include "string_util.h"
 
 namespace {
-
-enum Window { IMPORT = 2, EXPORT = 3, FREQUENCY_FIRST = 18, FREQUENCY_LAST = 19 };
-
-enum Case {
-  CONFIRM_IMPORT = 1,
-  COPY = 2,
-  NO_DEVICE = 3,
-  DEVICE_GONE = 10,
-  FILE_LIST = 11,
-  DEVICE_LIST = 12,
-  SATCR_CONFIRM = 17,
-  SATCR_RUNNING = 18,
-  SATCR_SUCCESS = 19,
-  SATCR_FAILURE = 20,
-};
 
 struct StepButtons {
   unsigned int step;
@@ -33,14 +18,14 @@ struct StepButtons {
 };
 
 constexpr StepButtons kButtons[] = {
-    {CONFIRM_IMPORT, 2, {"SID_OK", "SID_CANCEL"}},
-    {SATCR_CONFIRM, 1, {"SID_START", nullptr}},
-    {SATCR_RUNNING, 1, {"SID_CANCEL", nullptr}},
+    {kImportConfirm, 2, {"SID_OK", "SID_CANCEL"}},
+    {kSatcrConfirm, 1, {"SID_START", nullptr}},
+    {kSatcrRunning, 1, {"SID_CANCEL", nullptr}},
 };
 
 /// Texts of one single-cable run; with two tuners an end is told with the tuner and how it went.
 struct SatcrTexts {
-  unsigned int first, last;
+  Window first, second;
   const char* running;
   const char* completed;
   const char* succeeded;
@@ -48,67 +33,52 @@ struct SatcrTexts {
 };
 
 constexpr SatcrTexts kSatcr[] = {
-    {6, 7, "TV_SID_DETECTION_IN_PROGRESS_WAIT", "COM_BDP_SID_SATCR_DETECTION_COMPLETED",
-     "SID_SATCR_DETECTION_SUCCEEDED_MSG", "TV_SID_UNABLE_DETECT_SLOC_FREQUENCY"},
-    {8, 9, "TV_SID_VERIFICAITON_IN_PROFRESS_WAIT", "SID_SATCR_VERIFICATION_SUCCEEDED_MSG",
-     "SID_SATCR_VERIFICATION_SUCCEEDED_MSG", "TV_SID_UNABLE_VEFIFY_SLOT_REQUENCY"},
+    {Window::kDetectSlot1, Window::kDetectSlot2, "TV_SID_DETECTION_IN_PROGRESS_WAIT",
+     "COM_BDP_SID_SATCR_DETECTION_COMPLETED", "SID_SATCR_DETECTION_SUCCEEDED_MSG",
+     "TV_SID_UNABLE_DETECT_SLOC_FREQUENCY"},
+    {Window::kVerifySlot1, Window::kVerifySlot2, "TV_SID_VERIFICAITON_IN_PROFRESS_WAIT",
+     "SID_SATCR_VERIFICATION_SUCCEEDED_MSG", "SID_SATCR_VERIFICATION_SUCCEEDED_MSG",
+     "TV_SID_UNABLE_VEFIFY_SLOT_REQUENCY"},
 };
 
-std::string T(const char* id) { return Utils::GetTranslationStr(id); }
-
-std::string SatcrEnd(const SatcrTexts& texts, unsigned int windowID, bool success) {
+std::string SatcrEnd(const SatcrTexts& texts, Window window, bool success) {
   if (!ChannelUtil::FlagVisibleSatCRTwoTuner()) return success ? texts.succeeded : texts.failed;
-  const bool firstTuner = windowID == texts.first;
-  return T(texts.completed) + "\n" + T(firstTuner ? "TV_SID_TUNER_1" : "TV_SID_TUNER_2") + " : " +
+  return T(texts.completed) + "\n" + T(window == texts.first ? "TV_SID_TUNER_1" : "TV_SID_TUNER_2") + " : " +
          T(success ? "COM_SID_SUCCESS" : "SID_FAILED");
 }
 
-std::string SatcrText(const SatcrTexts& texts, unsigned int windowID, unsigned int step) {
+std::string SatcrText(const SatcrTexts& texts, Window window, unsigned int step) {
   switch (step) {
-    case SATCR_CONFIRM:
+    case kSatcrConfirm:
       return "TV_SID_DISCONNECT_TURN_OFF_CONNECTED_CABLE";
-    case SATCR_RUNNING:
+    case kSatcrRunning:
       return texts.running;
-    case SATCR_SUCCESS:
-      return SatcrEnd(texts, windowID, true);
-    case SATCR_FAILURE:
-      return SatcrEnd(texts, windowID, false);
+    case kSatcrSuccess:
+      return SatcrEnd(texts, window, true);
+    case kSatcrFailure:
+      return SatcrEnd(texts, window, false);
     default:
       return {};
   }
 }
 
 std::string ImportText(unsigned int step) {
-  if (step == NO_DEVICE || step == DEVICE_GONE) return "SID_NO_USB_CONNECTED_PLEASE_CHECK_CONNECTION";
-  if (step != CONFIRM_IMPORT) return "SID_NO_STORED_IN_USB_MSG";
-  char text[1024] = {};
-  CStringUtil::CombinateStrings(text, sizeof text, T("PJT_SID_IMPORT_FROM_USB_MSG").c_str(),
-                                T(Utils::GetProductTypeOSD().c_str()).c_str());
-  return text;
+  if (step == kNoDevice || step == kCopyFailed) return "SID_NO_USB_CONNECTED_PLEASE_CHECK_CONNECTION";
+  if (step != kImportConfirm) return "SID_NO_STORED_IN_USB_MSG";
+  return Filled("PJT_SID_IMPORT_FROM_USB_MSG", T(Utils::GetProductTypeOSD()));
 }
 
-void Pop(int parameter) { CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, parameter, 0, nullptr, nullptr); }
+bool IsScan(Window window) { return window == Window::kStartFrequency || window == Window::kStopFrequency; }
 
 }  // namespace
 
 CMessageBox::~CMessageBox() = default;
 
-unsigned int CMessageBox::t_WindowID() {
-  unsigned int windowID = 0, step = 0;
-  GetViewKey(windowID, step);
-  return windowID;
-}
-
-unsigned int CMessageBox::t_Case() {
-  unsigned int windowID = 0, step = 0;
-  GetViewKey(windowID, step);
-  return step;
-}
-
 // --- making and showing --------------------------------------------------------------------------
 
 void CMessageBox::t_Create() {
   t_InitWindowButtonInfo();
+  t_FlagDim = IsScan(t_Window());
   CViewNotifyWindowBase::t_Create();
   CDeviceManager::GetInstance()->Initialize(false);
 }
@@ -132,21 +102,13 @@ void CMessageBox::t_InitializeButton() {
   }
 }
 
-void CMessageBox::t_InitWindowProperty() { t_DefaultButtonNum = t_nButtonNumer; }
-
-void CMessageBox::t_SetButtonSettingInfo() {
-  for (int i = 0; i < t_nButtonNumer; ++i) {
-    t_ButtonSettings[i] = {T(t_ButtonIDs[i].c_str()), "", theme::kButton, theme::kButtonParts[i]};
-  }
+std::vector<CViewWindowBase::Button> CMessageBox::t_Buttons() {
+  std::vector<Button> buttons = {{t_ButtonIDs[0], [this] { m_ProcessButtonOne(); }}};
+  if (t_nButtonNumer == 2) buttons.push_back({t_ButtonIDs[1]});
+  return buttons;
 }
 
-void CMessageBox::t_Show() {
-  CViewNotifyWindowBase::t_Show();
-  Evas_Object* button = t_pDefaultButtons[t_nDefaultFocusIndex == 1 ? 1 : 0];
-  if (button) elm_object_focus_set(button, EINA_TRUE);
-}
-
-void CMessageBox::t_Hide() { CViewNotifyWindowBase::t_Hide(); }
+void CMessageBox::t_FocusFirst() { t_FocusButton(t_nDefaultFocusIndex == 1 ? 1 : 0); }
 
 void CMessageBox::t_Destroy() {
   if (m_release) CDeviceManager::GetInstance()->Release();
@@ -154,25 +116,20 @@ void CMessageBox::t_Destroy() {
 }
 
 void CMessageBox::t_FirstEnter(std::string& text) {
-  const char* title = t_pMainBase ? elm_object_part_text_get(t_pMainBase, theme::kTitle) : nullptr;
-  const std::string& focused = t_ButtonIDs[t_nDefaultFocusIndex == 1 ? 1 : 0];
-  text += std::string(" ") + (title ? title : "") + ", " + t_DisplayText + ", " + T(focused.c_str()) + ", " +
-          T("TV_SID_BUTTON");
+  const char* focused = t_ButtonIDs[t_nDefaultFocusIndex == 1 ? 1 : 0];
+  text += " " + t_TextOf(t_pMainBase, theme::kTitle) + ", " + t_DisplayText + ", " + spoken::Button(focused);
 }
 
 // --- the text ------------------------------------------------------------------------------------
 
-std::string CMessageBox::t_TextOf(unsigned int windowID) {
-  if (windowID == IMPORT) return ImportText(t_Case());
-  if (windowID == EXPORT) return "SID_NO_USB_CONNECTED_PLEASE_CHECK_CONNECTION";
-  if (windowID == FREQUENCY_FIRST || windowID == FREQUENCY_LAST) {
-    t_FlagDim = true;
-    return "TV_SID_CHANNEL_START_FREQUENCY_GREATER_THAN_STOP_CHECK";
-  }
+std::string CMessageBox::t_StepText(Window window) const {
+  if (window == Window::kImport) return ImportText(t_Case());
+  if (window == Window::kExport) return "SID_NO_USB_CONNECTED_PLEASE_CHECK_CONNECTION";
+  if (IsScan(window)) return "TV_SID_CHANNEL_START_FREQUENCY_GREATER_THAN_STOP_CHECK";
   for (const SatcrTexts& texts : kSatcr) {
-    if (windowID >= texts.first && windowID <= texts.last) return SatcrText(texts, windowID, t_Case());
+    if (window == texts.first || window == texts.second) return SatcrText(texts, window, t_Case());
   }
-  return m_displayText;
+  return {};
 }
 
 void CMessageBox::t_GetDisplayText(char* text) {
@@ -180,61 +137,31 @@ void CMessageBox::t_GetDisplayText(char* text) {
     LOG_DEBUG("Can not malloc memory");
     return;
   }
-  CopyText(text, kDisplayTextSize, t_TextOf(t_WindowID()));
+  CopyText(text, kDisplayTextSize, t_StepText(t_Window()));
 }
 
 // --- the buttons ---------------------------------------------------------------------------------
 
-void CMessageBox::t_ProcessDefaultButtonOneClickCallBack() {
-  if (!t_pDefaultButtons[0]) {
-    LOG_DEBUG("Null Pointer");
-    return;
-  }
+void CMessageBox::m_ProcessButtonOne() {
   switch (t_Case()) {
-    case CONFIRM_IMPORT:
+    case kImportConfirm:
       return t_TransferChannelBtnClickCB();
-    case SATCR_CONFIRM:
-      return m_DetectVerifyFrequencyStartBtnClickCB();
-    case SATCR_RUNNING:
-      return m_DetectVerifyFrequencyCancelBtnClickCB();
+    case kSatcrConfirm:
+      return t_GoTo(kSatcrRunning);
+    case kSatcrRunning:
+      return t_GoTo(kSatcrFailure);
     default:
-      return m_BtnDefaultClickCB();
+      return CloseView();
   }
-}
-
-void CMessageBox::t_ProcessDefaultButtonTwoClickCallBack() {
-  if (!t_pDefaultButtons[1]) {
-    LOG_DEBUG("Null Pointer");
-    return;
-  }
-  m_BtnDefaultClickCB();
-}
-
-void CMessageBox::m_BtnDefaultClickCB() { Pop(0); }
-
-void CMessageBox::m_GoTo(unsigned int nextCase) {
-  Pop(1);
-  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, t_WindowID(), nextCase, nullptr, nullptr);
-}
-
-void CMessageBox::m_DetectVerifyFrequencyStartBtnClickCB() {
-  if (t_Case() == SATCR_CONFIRM) return m_GoTo(SATCR_RUNNING);
-  Pop(1);
-  Pop(0);
-}
-
-void CMessageBox::m_DetectVerifyFrequencyCancelBtnClickCB() {
-  if (t_Case() == SATCR_RUNNING) return m_GoTo(SATCR_FAILURE);
-  Pop(1);
 }
 
 void CMessageBox::t_TransferChannelBtnClickCB() {
-  if (t_Case() != CONFIRM_IMPORT) return;
+  if (t_Case() != kImportConfirm) return;
   // The next step needs the inventory.
   m_release = false;
   CDeviceManager* devices = CDeviceManager::GetInstance();
   devices->Initialize(false);
   const DEVICE_INFO* selected = devices->GetSelectedDevice();
-  if (devices->m_nDeviceWithMapCount > 1) return m_GoTo(DEVICE_LIST);
-  m_GoTo(selected && selected->nChmapFileCount >= 2 ? FILE_LIST : COPY);
+  if (devices->m_nDeviceWithMapCount > 1) return t_GoTo(kDeviceList);
+  t_GoTo(selected && selected->nChmapFileCount >= 2 ? kFileList : kCopy);
 }

@@ -1,17 +1,18 @@
 #include "ViewBottomCtxPopup.h"
 
-#include <algorithm>
-#include <string_view>
+#include <Ecore_Input.h>
 
-#include "EventManager.h"
+#include <algorithm>
+
+#include "DataProvider.h"
 #include "KPILog.h"
 #include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
+#include "Spoken.h"
 #include "ThemeNames.h"
 #include "Utils.h"
-#include "settings_api.h"
-#include "string_util.h"
+#include "VoiceGuide.h"
 #include "toolkit_ext.h"
 
 namespace {
@@ -19,13 +20,6 @@ namespace {
 constexpr int kListWidth = 640;
 constexpr int kRowHeight = 80;
 constexpr int kMostRows = 6;
-constexpr size_t kBufferSize = 512;
-
-std::string DisplayName(const std::string& menuID) {
-  std::string name;
-  SettingsAPI::Get()->GetItemDisplayName(menuID, name);
-  return name;
-}
 
 }  // namespace
 
@@ -36,17 +30,13 @@ std::string CViewBottomCtxPopup::t_GetBaseStyle() { return theme::kBottomList; }
 void CViewBottomCtxPopup::t_Create() {
   CViewWidgetListWindowBase::t_Create();
   if (!t_pMainBase) return;
-  m_AddTitle();
-  m_behavior.Create(t_MenuID);
-  elm_layout_signal_callback_add(t_pMainBase, theme::kRisen, "*", t_EndMotionCB, this);
-  elm_layout_signal_callback_add(t_pMainBase, theme::kSunk, "*", t_EndMotionCB, this);
-  elm_layout_signal_callback_add(t_pMainBase, theme::kClickedOutside, "*", m_ClickedOutsideCB, this);
-}
-
-void CViewBottomCtxPopup::m_AddTitle() {
   t_WindowTitle = DisplayName(t_MenuID);
   elm_object_part_text_set(t_pMainBase, theme::kBottomListTitle, t_WindowTitle.c_str());
   LOG_DEBUG("Add Bottom Title");
+  m_behavior.Create(t_MenuID);
+  t_Connections.Signal(t_pMainBase, theme::kRisen, [this](const char* signal) { t_EndMotionCB(signal); });
+  t_Connections.Signal(t_pMainBase, theme::kSunk, [this](const char* signal) { t_EndMotionCB(signal); });
+  t_Connections.Signal(t_pMainBase, theme::kClickedOutside, [this](const char*) { m_Close(); });
 }
 
 void CViewBottomCtxPopup::t_AddListToUserDefineContent() {
@@ -69,20 +59,14 @@ void CViewBottomCtxPopup::t_Show() {
   elm_layout_signal_emit(t_pMainBase, theme::kRise, "");
 }
 
-void CViewBottomCtxPopup::t_EndMotionCB(void* data, Evas_Object*, const char* signal, const char*) {
-  auto* pThis = static_cast<CViewBottomCtxPopup*>(data);
+void CViewBottomCtxPopup::t_EndMotionCB(const std::string& signal) {
   LOG_DEBUG("t_EndMotionCB");
-  if (std::string_view(signal) == theme::kRisen) {
-    LOG_DEBUG("%s", theme::kRisen);
-    pThis->SetViewStatus(VIEW_STATUS_ACTIVE);
+  LOG_DEBUG("%s", signal.c_str());
+  if (signal == theme::kRisen) {
+    SetViewStatus(VIEW_STATUS_ACTIVE);
   } else {
-    LOG_DEBUG("%s", theme::kSunk);
-    CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
+    CloseView();
   }
-}
-
-void CViewBottomCtxPopup::m_ClickedOutsideCB(void* data, Evas_Object*, const char*, const char*) {
-  static_cast<CViewBottomCtxPopup*>(data)->m_Close();
 }
 
 /// The end of the motion posts the one pop that closes the popup.
@@ -104,6 +88,7 @@ void CViewBottomCtxPopup::t_ProcessListFocusCB(Evas_Object* list, void* item) {
 void CViewBottomCtxPopup::t_SublistItemPress() {
   if (m_closing) return;
   m_behavior.DoBehaviorAfterItemSelected();
+  SayNow(spoken::Joined({t_WindowTitle, DisplayValue(t_MenuID)}));
   m_Close();
 }
 
@@ -125,20 +110,10 @@ bool CViewBottomCtxPopup::t_PrepareHide() {
 }
 
 void CViewBottomCtxPopup::t_FirstEnter(std::string& text) {
-  const int rows = t_pWidgetList ? t_pWidgetList->GetVisibleListCount() : 0;
-  char guide[kBufferSize] = {};
-  CStringUtil::CombinateStrings(guide, sizeof guide,
-                                Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
-                                std::to_string(rows).c_str());
-  text += t_WindowTitle + ", " + guide;
+  text += t_WindowTitle + ", " + spoken::Items(t_pWidgetList ? t_pWidgetList->GetVisibleListCount() : 0);
 }
 
 void CViewBottomCtxPopup::t_Destroy() {
-  if (t_pMainBase) {
-    elm_layout_signal_callback_del(t_pMainBase, theme::kRisen, "*", t_EndMotionCB);
-    elm_layout_signal_callback_del(t_pMainBase, theme::kSunk, "*", t_EndMotionCB);
-    elm_layout_signal_callback_del(t_pMainBase, theme::kClickedOutside, "*", m_ClickedOutsideCB);
-  }
   CViewWidgetListWindowBase::t_Destroy();
   m_behavior.Destroy();
 }

@@ -23,11 +23,9 @@ class CViewBottomCtxPopup : public CViewWidgetListWindowBase {
   void t_SublistItemPress() override;
 
  private:
-  void m_AddTitle();
   /// Plays the popup out and closes it.
   void m_Close();
-  static void t_EndMotionCB(void* data, Evas_Object* object, const char* signal, const char* source);
-  static void m_ClickedOutsideCB(void* data, Evas_Object* object, const char* signal, const char* source);
+  void t_EndMotionCB(const std::string& signal);
 
   CItemBehaviorManager m_behavior;
   bool m_closing = false;

@@ -3,14 +3,13 @@
 
 #include <string>
 
+#include "BesideRow.h"
+#include "Spinner.h"
 #include "View.h"
 
-class CViewControlSpinner : public CView {
+class CViewControlSpinner : public CView, public BesideRow {
  public:
   explicit CViewControlSpinner(const char* menuID);
-
-  /// The row that opened it, in screen pixels.
-  void SetParentItemPostion(int x, int y, int w) { m_x = x, m_y = y, m_w = w; }
 
   struct MinMax {
     bool valid;
@@ -23,17 +22,13 @@ class CViewControlSpinner : public CView {
   void t_Create() override;
   void t_Destroy() override;
   void t_Show() override;
-  void t_Hide() override;
   void t_FirstEnter(std::string& text) override;
 
  private:
   void m_PrepareSpinnerWidth();
   void m_ReadValue();
   bool m_CreateSpinner();
-  Evas_Object* m_CreateArrow(const char* style, const char* part);
-  void m_CreateFocus();
   void m_UpdateDispText();
-  void m_ShowText(const std::string& text);
   void m_HandleKey(const std::string& key);
   void m_Step(bool up);
   void m_StepSetting(bool up);
@@ -43,21 +38,13 @@ class CViewControlSpinner : public CView {
   bool m_CheckItemMinMax() const;
   static int m_GetNumFromKey(const char* key);
 
-  static void m_ResponseCb(void* data, Evas_Object* object, void* info);
-  static void m_SubitemKeyPressed(void* data, Evas* canvas, Evas_Object* object, void* info);
-  static void m_FocusedCb(void* data, Evas* canvas, Evas_Object* object, void* info);
-  static void m_UnfocusedCb(void* data, Evas* canvas, Evas_Object* object, void* info);
-  static void t_BlockClicked(void* data, Evas_Object* object, void* info);
+  void m_ResponseCb(bool up);
+  void m_SubitemKeyPressed(Evas_Event_Key_Down& event);
 
-  Evas_Object* m_pSpinner = nullptr;
-  /// Has the focus in the spinner's place: the toolkit gives it to the arrows of a spinner, never to itself.
-  Evas_Object* m_pFocus = nullptr;
-  Evas_Object* m_pIncrease = nullptr;
-  Evas_Object* m_pDecrease = nullptr;
-  std::string m_pDisplayValue;
+  Spinner m_spinner;
+  Connections m_connections;
   /// The value read at creation.
   std::string m_original;
-  int m_x = 0, m_y = 0, m_w = 0;
   int m_nControlPopupWidth = 0, m_nControlPopupHeight = 0;
   /// No digits are pending.
   bool m_firstInput = true;

@@ -2,36 +2,24 @@
 
 #include "Log.h"
 #include "TextUtil.h"
-#include "Utils.h"
-#include "settings_api.h"
+#include "TransferFlow.h"
+#include "Translation.h"
 
 namespace {
 
 constexpr int kTimeOutSeconds = 60;
-constexpr unsigned int kConfirmImport = 1;
 
 /// The window of the user that a factory window has its text from.
-unsigned int UserWindow(unsigned int windowID) {
-  switch (windowID) {
-    case 4:
-      return 2;
-    case 5:
-      return 3;
-    default:
-      return windowID;
-  }
+Window UserWindow(Window window) {
+  if (window == Window::kFactoryImport) return Window::kImport;
+  return window == Window::kFactoryExport ? Window::kExport : window;
 }
 
 }  // namespace
 
 int CViewFactoryMessageBox::t_GetTimeOutSeconds() { return kTimeOutSeconds; }
 
-std::string CViewFactoryMessageBox::t_GetWindowTitleText() {
-  std::string name;
-  const bool import = t_MenuID == "factory-import-from-usb";
-  SettingsAPI::Get()->GetItemDisplayName(import ? "import-from-usb" : "export-to-usb", name);
-  return name;
-}
+std::string CViewFactoryMessageBox::t_GetWindowTitleText() { return TransferTitle(t_MenuID); }
 
 void CViewFactoryMessageBox::t_InitWindowButtonInfo() {
   t_nDefaultFocusIndex = 0;
@@ -39,7 +27,7 @@ void CViewFactoryMessageBox::t_InitWindowButtonInfo() {
 }
 
 std::string CViewFactoryMessageBox::m_CountedText() const {
-  return Utils::GetTranslationStr(t_ButtonIDs[0].c_str()) + " (" + std::to_string(m_seconds) + ")";
+  return T(t_ButtonIDs[0]) + " (" + std::to_string(m_seconds) + ")";
 }
 
 void CViewFactoryMessageBox::t_SetButtonSettingInfo() {
@@ -52,29 +40,20 @@ void CViewFactoryMessageBox::t_GetDisplayText(char* text) {
     LOG_ERROR("pDisplayText is nullptr");
     return;
   }
-  const unsigned int windowID = UserWindow(t_WindowID());
-  CopyText(text, kDisplayTextSize, t_TextOf(windowID));
+  CopyText(text, kDisplayTextSize, t_StepText(UserWindow(t_Window())));
 }
 
 void CViewFactoryMessageBox::t_Show() {
   // The factory does not ask before an import.
-  if (t_Case() == kConfirmImport) return t_TransferChannelBtnClickCB();
+  if (t_Case() == kImportConfirm) return t_TransferChannelBtnClickCB();
   CMessageBox::t_Show();
-  m_pTimer = ecore_timer_add(1.0, sm_TimerUpdateBtnCb, this);
+  m_timer.Start(1.0, [this] { return sm_TimerUpdateBtnCb(); });
 }
 
-Eina_Bool CViewFactoryMessageBox::sm_TimerUpdateBtnCb(void* data) {
-  auto* pThis = static_cast<CViewFactoryMessageBox*>(data);
-  --pThis->m_seconds;
-  if (pThis->t_pDefaultButtons[0]) elm_object_text_set(pThis->t_pDefaultButtons[0], pThis->m_CountedText().c_str());
-  if (pThis->m_seconds > 0) return ECORE_CALLBACK_RENEW;
-  pThis->m_pTimer = nullptr;
-  pThis->t_ProcessDefaultButtonOneClickCallBack();
-  return ECORE_CALLBACK_CANCEL;
-}
-
-void CViewFactoryMessageBox::t_Destroy() {
-  if (m_pTimer) ecore_timer_del(m_pTimer);
-  m_pTimer = nullptr;
-  CMessageBox::t_Destroy();
+bool CViewFactoryMessageBox::sm_TimerUpdateBtnCb() {
+  --m_seconds;
+  if (t_pDefaultButtons[0]) elm_object_text_set(t_pDefaultButtons[0], m_CountedText().c_str());
+  if (m_seconds > 0) return true;
+  t_ProcessDefaultButtonOneClickCallBack();
+  return false;
 }

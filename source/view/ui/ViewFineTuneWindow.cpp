@@ -1,38 +1,33 @@
 #include "ViewFineTuneWindow.h"
 
+#include <Ecore_Input.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
 
-#include "EventManager.h"
+#include "DataProvider.h"
 #include "FineTuneUtil.h"
 #include "KeyManager.h"
 #include "Log.h"
-#include "RootWindow.h"
+#include "Spoken.h"
 #include "TextUtil.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "Utils.h"
 #include "VoiceGuide.h"
-#include "settings_api.h"
-#include "string_util.h"
 #include "toolkit_ext.h"
 #include "vconf.h"
 
 namespace {
 
-constexpr double kWidth = 918, kHeight = 251.9964;
+constexpr int kWidth = 918, kHeight = 251;
 constexpr double kLowest = -32.0, kHighest = 32.0, kStep = 0.015625;
 constexpr double kHair = 0.00001;
 constexpr double kPopupSeconds = 5.0;
-constexpr double kVoiceDelaySeconds = 0.2;
-constexpr int kPopupWrap = 2, kPopupTextWidth = 1122, kPopupFontSize = 48;
 /// Before the toolkit's own handling of the key.
 constexpr Evas_Callback_Priority kKeyPriority = -100;
-
-constexpr const char* kButtonTexts[] = {"SID_RESET", "SID_SAVE", "SID_CLOSE"};
-
-std::string T(const char* id) { return Utils::GetTranslationStr(id); }
 
 bool IsReversed() { return ua_UI_orientation_get() == 1; }
 
@@ -66,18 +61,14 @@ std::string LeftToRightMark() {
 
 std::string CViewFineTuneWindow::t_GetBaseStyle() { return theme::kBottom; }
 
-std::string CViewFineTuneWindow::t_GetWindowTitleText() {
-  std::string name;
-  SettingsAPI::Get()->GetItemDisplayName(t_MenuID, name);
-  return name;
-}
+std::string CViewFineTuneWindow::t_GetWindowTitleText() { return DisplayName(t_MenuID); }
 
-void CViewFineTuneWindow::t_InitWindowProperty() { t_DefaultButtonNum = 3; }
-
-void CViewFineTuneWindow::t_SetButtonSettingInfo() {
-  for (int i = 0; i < t_DefaultButtonNum; ++i) {
-    t_ButtonSettings[i] = {T(kButtonTexts[i]), "", theme::kButton, theme::kButtonParts[i]};
-  }
+std::vector<CViewWindowBase::Button> CViewFineTuneWindow::t_Buttons() {
+  const auto close = [] {
+    LOG_DEBUG("APP_EVENT_POP_VIEW");
+    CloseView();
+  };
+  return {{"SID_RESET", [this] { m_Reset(); }}, {"SID_SAVE", [this] { m_Save(); }}, {"SID_CLOSE", close}};
 }
 
 void CViewFineTuneWindow::t_Create() {
@@ -85,40 +76,30 @@ void CViewFineTuneWindow::t_Create() {
   LOG_DEBUG("CViewFineTuneWindow t_Create");
   m_ReadOrientation();
   m_bWrap = false;
-  if (!t_pMainBase) return;
-  m_pLayout = elm_layout_add(t_pMainBase);
-  if (!m_pLayout || !elm_layout_file_set(m_pLayout, Utils::GetEDJFile().c_str(), theme::kFineTune)) {
+  m_pLayout = t_AddContent(theme::kFineTune, kWidth, kHeight);
+  if (!m_pLayout) {
     LOG_ERROR("Assertion failed");
-    if (m_pLayout) evas_object_del(m_pLayout);
-    m_pLayout = nullptr;
     return;
   }
-  t_SetContent(m_pLayout, kWidth, kHeight);
   t_CreateSlider();
-  m_SetFocusDirections();
-
-  LOG_DEBUG("get_current_channel_name");
-  char* name = t_GetCurrentChannelName();
-  CopyText(m_channelName, sizeof m_channelName, name ? name : "");
-  free(name);
+  m_ReadChannelName();
   t_nFineTunered = FineTuneUtil::CheckIfInitialFinetuned();
   LOG_DEBUG("t_nFineTunered is: %d", t_nFineTunered);
   t_UpdateChannelCurrentTuneValue(t_nFineTunered);
   elm_object_part_text_set(t_pMainBase, theme::kPopupTitle, T("SID_FINE_TUNE").c_str());
 }
 
+void CViewFineTuneWindow::m_ReadChannelName() {
+  LOG_DEBUG("get_current_channel_name");
+  char* name = t_GetCurrentChannelName();
+  CopyText(m_channelName, sizeof m_channelName, name ? name : "");
+  free(name);
+}
+
 void CViewFineTuneWindow::m_ReadOrientation() {
   const std::string language = Utils::WrapMallocdString(vconf_get_str("db/menu_widget/language"));
   if (!language.empty()) elm_language_set(language.c_str());
   elm_config_mirrored_set(ua_UI_orientation_get() != 0);
-}
-
-void CViewFineTuneWindow::t_SetContent(Evas_Object* layout, double width, double height) {
-  evas_object_size_hint_weight_set(layout, EVAS_HINT_EXPAND, EVAS_HINT_EXPAND);
-  evas_object_size_hint_align_set(layout, EVAS_HINT_FILL, EVAS_HINT_FILL);
-  Evas_Object* table = Utils::WidgetMinSet(layout, t_pMainBase, static_cast<int>(width), static_cast<int>(height), 1);
-  evas_object_show(table);
-  elm_object_part_content_set(t_pMainBase, theme::kContent, table);
 }
 
 void CViewFineTuneWindow::t_CreateSlider() {
@@ -134,23 +115,14 @@ void CViewFineTuneWindow::t_CreateSlider() {
   // Numbers run from left to right in every language.
   elm_object_mirrored_automatic_set(m_pSlider, EINA_FALSE);
   elm_object_mirrored_set(m_pSlider, EINA_FALSE);
-  evas_object_event_callback_priority_add(m_pSlider, EVAS_CALLBACK_KEY_DOWN, kKeyPriority, m_SliderKeyPressCB, this);
-  evas_object_smart_callback_add(m_pSlider, "changed", m_SliderValueChanged, this);
+  const auto pressed = [this](Evas_Object*, Evas_Event_Key_Down& event) { m_SliderKeyPressCB(event); };
+  t_Connections.Key(m_pSlider, pressed, kKeyPriority);
+  t_Connections.Smart(m_pSlider, "changed", [this](Evas_Object*, void*) { m_SliderValueChanged(); });
   elm_object_part_content_set(m_pLayout, theme::kFineTuneSlider, m_pSlider);
-}
-
-void CViewFineTuneWindow::m_SetFocusDirections() {
-  if (!m_pSlider) return;
+  spoken::SetName(m_pSlider, T("SID_FINE_TUNE"));
   for (Evas_Object* button : t_pDefaultButtons) {
     if (button) elm_object_focus_next_object_set(button, m_pSlider, ELM_FOCUS_UP);
   }
-}
-
-void CViewFineTuneWindow::t_Show() {
-  CViewWindowBase::t_Show();
-  if (m_pLayout) evas_object_show(m_pLayout);
-  if (m_pSlider) evas_object_show(m_pSlider);
-  if (t_pDefaultButtons[2]) elm_object_focus_set(t_pDefaultButtons[2], EINA_TRUE);
 }
 
 /// A popup that outlived the window would be asked for the focus when the view below comes back.
@@ -167,15 +139,12 @@ void CViewFineTuneWindow::t_Pause() {
 
 void CViewFineTuneWindow::t_Destroy() {
   m_ClosePopup();
-  if (m_pSlider) evas_object_del(m_pSlider);
-  if (m_pLayout) evas_object_del(m_pLayout);
-  m_pSlider = m_pLayout = nullptr;
   CViewWindowBase::t_Destroy();
+  m_pSlider = m_pLayout = nullptr;
 }
 
 void CViewFineTuneWindow::t_FirstEnter(std::string& text) {
-  const char* channel = m_pLayout ? elm_object_part_text_get(m_pLayout, theme::kFineTuneChannel) : nullptr;
-  text += T("SID_FINE_TUNE") + ", " + (channel ? channel : "") + ", " + T("SID_CLOSE") + ", " + T("TV_SID_BUTTON");
+  text += T("SID_FINE_TUNE") + ", " + t_TextOf(m_pLayout, theme::kFineTuneChannel) + ", " + spoken::Button("SID_CLOSE");
 }
 
 // --- what it shows -------------------------------------------------------------------------------
@@ -228,6 +197,7 @@ void CViewFineTuneWindow::t_UpdateSliderValue() {
 void CViewFineTuneWindow::t_SetTextSliderLabel(int offset) {
   const std::string label = (offset < 0 ? "" : "+") + LeftToRightMark() + std::to_string(offset);
   elm_slider_indicator_format_set(m_pSlider, label.c_str());
+  spoken::SetState(m_pSlider, (offset < 0 ? "" : "+") + std::to_string(offset));
 }
 
 void CViewFineTuneWindow::t_SetTextChannelName() {
@@ -254,45 +224,34 @@ void CViewFineTuneWindow::t_SetTextResultValue(int offset) {
 
 // --- the slider ----------------------------------------------------------------------------------
 
-void CViewFineTuneWindow::m_SliderKeyPressCB(void* data, Evas*, Evas_Object* object, void* info) {
-  auto* pThis = static_cast<CViewFineTuneWindow*>(data);
-  auto* event = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !object || !event) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  const std::string_view key = event->keyname;
+void CViewFineTuneWindow::m_SliderKeyPressCB(Evas_Event_Key_Down& event) {
+  const std::string_view key = event.keyname;
   double lowest = 0.0, highest = 0.0;
-  const double value = elm_slider_value_get(object);
-  elm_slider_min_max_get(object, &lowest, &highest);
-  LOG_INFO("keyname is [ %s ] ", event->keyname);
+  const double value = elm_slider_value_get(m_pSlider);
+  elm_slider_min_max_get(m_pSlider, &lowest, &highest);
+  LOG_INFO("keyname is [ %s ] ", event.keyname);
   LOG_DEBUG(" value = %f, min = %f, max = %f ", value, lowest, highest);
-  if (key == "Down" && pThis->t_pDefaultButtons[1]) {
+  if (key == "Down") {
     // The toolkit would take the button that had the focus last.
-    event->event_flags = static_cast<Evas_Event_Flags>(event->event_flags | EVAS_EVENT_FLAG_ON_HOLD);
-    elm_object_focus_set(pThis->t_pDefaultButtons[1], EINA_TRUE);
-    return;
+    HoldKey(event);
+    return t_FocusButton(1);
   }
   const bool toTop = key == "Left" && Utils::CompareDouble(value, lowest);
   const bool toBottom = key == "Right" && Utils::CompareDouble(value, highest);
   if (!toTop && !toBottom) return;
-  pThis->m_bWrap = true;
-  elm_slider_value_set(object, toTop ? highest : lowest);
+  m_bWrap = true;
+  elm_slider_value_set(m_pSlider, toTop ? highest : lowest);
 }
 
-void CViewFineTuneWindow::m_SliderValueChanged(void* data, Evas_Object* object, void*) {
-  auto* pThis = static_cast<CViewFineTuneWindow*>(data);
-  if (!pThis || !object) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  pThis->t_UpdateSliderValue();
-  FineTuneUtil::PresetTunerMft(pThis->m_nCurrentOffset);
+void CViewFineTuneWindow::m_SliderValueChanged() {
+  t_UpdateSliderValue();
+  FineTuneUtil::PresetTunerMft(m_nCurrentOffset);
+  Speak(spoken::StateOf(m_pSlider));
 }
 
 // --- the buttons ---------------------------------------------------------------------------------
 
-void CViewFineTuneWindow::t_ProcessDefaultButtonOneClickCallBack() {
+void CViewFineTuneWindow::m_Reset() {
   t_nFineTunered = 0;
   FineTuneUtil::ResetTurnerMft();
   FineTuneUtil::ResetFinetuneType();
@@ -303,7 +262,7 @@ void CViewFineTuneWindow::t_ProcessDefaultButtonOneClickCallBack() {
   t_DrawResetPopup();
 }
 
-void CViewFineTuneWindow::t_ProcessDefaultButtonTwoClickCallBack() {
+void CViewFineTuneWindow::m_Save() {
   const int offset = m_nCurrentOffset;
   FineTuneUtil::SetTunerMft();
   FineTuneUtil::SetFineTuneType();
@@ -311,109 +270,42 @@ void CViewFineTuneWindow::t_ProcessDefaultButtonTwoClickCallBack() {
   t_nFineTunered = 1;
   t_UpdateChannelCurrentTuneValue(1);
   FineTuneUtil::PresetTunerMft(m_nCurrentOffset);
-}
-
-void CViewFineTuneWindow::t_ProcessDefaultButtonThreeClickCallBack() {
-  LOG_DEBUG("APP_EVENT_POP_VIEW");
-  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
+  Speak(spoken::Joined({T("COM_SID_SAVED"), m_channelName, spoken::StateOf(m_pSlider)}));
 }
 
 // --- the word after a reset ----------------------------------------------------------------------
 
 void CViewFineTuneWindow::t_DrawResetPopup() {
-  m_ClosePopup();
-  m_pPopup = CRootWindow::CreateBase(BASE_TYPE_POPUP, t_GetBaseStyle().c_str(), Utils::GetEDJFile().c_str());
-  if (!m_pPopup || !m_CreatePopupButton()) {
-    LOG_ERROR("Assertion failed");
+  const NoticeWords words = {T("SID_RESET"), m_PopupMessage(), "SID_OK"};
+  const auto closed = [this](bool byBack) {
     m_ClosePopup();
-    return;
-  }
-  Utils::DisableBgRect(m_pPopup);
-  const std::string message = m_PopupMessage();
-  if (!message.empty()) {
-    m_pPopupText = std::make_unique<WidgetTextBlock>();
-    m_pPopupText->Create(m_pPopup, message.c_str(), kPopupWrap, kPopupTextWidth, kPopupFontSize);
-    m_pPopupText->SetContent(m_pPopup, nullptr);
-  }
-  elm_object_part_text_set(m_pPopup, theme::kTitle, T("SID_RESET").c_str());
-  m_pTimer = ecore_timer_add(kPopupSeconds, m_HideAndDeleteMsgbox, this);
-  evas_object_show(m_pPopup);
-  elm_object_focus_set(m_pOkButton, EINA_TRUE);
-  m_SpeakPopup(message);
-}
-
-bool CViewFineTuneWindow::m_CreatePopupButton() {
-  m_pOkButton = elm_button_add(m_pPopup);
-  if (!m_pOkButton) return false;
-  elm_object_style_set(m_pOkButton, theme::kButton);
-  elm_object_text_set(m_pOkButton, T("SID_OK").c_str());
-  elm_object_part_content_set(m_pPopup, theme::kButtonParts[0], m_pOkButton);
-  evas_object_smart_callback_add(m_pOkButton, "clicked", m_PopupOkBtnClicked, this);
-  evas_object_event_callback_add(m_pOkButton, EVAS_CALLBACK_KEY_DOWN, m_OkBtnKeyPressed, this);
-  evas_object_show(m_pOkButton);
-  return true;
+    if (byBack) {
+      LOG_INFO(" popup ok button pressed");
+    } else {
+      LOG_INFO(" popup ok button clicked");
+    }
+  };
+  if (!m_popup.Show(t_GetBaseStyle().c_str(), words, closed)) return;
+  m_popupTimer.Start(kPopupSeconds, [this] {
+    LOG_DEBUG("_hide_and_delete_msgbox");
+    m_ClosePopup();
+    return false;
+  });
+  Speak(words.title + " , " + words.text + " ," + T("SID_OK") + " ," + T("TV_SID_BUTTON"));
 }
 
 std::string CViewFineTuneWindow::m_PopupMessage() const {
-  if (!*m_channelName) return {};
-  char message[sizeof m_channelName] = {};
-  CStringUtil::CombinateStrings(message, sizeof message, T("SID_MIX_RESET_CHANNEL_NAME").c_str(), m_channelName);
-  return message;
-}
-
-void CViewFineTuneWindow::m_SpeakPopup(const std::string& message) {
-  if (!Utils::FlagVoiceGuideSetting()) return;
-  const std::string text = T("SID_RESET") + " , " + message + " ," + T("SID_OK") + " ," + T("TV_SID_BUTTON");
-  CVoiceGuide::GetInstance()->StartVoiceGuide(text.c_str(), kVoiceDelaySeconds, false);
+  return *m_channelName ? Filled("SID_MIX_RESET_CHANNEL_NAME", WithNumberInOrder(m_channelName)) : "";
 }
 
 void CViewFineTuneWindow::m_ClosePopup() {
-  if (m_pTimer) ecore_timer_del(m_pTimer);
-  m_pTimer = nullptr;
-  if (m_pPopupText) m_pPopupText->Destroy();
-  m_pPopupText.reset();
-  if (!m_pPopup) return;
-  elm_object_part_text_set(m_pPopup, theme::kTitle, nullptr);
-  elm_object_tree_focus_allow_set(m_pPopup, EINA_FALSE);
-  evas_object_del(m_pPopup);
-  m_pPopup = m_pOkButton = nullptr;
+  m_popupTimer.Stop();
+  m_popup.Close();
   if (t_pMainBase) elm_object_signal_emit(t_pMainBase, theme::kUndim, "");
 }
 
-void CViewFineTuneWindow::m_PopupOkBtnClicked(void* data, Evas_Object*, void*) {
-  auto* pThis = static_cast<CViewFineTuneWindow*>(data);
-  if (!pThis) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  pThis->m_ClosePopup();
-  LOG_INFO(" popup ok button clicked");
-}
-
-void CViewFineTuneWindow::m_OkBtnKeyPressed(void* data, Evas*, Evas_Object*, void* info) {
-  auto* pThis = static_cast<CViewFineTuneWindow*>(data);
-  const auto* event = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !event) {
-    LOG_ERROR("Assertion failed");
-    return;
-  }
-  if (!CKeyManager::IsBack(event->keyname)) return;
-  pThis->m_closedAt = event->timestamp;
-  pThis->m_ClosePopup();
-  LOG_INFO(" popup ok button pressed");
-}
-
-/// The window hears of a key before or after the popup's button does.
+/// The popup's button has heard of the key before the window does.
 bool CViewFineTuneWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
   const auto* key = static_cast<Ecore_Event_Key*>(event);
-  if (!key || !CKeyManager::IsBack(key->keyname)) return false;
-  return m_pPopup || (m_closedAt != 0 && key->timestamp == m_closedAt);
-}
-
-Eina_Bool CViewFineTuneWindow::m_HideAndDeleteMsgbox(void* data) {
-  LOG_DEBUG("_hide_and_delete_msgbox");
-  auto* pThis = static_cast<CViewFineTuneWindow*>(data);
-  pThis->m_pTimer = nullptr;
-  pThis->m_ClosePopup();
-  return ECORE_CALLBACK_CANCEL;
+  return key && CKeyManager::IsBack(key->keyname) && (m_popup.TakeBack() || m_popup.IsShown());
 }

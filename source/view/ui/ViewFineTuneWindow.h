@@ -1,12 +1,9 @@
 // Manual fine tuning of the analogue channel on screen: the tuner follows the slider at once.
 #pragma once
 
-#include <Ecore.h>
-
-#include <memory>
-
+#include "Notice.h"
+#include "Timer.h"
 #include "ViewWindowBase.h"
-#include "WidgetTextBlock.h"
 
 class CViewFineTuneWindow : public CViewWindowBase {
  public:
@@ -15,20 +12,14 @@ class CViewFineTuneWindow : public CViewWindowBase {
  protected:
   void t_Create() override;
   void t_Destroy() override;
-  void t_Show() override;
   void t_Hide() override;
   void t_Pause() override;
   void t_FirstEnter(std::string& text) override;
   bool t_HandleMenuSpecialKeyCB(void* data, int type, void* event) override;
   std::string t_GetBaseStyle() override;
   std::string t_GetWindowTitleText() override;
-  void t_SetButtonSettingInfo() override;
-  void t_InitWindowProperty() override;
-  void t_ProcessDefaultButtonOneClickCallBack() override;
-  void t_ProcessDefaultButtonTwoClickCallBack() override;
-  void t_ProcessDefaultButtonThreeClickCallBack() override;
+  std::vector<Button> t_Buttons() override;
 
-  void t_SetContent(Evas_Object* layout, double width, double height);
   void t_CreateSlider();
   /// The caller frees it; null without a channel.
   char* t_GetCurrentChannelName();
@@ -44,26 +35,18 @@ class CViewFineTuneWindow : public CViewWindowBase {
 
  private:
   void m_ReadOrientation();
-  void m_SetFocusDirections();
-  bool m_CreatePopupButton();
+  void m_ReadChannelName();
+  void m_Save();
+  void m_Reset();
   std::string m_PopupMessage() const;
-  void m_SpeakPopup(const std::string& message);
   void m_ClosePopup();
-
-  static void m_SliderKeyPressCB(void* data, Evas* canvas, Evas_Object* object, void* info);
-  static void m_SliderValueChanged(void* data, Evas_Object* object, void* info);
-  static void m_PopupOkBtnClicked(void* data, Evas_Object* object, void* info);
-  static void m_OkBtnKeyPressed(void* data, Evas* canvas, Evas_Object* object, void* info);
-  static Eina_Bool m_HideAndDeleteMsgbox(void* data);
+  void m_SliderKeyPressCB(Evas_Event_Key_Down& event);
+  void m_SliderValueChanged();
 
   Evas_Object* m_pLayout = nullptr;
-  Evas_Object* m_pPopup = nullptr;
   Evas_Object* m_pSlider = nullptr;
-  Evas_Object* m_pOkButton = nullptr;
-  std::unique_ptr<WidgetTextBlock> m_pPopupText;
-  Ecore_Timer* m_pTimer = nullptr;
-  /// Time stamp of the key that closed the popup: it must not close the window as well.
-  unsigned int m_closedAt = 0;
+  Notice m_popup;
+  Timer m_popupTimer;
   char m_channelName[512] = {};
   int m_nCurrentOffset = 0;
   int m_nStoredOffset = 0;

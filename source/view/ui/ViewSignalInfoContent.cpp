@@ -6,13 +6,14 @@
 
 #include "ChannelUtil.h"
 #include "CommonUtil.h"
+#include "Content.h"
 #include "DataProvider.h"
-#include "EventManager.h"
 #include "InformationContent.h"
 #include "Log.h"
 #include "RowFocus.h"
 #include "TextUtil.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "Utils.h"
 #include "ViewSignalInfoWindow.h"
 #include "system_info.h"
@@ -62,7 +63,7 @@ char* StrengthText(const std::string& value) {
     LOG_DEBUG("Buffer Failed");
     return nullptr;
   }
-  CopyText(text, kTextSize, value + Utils::GetTranslationStr(LevelWord(NumberAtStart(value.c_str()))));
+  CopyText(text, kTextSize, value + T(LevelWord(NumberAtStart(value.c_str()))));
   return text;
 }
 
@@ -72,8 +73,11 @@ std::string StyleOf(const std::string& menuID) {
   return style;
 }
 
-void UpdateText(Elm_Object_Item* row, const char* part) {
-  elm_genlist_item_fields_update(row, part, ELM_GENLIST_ITEM_FIELD_TEXT);
+void UpdateRows(Evas_Object* list, const char* textPart) {
+  for (auto* row = list ? elm_genlist_first_item_get(list) : nullptr; row; row = elm_genlist_item_next_get(row)) {
+    elm_genlist_item_fields_update(row, textPart, ELM_GENLIST_ITEM_FIELD_TEXT);
+    elm_genlist_item_fields_update(row, theme::kMeasureBar, ELM_GENLIST_ITEM_FIELD_CONTENT);
+  }
 }
 
 }  // namespace
@@ -81,7 +85,7 @@ void UpdateText(Elm_Object_Item* row, const char* part) {
 // --- the content and what goes with the type -----------------------------------------------------
 
 void CViewSignalInfoWindow::t_CreateContent() {
-  m_pContentLayout = AddInformation(t_pMainBase, Utils::GetTranslationStr("TV_SIDCHECK_THE_SIGNAL_OF_EACH_CHANNEL"));
+  m_pContentLayout = AddInformation(t_pMainBase, T("TV_SIDCHECK_THE_SIGNAL_OF_EACH_CHANNEL"));
   if (!m_pContentLayout) return;
   ea_object_config_set_auto_transparency(t_pMainBase, 1);
   t_DecorateBySignalInfoType();
@@ -115,11 +119,9 @@ void CViewSignalInfoWindow::t_DecorateBySignalInfoType() {
 }
 
 void CViewSignalInfoWindow::t_CreateSignalImage() {
-  m_pImageLayout = elm_layout_add(m_pContentLayout);
-  if (!m_pImageLayout || !elm_layout_file_set(m_pImageLayout, Utils::GetEDJFile().c_str(), theme::kSignalImage)) {
+  m_pImageLayout = AddLayout(m_pContentLayout, theme::kSignalImage);
+  if (!m_pImageLayout) {
     LOG_ERROR("Assertion failed");
-    if (m_pImageLayout) evas_object_del(m_pImageLayout);
-    m_pImageLayout = nullptr;
     return;
   }
   // Bars of a signal rise to the right in every language.
@@ -184,10 +186,10 @@ void CViewSignalInfoWindow::t_AddDVBSetTuneAction() {
 }
 
 void CViewSignalInfoWindow::t_AddContentItems() {
-  const bool strengthInWords = ReadLocalSet() == kLevelLocalSet;
+  m_strengthInWords = ReadLocalSet() == kLevelLocalSet;
   for (SignalInfoData& row : vSIContentData) {
     const bool bar =
-        row.strMenuID == kQuality || row.strMenuID == kErrors || (row.strMenuID == kStrength && !strengthInWords);
+        row.strMenuID == kQuality || row.strMenuID == kErrors || (row.strMenuID == kStrength && !m_strengthInWords);
     elm_genlist_item_append(m_pContentList, bar ? m_pBarClass : m_pTextClass, &row, nullptr, ELM_GENLIST_ITEM_NONE,
                             nullptr, nullptr);
   }
@@ -200,18 +202,11 @@ void CViewSignalInfoWindow::t_AddContentItems() {
 
 void CViewSignalInfoWindow::t_HandleAdditionalSignalInfoCases() {
   const char* text = ua_UI_orientation_get() != 0 ? theme::kRowValueTextReversed : theme::kRowValueText;
-  for (auto* row = m_pContentList ? elm_genlist_first_item_get(m_pContentList) : nullptr; row;
-       row = elm_genlist_item_next_get(row)) {
-    UpdateText(row, text);
-    elm_genlist_item_fields_update(row, theme::kMeasureBar, ELM_GENLIST_ITEM_FIELD_CONTENT);
-  }
+  UpdateRows(m_pContentList, text);
   if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
     for (SignalInfoData& row : vSIActionData) m_ReadValue(row);
     // Action rows have one part for both directions of writing.
-    for (auto* row = m_pActionList ? elm_genlist_first_item_get(m_pActionList) : nullptr; row;
-         row = elm_genlist_item_next_get(row)) {
-      UpdateText(row, theme::kRowValueText);
-    }
+    UpdateRows(m_pActionList, theme::kRowValueText);
   }
   if (m_HasSignalImage()) t_HandleSignalStrength();
 }
@@ -222,7 +217,7 @@ char* CViewSignalInfoWindow::m_ItemGetText(void* data, Evas_Object*, const char*
   const auto* row = static_cast<SignalInfoData*>(data);
   if (!row || !part) return nullptr;
   const bool value = std::strcmp(part, theme::kRowValueText) == 0;
-  if (value && row->strMenuID == kStrength && ReadLocalSet() == kLevelLocalSet) return StrengthText(row->strValue);
+  if (value && row->strMenuID == kStrength && m_strengthInWords) return StrengthText(row->strValue);
   return FactText(part, row->strTitle, row->strValue, false);
 }
 
@@ -243,8 +238,12 @@ Evas_Object* CViewSignalInfoWindow::m_ItemGetContent(void* data, Evas_Object* li
   elm_object_mirrored_automatic_set(bar, EINA_FALSE);
   elm_object_mirrored_set(bar, EINA_FALSE);
   elm_progressbar_inverted_set(bar, CommonUtil::IsRTL());
-  elm_progressbar_value_set(
-      bar, NumberAtStart(row->strValue.c_str()) / (row->strMenuID == kErrors ? kFullErrorBar : kFullBar));
+  const bool errors = row->strMenuID == kErrors;
+  const double value = NumberAtStart(row->strValue.c_str()) / (errors ? kFullErrorBar : kFullBar);
+  elm_progressbar_value_set(bar, value);
+  if (value <= 0) elm_object_signal_emit(bar, theme::kMeasureBarEmpty, "");
+  // A long one is no good news.
+  if (errors) elm_object_signal_emit(bar, theme::kMeasureBarPlain, "");
   return bar;
 }
 
@@ -256,10 +255,5 @@ void CViewSignalInfoWindow::m_GenlistSelectedCB(void* data, Evas_Object*, void* 
     return;
   }
   if (!CommonUtil::CommonWidgetView(StyleOf(row->strMenuID).c_str())) return;
-  int x = 0, y = 0, w = 0;
-  evas_object_geometry_get(elm_object_item_track(selected), &x, &y, &w, nullptr);
-  elm_object_item_untrack(selected);
-  auto* position = new CEventPositionData(row->strMenuID.c_str());
-  position->SetPositionData(x, y, w);
-  CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, 0, 0, nullptr, position);
+  PushControl(row->strMenuID.c_str(), selected);
 }

@@ -7,13 +7,13 @@
 #include <utility>
 
 #include "ChannelUtil.h"
-#include "EventManager.h"
 #include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
 #include "TextUtil.h"
 #include "ThemeNames.h"
-#include "Utils.h"
+#include "Translation.h"
+#include "VoiceGuide.h"
 #include "settings_api.h"
 #include "st_operation.h"
 
@@ -21,6 +21,7 @@ int CViewSignalInfoWindow::m_lastSignalStrength = 0;
 int CViewSignalInfoWindow::m_lastSignalQuality = 0;
 int CViewSignalInfoWindow::m_lastBER = 0;
 bool CViewSignalInfoWindow::m_isFullReloadNeeded = true;
+bool CViewSignalInfoWindow::m_strengthInWords = false;
 
 namespace {
 
@@ -64,26 +65,17 @@ CViewSignalInfoWindow::SignalInfoData::SignalInfoData(const SignalInfoData& othe
   LOG_ERROR("copy constructor");
 }
 
-CViewSignalInfoWindow::CViewSignalInfoWindow(const char* menuID) : CViewWindowBase(menuID) {
+CViewSignalInfoWindow::CViewSignalInfoWindow(const char* menuID) : CViewInformationWindow(menuID, "SignalInfoWindow ") {
   m_lastSignalStrength = m_lastSignalQuality = m_lastBER = 0;
   m_isFullReloadNeeded = true;
 }
 
-int CViewSignalInfoWindow::t_GetBaseType() { return BASE_TYPE_POPUP; }
-
-std::string CViewSignalInfoWindow::t_GetBaseStyle() { return theme::kRightLarge; }
-
-std::string CViewSignalInfoWindow::t_GetWindowTitleText() {
-  return Utils::GetTranslationStr("SID_SIGNAL_INFORMATION_KR_17");
-}
-
-void CViewSignalInfoWindow::t_InitWindowProperty() { t_DefaultButtonNum = 2; }
-
-void CViewSignalInfoWindow::t_SetButtonSettingInfo() {
-  t_ButtonSettings[0] = {Utils::GetTranslationStr("TV_SID_SIGNAL_HISTORY"), "i_history", theme::kButton,
-                         theme::kButtonParts[0]};
-  t_ButtonSettings[1] = {Utils::GetTranslationStr("SID_CLOSE"), "i_close_cancel", theme::kButton,
-                         theme::kButtonParts[1]};
+std::vector<CViewWindowBase::Button> CViewSignalInfoWindow::t_Buttons() {
+  const auto close = [] {
+    LOG_DEBUG("APP_EVENT_POP_VIEW");
+    CloseView();
+  };
+  return {{"TV_SID_SIGNAL_HISTORY", [this] { t_OpenHistory(); }, "i_history"}, {"SID_CLOSE", close, "i_close_cancel"}};
 }
 
 // --- life cycle ----------------------------------------------------------------------------------
@@ -103,68 +95,56 @@ void CViewSignalInfoWindow::t_Create() {
 }
 
 void CViewSignalInfoWindow::t_Show() {
-  CViewWindowBase::t_Show();
   if (vSIContentData.empty()) {
+    CViewWindowBase::t_Show();
     LOG_DEBUG("vSIData is empty");
     return;
   }
-  CKeyManager::UnSetTimeOut();
-  t_RegisterSpcialKey(true);
-  t_LoopRefresh();
-  const auto& [history, close, none] = t_pDefaultButtons;
-  if (history) {
-    elm_object_focus_next_object_set(history, history, ELM_FOCUS_UP);
-    // What is set upwards counts downwards too, unless it is set as well.
-    elm_object_focus_next_object_set(history, close, ELM_FOCUS_DOWN);
-  }
-  if (close) elm_object_focus_set(close, EINA_TRUE);
+  CViewInformationWindow::t_Show();
+  t_EndAtFirstButton();
   ST_OPERATION_CALL("SHOW_SIGNAL_INFO", 0);
 }
 
+void CViewSignalInfoWindow::t_Stay() {
+  CViewInformationWindow::t_Stay();
+  t_LoopRefresh();
+}
+
 void CViewSignalInfoWindow::t_Pause() {
-  if (m_history.Comes()) {
-    LOG_DEBUG("need Hide SignalInfoWindow ");
-    t_Hide();
-  } else if (m_pActionList && elm_object_focus_get(m_pActionList) && t_pDefaultButtons[1]) {
+  CViewInformationWindow::t_Pause();
+  if (m_pActionList && elm_object_focus_get(m_pActionList)) {
     // A popup that closes cannot hand the focus back to a row of a list below it.
     m_bRowHadFocus = true;
-    elm_object_focus_set(t_pDefaultButtons[1], EINA_TRUE);
+    t_FocusButton(1);
   }
-  m_StopRefresh();
+  m_refreshTimer.Stop();
 }
 
 void CViewSignalInfoWindow::t_Resume() {
-  if (m_history.Went()) {
-    CViewWindowBase::t_Show();
-    if (t_pDefaultButtons[0]) elm_object_focus_set(t_pDefaultButtons[0], EINA_TRUE);
-  } else if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
-    for (auto* row = m_pActionList ? elm_genlist_first_item_get(m_pActionList) : nullptr; row;
-         row = elm_genlist_item_next_get(row)) {
-      elm_genlist_item_selected_set(row, EINA_FALSE);
-    }
-    if (std::exchange(m_bRowHadFocus, false)) elm_object_focus_set(m_pActionList, EINA_TRUE);
-    // What was set beside the row is seen at once, not with the next round of the timer.
-    t_ChannelChangeRefresh();
+  CViewInformationWindow::t_Resume();
+  if (!m_pActionList) return;
+  for (auto* row = elm_genlist_first_item_get(m_pActionList); row; row = elm_genlist_item_next_get(row)) {
+    elm_genlist_item_selected_set(row, EINA_FALSE);
   }
-  CKeyManager::UnSetTimeOut();
-  t_RegisterSpcialKey(true);
-  t_LoopRefresh();
+  if (std::exchange(m_bRowHadFocus, false)) elm_object_focus_set(m_pActionList, EINA_TRUE);
+  // What was set beside the row is seen at once, not with the next round of the timer.
+  t_ChannelChangeRefresh();
+  m_SpeakRows(vSIActionData);
 }
 
 void CViewSignalInfoWindow::t_Hide() {
   LOG_DEBUG("Hide SignalInfoWindow");
-  t_RegisterSpcialKey(false);
   // Without a frequency nothing was read that could be put back.
   if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE && t_OriginalFrequency > 0 &&
       ChannelUtil::SetBandFreqForSignalInformation(t_OriginalBandwidth, t_OriginalFrequency) == 0) {
     LOG_DEBUG("SetBandFreqForSignalInformation successful t_OriginalBandwidth %d t_OriginalFrequency %d",
               t_OriginalBandwidth, t_OriginalFrequency);
   }
-  CViewWindowBase::t_Hide();
+  CViewInformationWindow::t_Hide();
 }
 
 void CViewSignalInfoWindow::t_Destroy() {
-  m_StopRefresh();
+  m_refreshTimer.Stop();
   for (Evas_Object* list : {m_pContentList, m_pActionList}) {
     if (list) elm_genlist_clear(list);
   }
@@ -229,33 +209,24 @@ void CViewSignalInfoWindow::m_KeepRow(const SignalInfoData& row) {
 
 // --- refresh -------------------------------------------------------------------------------------
 
-void CViewSignalInfoWindow::m_StopRefresh() {
-  if (m_pRefreshTimer) ecore_timer_del(m_pRefreshTimer);
-  m_pRefreshTimer = nullptr;
-}
-
 void CViewSignalInfoWindow::t_LoopRefresh() {
-  m_StopRefresh();
-  m_pRefreshTimer = ecore_timer_add(kRefreshSeconds, m_UpdateChannelInformationCb, this);
+  m_refreshTimer.Start(kRefreshSeconds, [this] {
+    m_UpdateChannelInformation();
+    return true;
+  });
 }
 
-Eina_Bool CViewSignalInfoWindow::m_UpdateChannelInformationCb(void* data) {
-  auto* pThis = static_cast<CViewSignalInfoWindow*>(data);
-  if (!pThis) {
-    LOG_ERROR("Assertion failed");
-    return ECORE_CALLBACK_CANCEL;
-  }
+void CViewSignalInfoWindow::m_UpdateChannelInformation() {
   const int strength = ChannelUtil::GetSignalStrength();
   const int quality = ChannelUtil::GetSignalQuality();
   const int ber = CTvsUtil::GetBitErrorRate();
   if (m_isFullReloadNeeded) {
-    pThis->t_ChannelChangeRefresh();
+    t_ChannelChangeRefresh();
   } else if (strength == m_lastSignalStrength && quality == m_lastSignalQuality && ber == m_lastBER) {
     LOG_DEBUG("Nothing has changed, no need to reload");
   } else {
-    pThis->m_RefreshMeasures(strength, quality, ber);
+    m_RefreshMeasures(strength, quality, ber);
   }
-  return ECORE_CALLBACK_RENEW;
 }
 
 void CViewSignalInfoWindow::m_RefreshMeasures(int strength, int quality, int ber) {
@@ -279,11 +250,8 @@ void CViewSignalInfoWindow::t_ChannelChangeRefresh() {
 // --- keys ----------------------------------------------------------------------------------------
 
 void CViewSignalInfoWindow::t_RegisterSpcialKey(bool take) {
-  const auto key = take ? CKeyManager::RegisterKey : CKeyManager::UnRegisterKey;
-  const auto numbers = take ? CKeyManager::RegisterNumberKey : CKeyManager::UnRegisterNumberKey;
-  numbers();
-  for (const char* name : kChannelKeys) key(name);
-  key(kNumberPadKey);
+  CViewInformationWindow::t_RegisterSpcialKey(take);
+  for (const char* key : kChannelKeys) (take ? CKeyManager::RegisterKey : CKeyManager::UnRegisterKey)(key);
 }
 
 bool CViewSignalInfoWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
@@ -295,48 +263,36 @@ bool CViewSignalInfoWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
   if (ChannelUtil::TuneChannel(false, direction, ModeOfChannelKeys(), true)) {
     LOG_DEBUG(" TunePrevChannel Successful ");
     t_ChannelChangeRefresh();
+    m_SpeakRows(vSIContentData);
   }
   return true;
 }
 
-// --- buttons -------------------------------------------------------------------------------------
-
-void CViewSignalInfoWindow::t_ProcessDefaultButtonOneClickCallBack() { m_history.Request(); }
-
-void CViewSignalInfoWindow::t_ProcessDefaultButtonOneKeyPressCallBack(std::string) {}
-
-void CViewSignalInfoWindow::t_ProcessDefaultButtonTwoClickCallBack() {
-  LOG_DEBUG("APP_EVENT_POP_VIEW");
-  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
-}
-
-void CViewSignalInfoWindow::t_ProcessDefaultButtonTwoKeyPressCallBack(std::string) {}
-
 // --- voice guide ---------------------------------------------------------------------------------
+
+void CViewSignalInfoWindow::m_SpeakRows(const std::vector<SignalInfoData>& rows) {
+  std::string text;
+  for (const SignalInfoData& row : rows) text += row.strTitle + " " + row.strValue + ", ";
+  Speak(text);
+}
 
 void CViewSignalInfoWindow::t_FirstEnter(std::string& text) {
   CViewWindowBase::t_FirstEnter(text);
   const bool setTune = m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE;
-  m_sReadBuff = setTune ? m_SetTuneGetReadContent() : m_GetReadContent();
-  LOG_DEBUG("m_sReadBuff = %s ", m_sReadBuff.c_str());
-  text = m_sReadBuff;
-}
-
-std::string CViewSignalInfoWindow::m_Hint() const {
-  const char* hint = m_pContentLayout ? elm_object_part_text_get(m_pContentLayout, theme::kInformationText) : nullptr;
-  return hint ? hint : "";
+  text = setTune ? m_SetTuneGetReadContent() : m_GetReadContent();
+  LOG_DEBUG("m_sReadBuff = %s ", text.c_str());
 }
 
 std::string CViewSignalInfoWindow::m_GetReadContent() const {
-  std::string text = t_WindowTitle + m_Hint();
+  std::string text = t_WindowTitle + t_TextOf(m_pContentLayout, theme::kInformationText);
   for (const SignalInfoData& row : vSIContentData) text += row.strTitle + row.strValue + " ";
-  return text + Utils::GetTranslationStr("SID_CLOSE");
+  return text + T("SID_CLOSE");
 }
 
 std::string CViewSignalInfoWindow::m_SetTuneGetReadContent() const {
   std::string text = t_WindowTitle;
   for (const SignalInfoData& row : vSIActionData) text += row.strTitle + row.strValue;
-  text += m_Hint();
+  text += t_TextOf(m_pContentLayout, theme::kInformationText);
   for (const SignalInfoData& row : vSIContentData) text += row.strTitle + row.strValue;
-  return text + Utils::GetTranslationStr("SID_CLOSE");
+  return text + T("SID_CLOSE");
 }

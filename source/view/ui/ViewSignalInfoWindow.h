@@ -1,16 +1,14 @@
 // Facts of the signal on screen: live measures, what is tuned, and on some sets the tuner's own frequency.
 #pragma once
 
-#include <Ecore.h>
-
 #include <string>
 #include <vector>
 
-#include "HistoryAbove.h"
+#include "Timer.h"
 #include "TvsUtil.h"
-#include "ViewWindowBase.h"
+#include "ViewInformationWindow.h"
 
-class CViewSignalInfoWindow : public CViewWindowBase {
+class CViewSignalInfoWindow : public CViewInformationWindow {
  public:
   /// One row.
   struct SignalInfoData {
@@ -25,7 +23,6 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   explicit CViewSignalInfoWindow(const char* menuID);
 
  protected:
-  int t_GetBaseType() override;
   void t_Create() override;
   void t_Destroy() override;
   void t_Show() override;
@@ -34,14 +31,9 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   void t_Pause() override;
   void t_FirstEnter(std::string& text) override;
   bool t_HandleMenuSpecialKeyCB(void* data, int type, void* event) override;
-  std::string t_GetBaseStyle() override;
-  std::string t_GetWindowTitleText() override;
-  void t_SetButtonSettingInfo() override;
-  void t_InitWindowProperty() override;
-  void t_ProcessDefaultButtonOneClickCallBack() override;
-  void t_ProcessDefaultButtonOneKeyPressCallBack(std::string keyName) override;
-  void t_ProcessDefaultButtonTwoClickCallBack() override;
-  void t_ProcessDefaultButtonTwoKeyPressCallBack(std::string keyName) override;
+  std::vector<Button> t_Buttons() override;
+  void t_RegisterSpcialKey(bool take) override;
+  void t_Stay() override;
 
   virtual void t_CreateContent();
   virtual void t_DecorateBySignalInfoType();
@@ -53,7 +45,6 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   virtual void t_AddContentItems();
   virtual void t_CreateSignalImage();
   virtual void t_HandleSignalStrength();
-  virtual void t_RegisterSpcialKey(bool take);
 
   void t_HandleAdditionalSignalInfoCases();
 
@@ -62,14 +53,13 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   static void m_ReadValue(SignalInfoData& row);
   void m_KeepRow(const SignalInfoData& row);
   bool m_CreateItemClasses();
-  void m_StopRefresh();
   void m_RefreshMeasures(int strength, int quality, int ber);
   bool m_HasSignalImage() const;
-  std::string m_Hint() const;
+  void m_UpdateChannelInformation();
+  static void m_SpeakRows(const std::vector<SignalInfoData>& rows);
   std::string m_GetReadContent() const;
   std::string m_SetTuneGetReadContent() const;
 
-  static Eina_Bool m_UpdateChannelInformationCb(void* data);
   static char* m_ItemGetText(void* data, Evas_Object* list, const char* part);
   static char* m_ItemGetTextReverse(void* data, Evas_Object* list, const char* part);
   static Evas_Object* m_ItemGetContent(void* data, Evas_Object* list, const char* part);
@@ -82,8 +72,7 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   Elm_Genlist_Item_Class* m_pTextClass = nullptr;
   Elm_Genlist_Item_Class* m_pBarClass = nullptr;
   Elm_Genlist_Item_Class* m_pActionClass = nullptr;
-  Ecore_Timer* m_pRefreshTimer = nullptr;
-  HistoryAbove m_history;
+  Timer m_refreshTimer;
   /// To be given back when what lies over the list has gone.
   bool m_bRowHadFocus = false;
   int m_nSignalInfoType = CTvsUtil::SIGNAL_INFO_DVB_BASIC;
@@ -93,11 +82,12 @@ class CViewSignalInfoWindow : public CViewWindowBase {
   /// What the tuner was on when the window was opened.
   int t_OriginalFrequency = 0;
   EBandwidth t_OriginalBandwidth = BANDWIDTH_UNKNOWN;
-  std::string m_sReadBuff;
 
   static int m_lastSignalStrength;
   static int m_lastSignalQuality;
   static int m_lastBER;
   /// The channel is not settled: every value is read again, not just the measures.
   static bool m_isFullReloadNeeded;
+  /// A fact of the set, read with the rows: the strength is told with its level in words.
+  static bool m_strengthInWords;
 };

@@ -2,8 +2,7 @@
 
 #include <string_view>
 
-#include "ControlPlacement.h"
-#include "EventManager.h"
+#include "Content.h"
 #include "Log.h"
 #include "RootWindow.h"
 #include "RowFocus.h"
@@ -22,8 +21,6 @@ constexpr int kRowHeight = 80;
 constexpr int kMostRows = 6;
 constexpr int kFullHeight = 535;
 constexpr int kAbove = 15;
-
-void PostPop() { CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr); }
 
 int PopupHeight(size_t rows) {
   if (rows == 0 || rows > kMostRows) return kFullHeight;
@@ -44,7 +41,7 @@ void CViewSublist::t_Create() {
 bool CViewSublist::m_CreatePopup() {
   t_SetMainBase(CRootWindow::CreateBase(BASE_TYPE_POPUP, theme::kDropDown, Utils::GetEDJFile().c_str()));
   if (t_pMainBase) {
-    evas_object_smart_callback_add(t_pMainBase, "block,clicked", m_BlockClicked, this);
+    m_connections.Smart(t_pMainBase, "block,clicked", [](Evas_Object*, void*) { CloseView(); });
     return true;
   }
   LOG_DEBUG("Null Pointer");
@@ -63,23 +60,18 @@ void CViewSublist::m_ReadChoices() {
 }
 
 bool CViewSublist::m_CreateList() {
-  m_pGenlist = elm_genlist_add(t_pMainBase);
-  m_pItemClass = elm_genlist_item_class_new();
+  m_pGenlist = AddList(t_pMainBase);
+  m_pItemClass = NewRowClass(theme::kRow, m_ItemGetText, nullptr);
   if (!m_pGenlist || !m_pItemClass) return false;
-  elm_object_style_set(m_pGenlist, theme::kListDefault);
-  KeepRowFocus(m_pGenlist);
-  elm_genlist_select_mode_set(m_pGenlist, ELM_OBJECT_SELECT_MODE_ALWAYS);
-  elm_genlist_homogeneous_set(m_pGenlist, EINA_TRUE);
-  elm_genlist_mode_set(m_pGenlist, ELM_LIST_COMPRESS);
-  elm_object_scroll_item_loop_enabled_set(m_pGenlist, EINA_FALSE);
-  elm_scroller_policy_set(m_pGenlist, ELM_SCROLLER_POLICY_OFF, ELM_SCROLLER_POLICY_AUTO);
-  m_pItemClass->item_style = theme::kRow;
-  m_pItemClass->func.text_get = m_ItemGetText;
   for (Choice& choice : m_choices) {
     LOG_DEBUG("Add [%s]", choice.name.c_str());
     elm_genlist_item_append(m_pGenlist, m_pItemClass, &choice, nullptr, ELM_GENLIST_ITEM_NONE, m_ItemSelectedCB, this);
   }
-  evas_object_event_callback_add(m_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_KeyPressCB, this);
+  m_connections.Key(m_pGenlist,
+                    [this](Evas_Object*, const Evas_Event_Key_Down& event) { m_KeyPressCB(event.keyname); });
+  m_connections.Smart(m_pGenlist, "realized", [this](Evas_Object*, void* row) {
+    if (row == m_pStored) MarkChosen(m_pStored);
+  });
   Evas_Object* table =
       Utils::WidgetMinSet(m_pGenlist, t_pMainBase, kMinWidth, m_nControlPopupHeight - kMarginHeight, 1);
   evas_object_show(table);
@@ -95,12 +87,13 @@ char* CViewSublist::m_ItemGetText(void* data, Evas_Object*, const char* part) {
 // --- showing -------------------------------------------------------------------------------------
 
 void CViewSublist::t_Show() {
-  PlaceControl(t_pMainBase, {m_x, m_y, m_w, m_nControlPopupWidth, m_nControlPopupHeight, kAbove});
+  t_PlaceBesideRow(t_pMainBase, m_nControlPopupWidth, m_nControlPopupHeight, kAbove);
   CView::t_Show();
   if (!t_pMainBase) return;
   Utils::DisableBgRect(t_pMainBase);
   t_ShowMainBase();
   if (m_pGenlist) evas_object_show(m_pGenlist);
+  if (m_pGenlist) elm_object_focus_set(m_pGenlist, EINA_TRUE);
   m_SelectCurrent();
 }
 
@@ -109,6 +102,8 @@ void CViewSublist::m_SelectCurrent() {
   if (!m_pGenlist || !SettingsAPI::Get()->GetItemValue(t_MenuID, name, value)) return;
   for (Elm_Object_Item* item = elm_genlist_first_item_get(m_pGenlist); item; item = elm_genlist_item_next_get(item)) {
     if (static_cast<const Choice*>(elm_object_item_data_get(item))->value != value) continue;
+    m_pStored = item;
+    MarkChosen(item);
     SetFocusRow(item);
     Utils::SetObjectItemFocus(item);
     m_bIgnoreSelect = true;
@@ -117,17 +112,13 @@ void CViewSublist::m_SelectCurrent() {
   }
 }
 
-void CViewSublist::t_Hide() {
-  if (m_pGenlist) evas_object_hide(m_pGenlist);
-  CView::t_Hide();
-}
-
 void CViewSublist::t_Destroy() {
-  if (m_pGenlist) evas_object_event_callback_del_full(m_pGenlist, EVAS_CALLBACK_KEY_DOWN, m_KeyPressCB, this);
-  if (t_pMainBase) evas_object_smart_callback_del_full(t_pMainBase, "block,clicked", m_BlockClicked, this);
+  m_connections.Clear();
+  t_GiveFocusUp();
   if (m_pGenlist) evas_object_del(m_pGenlist);
   if (m_pItemClass) elm_genlist_item_class_free(m_pItemClass);
   m_pGenlist = nullptr;
+  m_pStored = nullptr;
   m_pItemClass = nullptr;
   CView::t_Destroy();
 }
@@ -161,17 +152,11 @@ void CViewSublist::m_Store(const Choice& choice) {
   if (choice.index <= static_cast<int>(m_choices.size())) {
     SettingsAPI::Get()->SetItemValue(t_MenuID, choice.value, false);
   }
-  PostPop();
+  CloseView();
 }
 
-void CViewSublist::m_KeyPressCB(void* data, Evas*, Evas_Object*, void* info) {
-  auto* pThis = static_cast<CViewSublist*>(data);
-  const auto* event = static_cast<Evas_Event_Key_Down*>(info);
-  if (!pThis || !event) return;
-  const std::string_view key = event->keyname;
-  LOG_INFO("Key[%s]", event->keyname);
-  if (key == "Up" || key == "Down") pThis->m_bMoved = true;
-  if (key == "Left") PostPop();
+void CViewSublist::m_KeyPressCB(const std::string& key) {
+  LOG_INFO("Key[%s]", key.c_str());
+  if (key == "Up" || key == "Down") m_bMoved = true;
+  if (key == "Left") CloseView();
 }
-
-void CViewSublist::m_BlockClicked(void*, Evas_Object*, void*) { PostPop(); }

@@ -4,20 +4,19 @@
 #include <string>
 #include <vector>
 
+#include "BesideRow.h"
+#include "Connections.h"
 #include "View.h"
 
-class CViewSublist : public CView {
+class CViewSublist : public CView, public BesideRow {
  public:
   explicit CViewSublist(const char* menuID) : CView(menuID) {}
-
-  /// The row that opened it, in screen pixels.
-  void SetParentItemPostion(int x, int y, int w) { m_x = x, m_y = y, m_w = w; }
 
  protected:
   void t_Create() override;
   void t_Destroy() override;
   void t_Show() override;
-  void t_Hide() override;
+  Evas_Object* t_List() const override { return m_pGenlist; }
 
  private:
   struct Choice {
@@ -35,15 +34,16 @@ class CViewSublist : public CView {
 
   static char* m_ItemGetText(void* data, Evas_Object* object, const char* part);
   static void m_ItemSelectedCB(void* data, Evas_Object* object, void* info);
-  static void m_KeyPressCB(void* data, Evas* canvas, Evas_Object* object, void* info);
-  static void m_BlockClicked(void* data, Evas_Object* object, void* info);
+  void m_KeyPressCB(const std::string& key);
 
   Evas_Object* m_pGenlist = nullptr;
   Elm_Genlist_Item_Class* m_pItemClass = nullptr;
-  int m_x = 0, m_y = 0, m_w = 0;
   int m_nControlPopupWidth = 0, m_nControlPopupHeight = 0;
   bool t_bSelect = false;
   bool m_bIgnoreSelect = false;
+  /// The row of the stored value; null where none of them is.
+  Elm_Object_Item* m_pStored = nullptr;
   bool m_bMoved = false;
   std::vector<Choice> m_choices;
+  Connections m_connections;
 };

@@ -3,13 +3,15 @@
 #include <string_view>
 #include <vector>
 
-#include "EventManager.h"
+#include "DataProvider.h"
 #include "Log.h"
+#include "RatingKeys.h"
+#include "Spoken.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "Utils.h"
+#include "VoiceGuide.h"
 #include "feedback.h"
-#include "settings_api.h"
-#include "string_util.h"
 #include "vconf.h"
 
 namespace {
@@ -156,7 +158,7 @@ bool IsAllBox(int index) { return kBoxTable[index].bit == ALL; }
 
 std::string BoxName(int index) {
   const RatingBox& box = kBoxTable[index];
-  return Utils::GetTranslationStr(kColumns[ColumnOf(box.bit)]) + ", " + Utils::GetTranslationStr(kRows[box.row].label);
+  return T(kColumns[ColumnOf(box.bit)]) + ", " + T(kRows[box.row].label);
 }
 
 /// Sets or clears bits of a row's key; false when the key cannot be read or written.
@@ -170,21 +172,9 @@ bool UpdateKey(int row, int bits, bool set) {
 
 std::string CViewTvRatingWindow::t_GetBaseStyle() { return theme::kBottomLarge; }
 
-std::string CViewTvRatingWindow::t_GetWindowTitleText() {
-  std::string name;
-  SettingsAPI::Get()->GetItemDisplayName(t_MenuID, name);
-  return name;
-}
+std::string CViewTvRatingWindow::t_GetWindowTitleText() { return DisplayName(t_MenuID); }
 
-void CViewTvRatingWindow::t_InitWindowProperty() { t_DefaultButtonNum = 1; }
-
-void CViewTvRatingWindow::t_SetButtonSettingInfo() {
-  t_ButtonSettings[0] = {Utils::GetTranslationStr("SID_CLOSE"), "", theme::kButton, theme::kButtonParts[0]};
-}
-
-void CViewTvRatingWindow::t_Show() {
-  CViewWindowBase::t_Show();
-  // Not before: a popup gives the focus to its button when it is shown.
+void CViewTvRatingWindow::t_FocusFirst() {
   if (m_pCheck[0]) elm_object_focus_set(m_pCheck[0], EINA_TRUE);
 }
 
@@ -195,27 +185,19 @@ void CViewTvRatingWindow::t_Create() {
 }
 
 void CViewTvRatingWindow::m_CreateContent() {
-  if (!t_pMainBase) return;
-  m_pLayout = elm_layout_add(t_pMainBase);
-  if (!m_pLayout || !elm_layout_file_set(m_pLayout, Utils::GetEDJFile().c_str(), theme::kRatingGrid)) {
+  m_pLayout = t_AddContent(theme::kRatingGrid, kMinWidth, kMinHeight);
+  if (!m_pLayout) {
     LOG_DEBUG("Failed to Create Layout");
-    if (m_pLayout) evas_object_del(m_pLayout);
-    m_pLayout = nullptr;
     return;
   }
-  m_pContent = Utils::WidgetMinSet(m_pLayout, t_pMainBase, kMinWidth, kMinHeight, 1);
   m_SetLabels();
   if (!m_CreateRatingCheck()) LOG_DEBUG("Failed to Create Check");
-  evas_object_show(m_pLayout);
-  evas_object_show(m_pContent);
-  elm_object_part_content_set(t_pMainBase, theme::kContent, m_pContent);
 }
 
 void CViewTvRatingWindow::m_SetLabels() {
   int part = 0;
   const auto set = [&](const char* id) {
-    elm_object_part_text_set(m_pLayout, theme::Numbered(theme::kRatingText, ++part).c_str(),
-                             Utils::GetTranslationStr(id).c_str());
+    elm_object_part_text_set(m_pLayout, theme::Numbered(theme::kRatingText, ++part).c_str(), T(id).c_str());
   };
   for (const char* column : kColumns) set(column);
   for (const RatingRow& row : kRows) set(row.label);
@@ -229,22 +211,18 @@ bool CViewTvRatingWindow::m_CreateRatingCheck() {
     m_SetInitialState(index);
     elm_object_style_set(check, theme::kRatingCheck);
     elm_object_part_content_set(m_pLayout, theme::Numbered(theme::kRatingBox, index).c_str(), check);
-    evas_object_event_callback_add(check, EVAS_CALLBACK_KEY_DOWN, m_CheckboxKeyPressed, this);
-    evas_object_smart_callback_add(check, "changed", m_CheckboxStateChanged, this);
-    elm_access_info_set(check, ELM_ACCESS_INFO, BoxName(index).c_str());
+    t_Connections.Key(check, [](Evas_Object*, const Evas_Event_Key_Down& event) {
+      if (std::string_view(event.keyname) == "Return") feedback_play(kFeedbackReturn);
+    });
+    t_Connections.Smart(check, "changed", [this, index](Evas_Object*, void*) { m_CheckboxStateChanged(index); });
+    spoken::SetName(check, BoxName(index));
   }
   return true;
 }
 
 void CViewTvRatingWindow::m_SetInitialState(int index) {
   const RatingBox& box = kBoxTable[index];
-  const char* key = kRows[box.row].key;
-  int value = 0;
-  if (vconf_get_int(key, &value) != 0) {
-    value = 0;
-    if (vconf_set_int(key, 0) != 0) LOG_INFO("resetting %s failed", key);
-  }
-  elm_check_state_set(m_pCheck[index], (value & box.bit) != 0);
+  m_ShowState(index, (ReadRatingKey(kRows[box.row].key) & box.bit) != 0);
 }
 
 void CViewTvRatingWindow::m_SetFocusDirections() {
@@ -267,19 +245,12 @@ bool CViewTvRatingWindow::m_UpdateVconfKeyBitForAll(int row, unsigned char state
 }
 
 void CViewTvRatingWindow::m_SetCheckState(int index, unsigned char state) {
-  if (m_pCheck[index]) elm_check_state_set(m_pCheck[index], state);
+  if (m_pCheck[index]) m_ShowState(index, state != 0);
   if (m_FlagBlock) {
     LOG_DEBUG("BlockVconfSetting");
   } else {
     m_UpdateVconfKey(index, state);
   }
-}
-
-int CViewTvRatingWindow::m_BoxIndex(const Evas_Object* box) const {
-  for (int index = 0; index < kBoxes; ++index) {
-    if (m_pCheck[index] == box) return index;
-  }
-  return -1;
 }
 
 bool CViewTvRatingWindow::m_WriteFirst(int index, unsigned char state) {
@@ -289,27 +260,37 @@ bool CViewTvRatingWindow::m_WriteFirst(int index, unsigned char state) {
 void CViewTvRatingWindow::m_Cascade(int index, unsigned char state) {
   const Cascade& cascade = (state ? kOn : kOff)[index];
   m_FlagBlock = IsAllBox(index);
-  for (const int box : cascade.boxes) m_SetCheckState(box, state);
+  m_followers = 0;
+  for (const int box : cascade.boxes) {
+    m_followers += elm_check_state_get(m_pCheck[box]) != state;
+    m_SetCheckState(box, state);
+  }
   m_FlagBlock = false;
   for (const int row : cascade.rows) m_UpdateVconfKeyBitForAll(row, state);
 }
 
-void CViewTvRatingWindow::m_CheckboxStateChanged(void* data, Evas_Object* object, void*) {
-  auto* pThis = static_cast<CViewTvRatingWindow*>(data);
-  const int index = pThis ? pThis->m_BoxIndex(object) : -1;
-  if (index < 0) return;
-  const unsigned char state = elm_check_state_get(object);
+void CViewTvRatingWindow::m_CheckboxStateChanged(int index) {
+  const unsigned char state = elm_check_state_get(m_pCheck[index]);
   LOG_INFO(" %s turned %d", kBoxTable[index].name, state);
-  if (!pThis->m_WriteFirst(index, state)) {
-    elm_check_state_set(object, !state);
+  if (!m_WriteFirst(index, state)) {
+    m_ShowState(index, !state);
     return;
   }
-  pThis->m_Cascade(index, state);
+  m_ShowState(index, state != 0);
+  m_Cascade(index, state);
+  m_SpeakChange(index);
 }
 
-void CViewTvRatingWindow::m_CheckboxKeyPressed(void*, Evas*, Evas_Object*, void* info) {
-  const auto* key = static_cast<Evas_Event_Key_Down*>(info);
-  if (key && key->keyname && std::string_view(key->keyname) == "Return") feedback_play(kFeedbackReturn);
+void CViewTvRatingWindow::m_ShowState(int index, bool locked) {
+  elm_check_state_set(m_pCheck[index], locked);
+  spoken::SetState(m_pCheck[index], T(locked ? "COM_SID_SECURITY_ON" : "COM_SID_SECURITY_OFF"));
+}
+
+/// The box that was pressed, and how many others went with it.
+void CViewTvRatingWindow::m_SpeakChange(int index) {
+  const size_t others = m_followers;
+  Speak(spoken::Joined({BoxName(index), spoken::StateOf(m_pCheck[index]),
+                        others > 0 ? Filled("COM_SID_MIX_A_MORE_CHANGED", std::to_string(others)) : ""}));
 }
 
 void CViewTvRatingWindow::t_ProcessDefaultButtonOneFocusCallBack() {
@@ -317,31 +298,15 @@ void CViewTvRatingWindow::t_ProcessDefaultButtonOneFocusCallBack() {
   feedback_play(kFeedbackFocus);
 }
 
-void CViewTvRatingWindow::t_ProcessDefaultButtonOneClickCallBack() {
-  CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr);
-}
-
 void CViewTvRatingWindow::t_FirstEnter(std::string& text) {
   CViewWindowBase::t_FirstEnter(text);
-  char guide[512] = {};
-  CStringUtil::CombinateStrings(guide, sizeof guide,
-                                Utils::GetTranslationStr("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
-                                std::to_string(kBoxes).c_str());
-  char* state = m_pCheck[0] ? elm_access_info_get(m_pCheck[0], ELM_ACCESS_STATE) : nullptr;
-  text += " " + t_WindowTitle + ", " + guide + ", " + BoxName(0) + ", " +
-          Utils::GetTranslationStr("COM_TV_SID_CHECKBOX") + " " + (state ? state : "");
-  free(state);
+  text += " " + t_WindowTitle + ", " + spoken::Items(kBoxes) + ", " + BoxName(0) + ", " + T("COM_TV_SID_CHECKBOX") +
+          " " + spoken::StateOf(m_pCheck[0]);
 }
 
+/// The boxes and the layout go with the window.
 void CViewTvRatingWindow::t_Destroy() {
-  for (Evas_Object*& check : m_pCheck) {
-    if (!check) continue;
-    evas_object_hide(check);
-    evas_object_del(check);
-    check = nullptr;
-  }
-  if (m_pContent) evas_object_del(m_pContent);
-  if (m_pLayout) evas_object_del(m_pLayout);
-  m_pContent = m_pLayout = nullptr;
   CViewWindowBase::t_Destroy();
+  m_pCheck.fill(nullptr);
+  m_pLayout = nullptr;
 }

@@ -14,14 +14,12 @@ class CViewTvRatingWindow : public CViewWindowBase {
  protected:
   void t_Create() override;
   void t_Destroy() override;
-  void t_Show() override;
   void t_FirstEnter(std::string& text) override;
   std::string t_GetBaseStyle() override;
   std::string t_GetWindowTitleText() override;
-  void t_SetButtonSettingInfo() override;
-  void t_InitWindowProperty() override;
+  std::vector<Button> t_Buttons() override { return {{"SID_CLOSE"}}; }
+  void t_FocusFirst() override;
   void t_ProcessDefaultButtonOneFocusCallBack() override;
-  void t_ProcessDefaultButtonOneClickCallBack() override;
 
  private:
   void m_CreateContent();
@@ -34,14 +32,15 @@ class CViewTvRatingWindow : public CViewWindowBase {
   bool m_UpdateVconfKeyBitForAll(int row, unsigned char state);
   bool m_WriteFirst(int index, unsigned char state);
   void m_Cascade(int index, unsigned char state);
-  int m_BoxIndex(const Evas_Object* box) const;
+  void m_ShowState(int index, bool locked);
+  void m_SpeakChange(int index);
 
-  static void m_CheckboxStateChanged(void* data, Evas_Object* object, void* info);
-  static void m_CheckboxKeyPressed(void* data, Evas* canvas, Evas_Object* object, void* info);
+  void m_CheckboxStateChanged(int index);
 
   Evas_Object* m_pLayout = nullptr;
   std::array<Evas_Object*, kBoxes> m_pCheck{};
-  Evas_Object* m_pContent = nullptr;
   /// Keeps cascaded changes from writing their bits one by one.
   bool m_FlagBlock = false;
+  /// Boxes that the last change took along.
+  size_t m_followers = 0;
 };

@@ -6,21 +6,20 @@
 #include <cstring>
 
 #include "ChannelUtil.h"
-#include "EventManager.h"
+#include "Content.h"
+#include "DataProvider.h"
 #include "HdmiPorts.h"
 #include "InformationContent.h"
 #include "Log.h"
+#include "Spoken.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "Utils.h"
 #include "WrapPatterns.h"
-#include "settings_api.h"
-#include "string_util.h"
-#include "tvs_api.h"
 #include "vconf.h"
 
 namespace {
 
-constexpr int kDelayLevelWindow = 25;
 /// So many rows are seen at once.
 constexpr int kRowsInView = 5;
 constexpr size_t kTextSize = 512;
@@ -28,18 +27,6 @@ constexpr size_t kMostTokens = 4;
 constexpr long kHalfDay = 12;
 constexpr const char* kPlaceholder = "----/--/--         --:--";
 constexpr const char* kBetweenDateAndTime = "         ";
-
-struct Button {
-  const char* text;
-  const char* icon;
-};
-
-constexpr Button kDelayLevel = {"TV_SID_DIAGNOSIS_HDMI_DEALY_LEVER", "i_history"};
-constexpr Button kClose = {"SID_CLOSE", "i_close_cancel"};
-
-std::string T(const char* id) { return Utils::GetTranslationStr(id); }
-
-void PostPop() { CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 0, 0, nullptr, nullptr); }
 
 /// A time stamp in pieces.
 class Stamp {
@@ -119,24 +106,12 @@ int CViewWeakSignalHistoryWindow::m_ConvertHDMINumberToESource(int number) {
 
 std::string CViewWeakSignalHistoryWindow::t_GetBaseStyle() { return theme::kRightLarge; }
 
-std::string CViewWeakSignalHistoryWindow::t_GetWindowTitleText() {
-  std::string name;
-  SettingsAPI::Get()->GetItemDisplayName(t_MenuID, name);
-  return name;
-}
+std::string CViewWeakSignalHistoryWindow::t_GetWindowTitleText() { return DisplayName(t_MenuID); }
 
-void CViewWeakSignalHistoryWindow::t_InitWindowProperty() { t_DefaultButtonNum = m_eSourceType == SOURCE_HDMI ? 2 : 1; }
-
-void CViewWeakSignalHistoryWindow::t_SetButtonSettingInfo() {
-  const auto set = [&](size_t index, const Button& button) {
-    t_ButtonSettings[index] = {T(button.text), button.icon, theme::kButton, theme::kButtonParts[index]};
-  };
-  if (m_eSourceType == SOURCE_HDMI) {
-    set(0, kDelayLevel);
-    set(1, kClose);
-  } else {
-    set(0, kClose);
-  }
+std::vector<CViewWindowBase::Button> CViewWeakSignalHistoryWindow::t_Buttons() {
+  const Button close = {"SID_CLOSE", CloseView, "i_close_cancel"};
+  if (m_eSourceType != SOURCE_HDMI) return {close};
+  return {{"TV_SID_DIAGNOSIS_HDMI_DEALY_LEVER", [] { PushWindow(Window::kDelayLevel); }, "i_history"}, close};
 }
 
 void CViewWeakSignalHistoryWindow::t_Create() {
@@ -156,7 +131,7 @@ void CViewWeakSignalHistoryWindow::t_AddListToUserDefineContent() {
     LOG_DEBUG("Null Pointer");
     return;
   }
-  m_pContentLayout = m_CreateLayout();
+  m_pContentLayout = AddLayout(t_pMainBase, theme::kHistory);
   if (!m_pContentLayout) return;
   const char* id = m_eSourceType == SOURCE_HDMI ? "TV_SID_DIAGNOSIS_INFO_BELOW_SHOWS_SIGANL_EXTERNAL_DEV"
                                                 : "TV_SHOWS_CHANNEL_AUTO_SAVED_WHEN_SIGNAL_WEAK_MSG";
@@ -167,23 +142,9 @@ void CViewWeakSignalHistoryWindow::t_AddListToUserDefineContent() {
     t_SetListProperty();
     elm_object_part_content_set(m_pContentLayout, theme::kInformationItems, t_List());
   } else {
-    elm_object_signal_emit(m_pContentLayout, theme::kHistoryEmpty, theme::kSource);
+    elm_object_part_text_set(m_pContentLayout, theme::kHistoryEmpty, T("TV_SID_NO_WEAK_SIGNAL_RECORDED").c_str());
   }
   PlaceInformation(t_pMainBase, m_pContentLayout);
-}
-
-Evas_Object* CViewWeakSignalHistoryWindow::m_CreateLayout() {
-  Evas_Object* layout = elm_layout_add(t_pMainBase);
-  if (!layout) {
-    LOG_DEBUG("Buff Failed");
-    return nullptr;
-  }
-  if (!elm_layout_file_set(layout, Utils::GetEDJFile().c_str(), theme::kHistory)) {
-    LOG_DEBUG("Failed to Load Layout Files");
-    evas_object_del(layout);
-    return nullptr;
-  }
-  return layout;
 }
 
 void CViewWeakSignalHistoryWindow::t_SetListProperty() {
@@ -193,16 +154,12 @@ void CViewWeakSignalHistoryWindow::t_SetListProperty() {
 
 void CViewWeakSignalHistoryWindow::t_Show() {
   CViewWidgetListWindowBase::t_Show();
-  Evas_Object* button = t_pDefaultButtons[m_eSourceType == SOURCE_HDMI ? 1 : 0];
-  if (button) elm_object_focus_set(button, EINA_TRUE);
   if (m_HasShadows()) m_ShowShadow(m_bBottomShadow, true, theme::kShowBottomShadow);
 }
 
-void CViewWeakSignalHistoryWindow::t_Hide() { CViewWidgetListWindowBase::t_Hide(); }
-
 void CViewWeakSignalHistoryWindow::t_Resume() {
   CViewWidgetListWindowBase::t_Resume();
-  if (m_eSourceType == SOURCE_HDMI && t_pDefaultButtons[0]) elm_object_focus_set(t_pDefaultButtons[0], EINA_TRUE);
+  if (m_eSourceType == SOURCE_HDMI) t_FocusButton(0);
 }
 
 void CViewWeakSignalHistoryWindow::t_Destroy() {
@@ -220,29 +177,9 @@ void CViewWeakSignalHistoryWindow::t_Destroy() {
 
 void CViewWeakSignalHistoryWindow::t_FirstEnter(std::string& text) {
   text += " " + t_WindowTitle;
-  if (m_pContentLayout) {
-    const char* content = elm_object_part_text_get(m_pContentLayout, theme::kInformationText);
-    text += std::string(", ") + (content ? content : "");
-  }
-  if (t_List()) {
-    char guide[kTextSize] = {};
-    CStringUtil::CombinateStrings(guide, sizeof guide, T("COM_SID_POPUP_WIDGET_SHOW_GUIDE").c_str(),
-                                  std::to_string(t_pWidgetList->GetVisibleListCount()).c_str());
-    text += std::string(", ") + guide;
-  }
-  text += ", " + T("SID_CLOSE") + ", " + T("TV_SID_BUTTON");
-}
-
-void CViewWeakSignalHistoryWindow::t_ProcessDefaultButtonOneClickCallBack() {
-  if (m_eSourceType == SOURCE_HDMI) {
-    CEventManager::GetInstance()->SendEvent(EVENT_PUSH_VIEW, kDelayLevelWindow, 0, nullptr, nullptr);
-  } else {
-    PostPop();
-  }
-}
-
-void CViewWeakSignalHistoryWindow::t_ProcessDefaultButtonTwoClickCallBack() {
-  if (m_eSourceType == SOURCE_HDMI) PostPop();
+  if (m_pContentLayout) text += ", " + t_TextOf(m_pContentLayout, theme::kInformationText);
+  text += ", " + (t_List() ? spoken::Items(t_pWidgetList->GetVisibleListCount()) : T("TV_SID_NO_WEAK_SIGNAL_RECORDED"));
+  text += ", " + spoken::Button("SID_CLOSE");
 }
 
 // --- the rows ------------------------------------------------------------------------------------
@@ -250,10 +187,8 @@ void CViewWeakSignalHistoryWindow::t_ProcessDefaultButtonTwoClickCallBack() {
 void CViewWeakSignalHistoryWindow::GetData(std::vector<DataInfo>& rows, CURRENT_SOURCE_TYPE sourceType) {
   m_nRowCount = 0;
   if (sourceType == SOURCE_HDMI) return;
-  CTVSApiWrapper api;
-  ISourceControl* control = api.CreateSourceControl(PROFILE_MAIN, 0);
   std::vector<std::string> entries;
-  if (!control || control->GetWeakSignalHistory(entries) != 1) {
+  if (!ChannelUtil::ReadWeakSignalHistory(entries)) {
     LOG_ERROR("WeakSignalHistory is empty");
     return;
   }

@@ -23,15 +23,11 @@ class CViewWeakSignalHistoryWindow : public CViewWidgetListWindowBase {
   void t_Create() override;
   void t_Destroy() override;
   void t_Show() override;
-  void t_Hide() override;
   void t_Resume() override;
   void t_FirstEnter(std::string& text) override;
   std::string t_GetBaseStyle() override;
   std::string t_GetWindowTitleText() override;
-  void t_InitWindowProperty() override;
-  void t_SetButtonSettingInfo() override;
-  void t_ProcessDefaultButtonOneClickCallBack() override;
-  void t_ProcessDefaultButtonTwoClickCallBack() override;
+  std::vector<Button> t_Buttons() override;
   void t_ProcessListFocusCB(Evas_Object* list, void* item) override;
   void t_ProcessListUnFocusCB(Evas_Object* list, void* item) override;
   void t_AddListToUserDefineContent() override;
@@ -48,7 +44,6 @@ class CViewWeakSignalHistoryWindow : public CViewWidgetListWindowBase {
  private:
   void m_RegisterProvider();
   void m_AddRow(std::vector<DataInfo>& rows, DataInfo row);
-  Evas_Object* m_CreateLayout();
   bool m_HasShadows() const;
   void m_ShowShadow(bool& shown, bool show, const char* signal);
 
