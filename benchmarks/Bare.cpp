@@ -169,6 +169,43 @@ void MakeFineTune(const char* theme) {
   Show(popup, layout, 1280, 300, 3);
 }
 
+void MakeNotice() {
+  Evas_Object* popup = AddPopup("P_PopupSmallBottom_01", nullptr);
+  Evas_Object* label = elm_label_add(popup);
+  elm_object_style_set(label, "popup/P_PopupSmallBottom_01");
+  elm_label_line_wrap_set(label, ELM_WRAP_WORD);
+  elm_label_wrap_width_set(label, 1122);
+  elm_object_text_set(label, "Disconnect or turn off all other devices on the same cable before you start.");
+  Show(popup, label, 0, 0, 1);
+}
+
+void MakeSatellites(const char* theme) {
+  constexpr int kSatellites = 332;
+  Evas_Object* popup = AddPopup("C_PopupBasic_WhiteRightLarge", "Satellite selection");
+  Evas_Object* layout = elm_layout_add(popup);
+  elm_layout_file_set(layout, theme, "satellites_content");
+  elm_object_part_text_set(layout, "elm.text", "Select the satellites that you want to use.");
+  Evas_Object* list = elm_genlist_add(layout);
+  elm_genlist_homogeneous_set(list, EINA_TRUE);
+  AddRows(list, "C_TextItem_WhiteSingleline05", kSatellites,
+          [](void*, Evas_Object* rows, const char* part) -> Evas_Object* {
+            if (std::strcmp(part, "elm.swallow.icon") != 0) return nullptr;
+            Evas_Object* box = elm_check_add(rows);
+            elm_object_style_set(box, "C_Checkbox_White");
+            return box;
+          });
+  elm_object_part_content_set(layout, "elm.swallow.list", list);
+  Show(popup, layout, 880, 600, 2);
+}
+
+void MakeSettings(const char* style, int rows, int buttons) {
+  Evas_Object* popup = AddPopup(style, "Satellite longitudes");
+  Evas_Object* list = elm_genlist_add(popup);
+  elm_genlist_homogeneous_set(list, EINA_TRUE);
+  AddRows(list, "C_TextItem_WhiteSingleline05", rows, nullptr);
+  Show(popup, list, 877, 535, buttons);
+}
+
 void MakeRating(const char* theme) {
   Evas_Object* popup = AddPopup("C_PopupBasic_WhiteBottomLarge", "TV rating");
   Evas_Object* layout = elm_layout_add(popup);
@@ -189,6 +226,12 @@ void MakePopup(const char* theme, const char* menuID) {
   for (const Facts& facts : kFacts) {
     if (std::strcmp(menuID, facts.menuID) == 0) return MakeFacts(theme, facts);
   }
+  if (std::strncmp(menuID, "satcr-", 6) == 0) return MakeNotice();
+  if (std::strncmp(menuID, "reset-", 6) == 0) return MakeNotice();
+  if (std::strcmp(menuID, "satellite-selection") == 0) return MakeSatellites(theme);
+  if (std::strcmp(menuID, "user-defined-transponder") == 0) return MakeSettings("C_PopupBasic_WhiteBottom", 3, 2);
+  if (std::strncmp(menuID, "postype-", 8) == 0) return MakeSettings("C_PopupBasic_WhiteRight", 4, 1);
+  if (std::strcmp(menuID, "export-to-usb") == 0) return MakeNotice();
   std::strcmp(menuID, "fine-tune") == 0 ? MakeFineTune(theme) : MakeRating(theme);
 }
 

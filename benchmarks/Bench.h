@@ -30,6 +30,9 @@ std::vector<Figure> FrameFigures(const std::string& directory);
 /// The other windows, and lists.
 std::vector<Figure> WindowFigures(const std::string& directory);
 
+/// What a client of the exported functions waits for.
+std::vector<Figure> TessarinFigures(const std::string& directory);
+
 /// Launch to first frame of a window against a bare one of the same widgets, and the memory of both.
 std::vector<Figure> StartFigures(const std::string& menuID, int starts);
 /// Where the built programs are, with the slash at the end.

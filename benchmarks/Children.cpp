@@ -95,6 +95,12 @@ void MeasurePresses(const std::vector<std::pair<const char*, bool>>& keys, int r
   }
 }
 
+/// With the two keys behind the number, and before them once the key that follows these.
+void RunMoves(const std::vector<std::string>& words, int presses) {
+  if (words.size() > 5) MeasurePresses({{words[5].c_str(), false}}, 1);
+  MeasurePresses({{words.at(3).c_str(), true}, {words.at(4).c_str(), true}}, presses);
+}
+
 /// On the first box of the second row, which the presses turn on; off again is not measured.
 void RunToggles(int presses) {
   MeasurePresses({{"Down", false}, {"Right", false}}, 1);
@@ -225,8 +231,7 @@ int RunChild(const std::vector<std::string>& words) {
   desktop::Application::SetDriver([&](desktop::Application&) {
     if (what == "first-frame") return RunFirstFrame();
     if (what == "toggle") return RunToggles(std::stoi(number));
-    if (what == "moves")
-      return MeasurePresses({{words.at(3).c_str(), true}, {words.at(4).c_str(), true}}, std::stoi(number));
+    if (what == "moves") return RunMoves(words, std::stoi(number));
     if (what == "idle") return PrintIdle(std::stod(number));
     RunList(what == "our-list", std::stoi(number));
   });

@@ -20,9 +20,11 @@ struct Window {
   const char* menuID;
   /// A TV on which it opens.
   const char* profile;
-  /// Two keys that change what is seen, the second back again.
-  const char* there;
-  const char* back;
+  /// Two keys that change what is seen, the second back again; none where every key leads on.
+  const char* there = nullptr;
+  const char* back = nullptr;
+  /// A key that opens the control in which they do.
+  const char* opening = nullptr;
 };
 
 constexpr Window kWindows[] = {
@@ -30,6 +32,12 @@ constexpr Window kWindows[] = {
     {"signal-information-weakhistory", "europe", "Left", "Right"},
     {"hdmi-information", "hdmi", "Up", "Down"},
     {"fine-tune", "america", "Left", "Right"},
+    {"satcr-detect-slot-frequency-slot1", "europe"},
+    {"satellite-selection", "europe", "Left", "Right"},
+    {"reset-all-settings-satellite", "europe", "Right", "Left"},
+    {"user-defined-transponder", "europe", "Down", "Up"},
+    {"postype-sat-longitude-settings", "europe", "Up", "Down", "Return"},
+    {"export-to-usb", "europe"},
 };
 
 std::vector<std::string> Own(const std::string& what, const std::string& menuID, const std::string& number) {
@@ -46,6 +54,7 @@ void AddMoves(std::vector<Figure>& figures, const Window& window) {
   const std::string menuID = window.menuID;
   std::vector<std::string> words = Own("moves", menuID, std::to_string(kMoves));
   words.insert(words.end(), {window.there, window.back});
+  if (window.opening) words.emplace_back(window.opening);
   std::vector<double> times;
   for (const double seconds : Child(words)) times.push_back(seconds * 1000);
   std::sort(times.begin(), times.end());
@@ -86,7 +95,7 @@ std::vector<Figure> WindowFigures(const std::string& directory) {
   for (const Window& window : kWindows) {
     UseTv(directory, window.profile);
     figures.push_back(StartFigures(window.menuID, kStarts).front());
-    AddMoves(figures, window);
+    if (window.there) AddMoves(figures, window);
   }
   UseTv(directory, "europe");
   AddLists(figures);

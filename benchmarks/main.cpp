@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "Bench.h"
+#include "ListBench.h"
 #include "TvsBench.h"
 
 namespace bench {
@@ -37,6 +38,7 @@ double SecondsOf(const std::function<void()>& body, int times) {
 namespace {
 
 constexpr long kServices = 1'000'000;
+constexpr long kUsualServices = 10'000;
 
 void Print(const bench::Figure& figure) {
   const bool floor = figure.floor > 0;
@@ -56,6 +58,7 @@ void Print(const bench::Figure& figure) {
 
 int main(int argc, char** argv) {
   if (argc > 2 && std::string(argv[1]) == "--child") return bench::RunChild({argv + 2, argv + argc});
+  if (argc > 2 && std::string(argv[1]) == "--list-child") return bench::RunListChild({argv + 2, argv + argc});
   std::string directory = (std::filesystem::current_path() / "quirelle-bench-XXXXXX").string();
   if (!mkdtemp(directory.data())) return 1;
   int status = 0;
@@ -71,6 +74,13 @@ int main(int argc, char** argv) {
     if (only.empty() || only == "tvs") {
       const long services = argc > 2 ? std::atol(argv[2]) : kServices;
       for (const bench::Figure& figure : bench::TvsFigures(directory, services)) Print(figure);
+    }
+    if (only.empty() || only == "tessarin") {
+      for (const bench::Figure& figure : bench::TessarinFigures(directory)) Print(figure);
+    }
+    if (only.empty() || only == "list") {
+      const long services = argc > 2 ? std::atol(argv[2]) : kUsualServices;
+      for (const bench::Figure& figure : bench::ListFigures(directory, services)) Print(figure);
     }
   } catch (const std::exception& error) {
     std::fprintf(stderr, "quirelle-bench: %s\n", error.what());
