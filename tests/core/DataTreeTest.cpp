@@ -63,7 +63,7 @@ TEST(DataProvider, ReadsAndWritesAnItem) {
   };
   for (const auto& [set, expected] : std::vector<std::pair<const char*, std::string>>{
            {"2", "2 2"}, {"Up", "3 3"}, {"Up", "0 " + off}, {"Down", "3 3"}, {"other", "other other"}}) {
-    EXPECT_EQ(CMenuDataProvider::SetItemValue(kLevel, set, false), 0) << set;
+    EXPECT_EQ(CMenuDataProvider::SetItemValue(kLevel, set, false), 1) << set;
     EXPECT_EQ(values(), expected) << set;
   }
   tv.SetItem(kLevel, std::string(600, 'x'));

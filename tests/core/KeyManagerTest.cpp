@@ -73,7 +73,7 @@ TEST(KeyRouter, FailuresAreSaidAndKeysStillReachTheWindow) {
 
 TEST(KeyManager, FurtherKeysAreAskedForInBothModesOnceItIsUp) {
   Tv tv;
-  CKeyManager keys;
+  CKeyManager keys(nullptr);
   const auto all = [&keys] {
     keys.RegisterKey("XF86Red");
     keys.UnRegisterKey("XF86Red");

@@ -4,6 +4,7 @@
 #include "MenuControl.h"
 #include "ReturnToMenu.h"
 #include "ViewManager.h"
+#include "Window.h"
 #include "WrapPatterns.h"
 
 using test::Remote;
@@ -66,9 +67,11 @@ TEST(Pause, TakesTheViewsDownAndForgetsTheLaunch) {
     EXPECT_TRUE(remote.Texts().empty());
     remote.Wait(61);
     remote.Resume();
-    remote.Press("Down Back Return");
+    remote.Press("Down Return");
     EXPECT_FALSE(remote.HasExited());
     EXPECT_TRUE(remote.Stack().empty());
+    remote.Press("Back");
+    EXPECT_TRUE(remote.HasExited());
   });
   for (const char* line : {"[Error]App Pause", "[Debug] current view is NULL ", "[Error]"}) {
     EXPECT_TRUE(test::Logged(line)) << line;
@@ -90,29 +93,51 @@ TEST(Launch, IsRefusedASecondTimeWhateverItAsksFor) {
   });
 }
 
-TEST(Launch, WithoutAViewLeavesTheWindowEmptyUntilItLosesTheFocus) {
-  for (const std::string id : {"", "no-such-window", "usermode-store-current-position"}) {
-    SCOPED_TRACE(id);
-    Tv tv;
-    test::Run({"tv-rating"}, [&](Remote& remote) {
-      remote.Pause();
-      quirelle::isAnyWindowActive = false;
-      remote.Launch(id);
-      EXPECT_TRUE(remote.Stack().empty());
-      remote.Press("Back");
-      remote.Post(EVENT_POP_VIEW);
-      EXPECT_FALSE(remote.HasExited());
-      remote.TakeFocus();
-      EXPECT_TRUE(remote.HasExited());
-    });
-    for (const std::string& line :
-         {"[Debug]Invalid ID[" + id + "]", std::string("[Debug] view is NULL "),
-          std::string("[Info]current view stack is empty"), std::string("[Error] Current view is NULL ")}) {
-      EXPECT_TRUE(test::Logged(line)) << line;
+/// What an empty screen can be left by; before that nothing else ends the program.
+const struct {
+  const char* name;
+  void (*leave)(Remote& remote);
+} kWaysOut[] = {{"Back", [](Remote& remote) { remote.Press("Back"); }},
+                {"time-out", [](Remote& remote) { remote.Wait(60.5); }},
+                {"focus lost", [](Remote& remote) { remote.TakeFocus(); }}};
+
+void ExpectAWayOut(const char* name, Remote& remote, void (*leave)(Remote& remote)) {
+  EXPECT_TRUE(remote.Stack().empty()) << name;
+  remote.Press("Down Return");
+  remote.Wait(59);
+  remote.Post(EVENT_POP_VIEW);
+  EXPECT_FALSE(remote.HasExited()) << name;
+  leave(remote);
+  EXPECT_TRUE(remote.HasExited()) << name;
+}
+
+TEST(Launch, WithoutAViewLeavesAnEmptyWindowThatCanBeLeft) {
+  for (const auto& way : kWaysOut) {
+    for (const std::string id : {"", "no-such-window", "usermode-store-current-position"}) {
+      Tv tv;
+      test::Run({"tv-rating", "--extra", "ID=" + id},
+                [&](Remote& remote) { ExpectAWayOut(way.name, remote, way.leave); });
+      for (const std::string& line :
+           {"[Debug]Invalid ID[" + id + "]", std::string("[Debug] view is NULL "),
+            std::string("[Info]current view stack is empty"), std::string("[Debug] current view is NULL ")}) {
+        EXPECT_TRUE(test::Logged(line)) << id << ", " << way.name << ": " << line;
+      }
     }
   }
 }
 
+/// A flow whose next step is refused, after the last one has gone.
+TEST(Flow, WhoseNextStepIsRefusedLeavesAnEmptyWindowThatCanBeLeft) {
+  for (const auto& way : kWaysOut) {
+    Tv tv;
+    test::Run({"satcr-detect-slot-frequency-slot1"}, [&](Remote& remote) {
+      constexpr unsigned int kNoSuchStep = 99;
+      GoToStep(Window::kDetectSlot1, kNoSuchStep);
+      remote.Settle();
+      ExpectAWayOut(way.name, remote, way.leave);
+    });
+  }
+}
 // --- the information window ----------------------------------------------------------------------
 
 TEST(InformationWindow, IsResolvedByWhatIsOnTheScreen) {

@@ -159,7 +159,8 @@ TEST(Store, ATransactionIsAllOrNothing) {
 
 TEST(Store, AQueryInsideTheSameQueryWalksOnItsOwn) {
   Tv tv;
-  const char* sql = "SELECT key FROM setting WHERE key GLOB 'db/menu/broadcasting/program_rating_lock/*' ORDER BY key";
+  const char* sql =
+      "SELECT key FROM setting WHERE key GLOB 'db/menu/broadcasting/program_rating_lock/tv_rating/*' ORDER BY key";
   Query outer(sql);
   int pairs = 0;
   while (outer.Row()) {

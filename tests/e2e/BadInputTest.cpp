@@ -73,6 +73,17 @@ TEST(BadInput, OfTheCommandLines) {
       {{"hdmi", "--port", "1", "--format", "0x100000"}, 2, "--format '0x100000': wants "},
       {{"hdmi", "--port", "1", "--name"}, 2, "--name: a value is missing"},
       {{"hdmi", "--name", "Console"}, 1, "no HDMI input is shown"},
+      {{"rating", "paint"}, 2, "usage: quirelle-tv rating"},
+      {{"rating", "load"}, 2, "usage: quirelle-tv rating"},
+      {{"rating", "load", "/nowhere/a.json"}, 1, "/nowhere/a.json: No such file"},
+      {{"rating", "load", "/"}, 1, "/: cannot be read"},
+      {{"rating", "load", "/proc/self/comm"}, 1, "/proc/self/comm: Line 1, Column 1: Syntax error"},
+      {{"rating", "lock", "0", "1"}, 2, "usage: quirelle-tv rating"},
+      {{"rating", "lock", "6", "0", "on"}, 2, "dimension '6': wants 0 to 5"},
+      {{"rating", "lock", "-1", "0", "on"}, 2, "dimension '-1': wants 0 to 5"},
+      {{"rating", "lock", "3", "3", "on"}, 2, "value '3': wants 0 to 2"},
+      {{"rating", "lock", "5", "0", "on"}, 1, "dimension 5 has no value"},
+      {{"rating", "lock", "0", "1", "maybe"}, 2, "'maybe' is neither on nor off"},
   };
   for (const auto& [words, status, said] : programs) {
     ExpectRefused(tv.Program(words), said, "quirelle " + testing::PrintToString(words), status);
@@ -115,8 +126,9 @@ void Write(const std::string& path, const std::string& bytes) { std::ofstream(pa
 
 TEST(BadInput, FilesThatAreNoTv) {
   const TvFile tv;
-  ExpectNoTv(tv / "missing.db", "No such file or directory");
-  EXPECT_FALSE(std::filesystem::exists(tv / "missing.db"));
+  const std::string missing = tv / "missing.db", make = "quirelle-tv new PROFILE --tv '";
+  ExpectNoTv(missing, "No such file or directory; to make a TV there: " + make + missing + "'");
+  EXPECT_FALSE(std::filesystem::exists(missing));
   ExpectNoTv(tv / ".", "");
   const std::string path = tv / "other.db";
   Write(path, "");
@@ -130,10 +142,13 @@ TEST(BadInput, FilesThatAreNoTv) {
   }
   Write(path, whole);
   test::Rows(path, "PRAGMA user_version = 1");
-  ExpectNoTv(path, "made by an older quirelle (schema 1");
-  // As the line says.
-  EXPECT_EQ(test::Execute("quirelle-tv", {"new", "europe", "--tv", path, "--force"}).status, 0);
-  EXPECT_EQ(test::Execute("quirelle", {"tv-rating", "--tv", path, "--keys", "Back"}).status, 0);
+  ExpectNoTv(path, "made by an older quirelle (schema 1, this one knows 3); to replace it by a new TV: " + make + path +
+                       "' --force\n");
+  // As the lines say.
+  for (const Texts& words : {Texts{"new", "europe", "--tv", path, "--force"}, {"new", "europe", "--tv", missing}}) {
+    EXPECT_EQ(test::Execute("quirelle-tv", words).status, 0);
+    EXPECT_EQ(test::Execute("quirelle", {"tv-rating", "--tv", words[3], "--keys", "Back"}).status, 0);
+  }
 }
 
 TEST(BadInput, ALockedTv) {

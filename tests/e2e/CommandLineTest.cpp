@@ -2,6 +2,8 @@
 #include <json/json.h>
 #include <signal.h>
 
+#include <fstream>
+
 #include "Process.h"
 
 using test::kRating;
@@ -71,6 +73,35 @@ TEST(CommandLine, TheLogGoesBesideTheTvOrWhereItIsAskedFor) {
   EXPECT_TRUE(Says(file, "[Error]App Create") && Says(file, "TV-Y_All turned 1")) << file;
   EXPECT_TRUE(Says(error, "[Error]App Create") && !Says(error, "TV-Y_All turned")) << error;
   EXPECT_TRUE(Says(info, "TV-Y_All turned 1")) << info;
+  constexpr uintmax_t kLong = 3ULL << 30;
+  std::filesystem::resize_file(tv / "tv.log", kLong);
+  EXPECT_EQ(tv.Program({"tv-rating", "--keys", "Return"}).errors, "");
+  EXPECT_EQ(std::filesystem::file_size(tv / "tv.log.1"), kLong) << "a log that has grown too long is put aside";
+}
+
+TEST(CommandLine, ASignalEndsAScriptAtOnce) {
+  const TvFile tv;
+  const std::string first = tv / "first.png", left = tv / "left";
+  const Texts words = {test::Built("quirelle"),
+                       "tv-rating",
+                       "--tv",
+                       tv.Path(),
+                       "--keys",
+                       "shot:" + first + " wait:70 Return shot:" + left,
+                       "--shot",
+                       left,
+                       "--dump",
+                       left};
+  for (const int signal : {SIGTERM, SIGINT}) {
+    Process program(words);
+    const bool waits = test::Until([&] { return std::filesystem::exists(first) && Says(ReadWhole(first), "IEND"); });
+    ASSERT_TRUE(waits);
+    program.Signal(signal);
+    EXPECT_EQ(program.Wait(5), 0) << signal;
+    EXPECT_FALSE(std::filesystem::exists(left)) << signal;
+    EXPECT_EQ(tv.Get(kRating + "tv_y"), "0") << signal;
+    std::filesystem::remove(first);
+  }
 }
 
 TEST(CommandLine, TheFirstStartMakesTheDefaultTv) {
@@ -125,6 +156,26 @@ TEST(TvCommand, SetsInputsAndHistory) {
   EXPECT_EQ(rows[1]["text"].asString(), "----/--/--         --:--");
 }
 
+TEST(TvCommand, PutsRatingSystemsOnAir) {
+  const TvFile tv, other("europe");
+  const std::string file = tv / "system.json";
+  const std::string locked = tv.Do({"rating", "lock", "0", "3", "on"});
+  EXPECT_TRUE(locked.starts_with("Family Guide\n")) << locked;
+  EXPECT_TRUE(Says(locked, "        1  Violence               0  None       off\n")) << locked;
+  EXPECT_TRUE(Says(locked, " 3  10+        on\n") && Says(locked, " 2  7+         off\n")) << locked;
+  EXPECT_TRUE(Says(locked, " 2  Rating 2   off\n") && Says(locked, "        5  Reserved               -  -  "))
+      << locked;
+  const std::string json = tv.Do({"rating", "--json"});
+  std::ofstream(file) << json;
+
+  EXPECT_EQ(other.Do({"rating"}), "no rating system\n");
+  EXPECT_EQ(other.Do({"rating", "load", file, "--json"}), json);
+  EXPECT_FALSE(Says(other.Do({"rating"}), " on\n")) << "locks do not come with a system";
+  EXPECT_EQ(tv.Do({"rating", "clear"}), "no rating system\n");
+  EXPECT_EQ(tv.Do({"rating", "--json"}), "null\n");
+  EXPECT_EQ(test::Rows(tv.Path(), "SELECT count(*) FROM rating_value"), Texts{"0"});
+}
+
 TEST(TvCommand, FaultsLastAsLongAsAsked) {
   const TvFile tv;
   const std::string list = tv.Do({"fail", "--list"});
@@ -147,6 +198,34 @@ TEST(TvCommand, FaultsLastAsLongAsAsked) {
   EXPECT_EQ(test::Rows(tv.Path(), "SELECT operation FROM fault"), Texts{"avoc_exit_osd"});
   tv.Do({"heal"});
   EXPECT_EQ(test::Rows(tv.Path(), "SELECT operation FROM fault"), Texts{});
+}
+
+TEST(TvCommand, SticksAreTheFoldersInOneOfTheTvsOwn) {
+  namespace fs = std::filesystem;
+  const TvFile tv;
+  fs::create_directory(tv / "build");
+  EXPECT_EQ(tv.Do({"sticks"}), "");
+  const Texts importing = {"import-from-usb"};
+  EXPECT_EQ(tv.Screen(importing)["texts"][0], "No USB device is connected. Check the connection.");
+  tv.Do({"plug", "B"});
+  std::ofstream(tv / "tv.db.sticks/B/list.zip") << "x";
+  fs::create_directories(tv / "tv.db.sticks/A");
+  EXPECT_EQ(tv.Do({"sticks"}), "A\nB\n");
+  EXPECT_NE(tv.Screen(importing)["texts"][0], "No USB device is connected. Check the connection.");
+  tv.Do({"unplug", "B"});
+  EXPECT_EQ(tv.Do({"sticks"}), "A\n");
+  tv.Do({"plug", "B"});
+  EXPECT_TRUE(fs::exists(tv / "tv.db.sticks/B/list.zip")) << "a stick keeps what is on it";
+  EXPECT_EQ(tv.Tv({"plug", "A"}).status, 1) << "it is there already";
+}
+
+TEST(TvCommand, TakesNumbersOf64Bits) {
+  const TvFile tv;
+  const std::string id = "4294967297";
+  test::Rows(tv.Path(), "UPDATE service SET id = " + id + " WHERE id = (SELECT max(id) FROM service)");
+  EXPECT_TRUE(Says(tv.Do({"tune", id}), " " + id + " "));
+  EXPECT_EQ(test::Rows(tv.Path(), "SELECT service FROM picture WHERE profile = 1"), Texts{id});
+  EXPECT_TRUE(Says(tv.Do({"history", "add", "4102488000:7"}), "2100-01-01"));
 }
 
 TEST(TvCommand, ReachesTheRunningProgram) {

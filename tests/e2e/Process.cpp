@@ -118,7 +118,9 @@ std::unique_ptr<Process> TvFile::Start(const Texts& environment) const {
 
 std::string TvFile::Contents() const {
   std::string all;
-  for (const char* table : {"setting", "item", "choice", "chip", "fault", "application", "launch"}) {
+  for (const char* table : {"setting", "item", "choice", "chip", "fault", "application", "launch",
+                            "(SELECT hex(name) FROM rating_region)", "(SELECT place, hex(name) FROM rating_dimension)",
+                            "(SELECT dimension, place, hex(name), locked FROM rating_value)"}) {
     for (const std::string& row : Rows(Path(), std::string("SELECT * FROM ") + table)) all += row + "\n";
   }
   return all;

@@ -59,7 +59,7 @@ class TvFile {
   std::string Get(const std::string& key) const;
   /// A program on this TV whose window takes keys.
   std::unique_ptr<Process> Start(const Texts& environment = {}) const;
-  /// What the TV keeps, as text: settings, tree, faults. The journal and who is running are not part of it.
+  /// What the TV keeps, as text: settings, tree, faults, ratings. The journal and who is running are not part of it.
   std::string Contents() const;
 
  private:

@@ -13,13 +13,14 @@
 #include "Options.h"
 #include "Profile.h"
 #include "Screen.h"
+#include "Text.h"
 #include "Utils.h"
 #include "Verbs.h"
 #include "app_framework.h"
 #include "system_info.h"
 #include "tvs/Inputs.h"
+#include "tvs/RatingTable.h"
 #include "tvs/ScanTables.h"
-#include "tvs/Text.h"
 #include "tvs/TvProfile.h"
 #include "vconf.h"
 
@@ -72,22 +73,6 @@ bool ReadOptions(const std::string& input) {
 
 // --- quirelle-tv ---------------------------------------------------------------------------------
 
-/// A stream of the process goes nowhere.
-class Silence {
- public:
-  explicit Silence(FILE*& stream) : m_stream(stream), m_kept(stream) {
-    static FILE* nowhere = std::fopen("/dev/null", "w");
-    stream = nowhere;
-  }
-  ~Silence() { m_stream = m_kept; }
-  Silence(const Silence&) = delete;
-  Silence& operator=(const Silence&) = delete;
-
- private:
-  FILE*& m_stream;
-  FILE* m_kept;
-};
-
 const Texts kLines = {"channels\nair\n--limit\n3",
                       "satellites\n--json",
                       "transponders\n1\n--limit\n2",
@@ -99,7 +84,15 @@ const Texts kLines = {"channels\nair\n--limit\n3",
                       "history\nadd\n1700000000:7:65535:2:0:0",
                       "history\nlist\n--limit\n2",
                       "clock\n12",
+                      "satcr\n--bands\n1284,1400,1516\n--occupy\n1400=Kitchen & Co",
+                      "satcr\n--store\n0=1284\n--leave\n1516\n--duration\n20\n--outcome\nnone",
+                      "dish\n--go\n28.2E\n--speed\n3\n--motor\nyes",
+                      "dish\n--east-limit\n42.0E\n--west-limit\nnone\n--json",
+                      "item\nsetting-user-sat-1\n19.2 E",
                       "hdmi\n--port\n1\n--resolution\n1920x1080@59.94p\n--format\n0x70000\n--name\nConsole",
+                      "rating\nlock\n0\n1\non\n--json",
+                      "rating\nload\n/nowhere/a.json",
+                      "rating\nclear",
                       "get\ndb/menu_widget/language",
                       "set\ndb/menu_widget/language\nde_DE.utf8",
                       "set\ndb/menu/broadcasting/program_rating_lock/tv_rating/tv_y\n1",
@@ -124,16 +117,10 @@ std::string MakeWords(Dice& dice) {
   return line.substr(0, end) + dice.Mutated(line.substr(end));
 }
 
-bool RunWords(const Texts& words) {
-  const Texts rest(words.begin() + 1, words.end());
+bool RunWords(Texts words) {
   const Silence silence(stdout);
-  for (const Verb& verb : Verbs()) {
-    if (words[0] == verb.name) return verb.run(rest) == 0;
-  }
-  for (const desktop::TvVerb& verb : desktop::TvServiceVerbs()) {
-    if (words[0] == verb.name) return verb.run(rest) == 0;
-  }
-  throw WordError("no such verb");
+  const Verb& verb = TakeVerb(words);
+  return verb.run(words) == 0;
 }
 
 bool ReadWords(const std::string& input) {
@@ -173,13 +160,18 @@ const Texts kProfile = {"[settings]\nint db/menu/broadcasting/program_rating_loc
                         "[tv]\nbroadcaster 3 5",
                         "[tv]\nletters DEU",
                         "[tv]\noperator-profile 3 satellite 1 Sky & Co",
-                        "[tv]\nsatcr 0 1 1210",
+                        "[tv]\nsatcr bands 1284 1400\nsatcr occupant 1400 Kitchen & Co",
+                        "[tv]\nsatcr tuner 0 1284",
+                        "[tv]\ndish motor 13.4E 19.2E 2\ndish satellites 19.2E 5.0W",
+                        "[tv]\nuser-satellite 2 30.0W",
                         "[tv]\nselect 19.2E 13.0E",
                         "[tv]\nweak-signal 1700000000:7:65535:2:0:0",
                         "[tv]\nhdmi 1 1920x1080@59.94p 2 Console",
                         "[reception]\nsatellites 19.2E 28.2E",
                         "[reception]\nair dvb-t/de-Berlin",
                         "[reception]\npackage 2 19.2E",
+                        "[rating]\nregion Añ€ 📺\ndimension Age\nvalue 4+\nvalue\nvalue \"\"",
+                        "[rating]\ndimension\nvalue x'00410042'",
                         "[channels]\nservices 120",
                         "[channels]\nlist air -1 50 analog=10 radio=5 uhd=2 locked=3 virtual=1 subchannels",
                         "[channels]\nlist satellite 8 100 at=19.2E",
@@ -191,15 +183,19 @@ bool ReadProfile(const std::string& input) {
   try {
     desktop::ReadProfileText(text, "/nowhere/fuzz.tv", sections, 1);
     desktop::TvProfile profile;
+    desktop::RatingProfile rating;
     for (const desktop::ProfileSection& section : sections) {
-      if (desktop::TvProfile::Takes(section.name)) {
+      if (profile.Takes(section.name)) {
         profile.Read(section);
         if (section.name != "tv") continue;
         for (const desktop::ProfileLine& line : section.lines) desktop::WriteTvLine(line);
+      } else if (rating.Takes(section.name)) {
+        rating.Read(section);
       } else {
         desktop::WriteSection(section);
       }
     }
+    rating.Make({});
   } catch (const desktop::ProfileError& error) {
     const std::string_view said = error.what();
     Want(said.starts_with("fuzz.tv:") || said.starts_with("/"), "says in which line what is wrong");

@@ -53,7 +53,7 @@ inline void Want(bool held, const char* what) {
 struct Reader {
   const char* name;
   /// Of the runs that were asked for it makes one in so many: it needs the TV's file or a folder for each.
-  unsigned int every;
+  int every;
   std::function<std::string(Dice&)> make;
   /// Whether the text could be read. Throws Wrong.
   bool (*read)(const std::string& input);
@@ -61,6 +61,8 @@ struct Reader {
 
 std::vector<Reader> ProgramReaders();
 std::vector<Reader> DesktopReaders();
+std::vector<Reader> ListReaders();
+std::vector<Reader> RatingReaders();
 
 /// Makes some of the words, at most so many, each as it is or mutated; a single one always mutated.
 std::function<std::string(Dice&)> Some(const Texts& words, unsigned int most = 1, const std::string& between = "");
@@ -83,6 +85,22 @@ std::string Format(const char* format, Values... values) {
 /// Whether a line of the program's log since the last `ForgetLog` holds the text.
 bool Logged(std::string_view text);
 void ForgetLog();
+
+/// A stream of the process goes nowhere.
+class Silence {
+ public:
+  explicit Silence(FILE*& stream) : m_stream(stream), m_kept(stream) {
+    static FILE* nowhere = std::fopen("/dev/null", "w");
+    stream = nowhere;
+  }
+  ~Silence() { m_stream = m_kept; }
+  Silence(const Silence&) = delete;
+  Silence& operator=(const Silence&) = delete;
+
+ private:
+  FILE*& m_stream;
+  FILE* m_kept;
+};
 
 /// A buffer that notices what is written behind its end.
 template <size_t Size>

@@ -111,7 +111,9 @@ long ReadMany(const Reader& reader, unsigned int seed, long runs) {
 
 std::vector<Reader> AllReaders() {
   std::vector<Reader> readers = ProgramReaders();
-  for (Reader& reader : DesktopReaders()) readers.push_back(std::move(reader));
+  for (const auto more : {DesktopReaders, ListReaders, RatingReaders}) {
+    for (Reader& reader : more()) readers.push_back(std::move(reader));
+  }
   return readers;
 }
 

@@ -7,6 +7,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <mutex>
+#include <utility>
 
 #define EXPORTED __attribute__((visibility("default")))
 
@@ -19,9 +21,15 @@ std::atomic<int64_t> g_moved{0};
 /// How far the set's own monotonic clock had come when it was held; 0 while it runs.
 std::atomic<int64_t> g_heldAt{0};
 
+#ifdef SYS_clock_gettime64
+constexpr long kClockGettime = SYS_clock_gettime64;
+#else
+constexpr long kClockGettime = SYS_clock_gettime;
+#endif
+
 int64_t OwnTime(clockid_t clock) {
   timespec now;
-  syscall(SYS_clock_gettime, clock, &now);
+  syscall(kClockGettime, clock, &now);
   return now.tv_sec * kNanoseconds + now.tv_nsec;
 }
 
@@ -31,7 +39,19 @@ bool IsMoved(clockid_t clock) {
 
 }  // namespace
 
+namespace {
+
+std::mutex g_watchMutex;
+std::function<void()> g_watch;
+
+}  // namespace
+
 namespace test {
+
+void OnSleep(std::function<void()> watch) {
+  const std::lock_guard lock(g_watchMutex);
+  g_watch = std::move(watch);
+}
 
 void MoveClock(double seconds) { g_moved += static_cast<int64_t>(seconds * kNanoseconds); }
 
@@ -45,7 +65,7 @@ void HoldClock(bool hold) {
 
 // The toolkit and the standard library ask here, because a program's own functions come before a library's.
 extern "C" EXPORTED int clock_gettime(clockid_t clock, timespec* now) {
-  if (syscall(SYS_clock_gettime, clock, now) != 0) return -1;
+  if (syscall(kClockGettime, clock, now) != 0) return -1;
   if (!IsMoved(clock)) return 0;
   if (g_heldAt != 0) g_moved += kLook;
   const int64_t held = g_heldAt != 0 ? OwnTime(CLOCK_MONOTONIC) - g_heldAt : 0;
@@ -58,5 +78,36 @@ extern "C" EXPORTED int clock_gettime(clockid_t clock, timespec* now) {
 /// A sleep passes at once, and the clock has moved.
 extern "C" EXPORTED int nanosleep(const timespec* wanted, timespec*) {
   test::MoveClock(static_cast<double>(wanted->tv_sec) + static_cast<double>(wanted->tv_nsec) / kNanoseconds);
+  std::function<void()> watch;
+  {
+    const std::lock_guard lock(g_watchMutex);
+    watch = g_watch;
+  }
+  if (watch) watch();
   return 0;
 }
+
+#ifdef __USE_TIME_BITS64
+// The functions above are those for times of 64 bits; libraries of a 32-bit system ask for shorter ones.
+namespace {
+
+struct ShortTime {
+  int32_t tv_sec, tv_nsec;
+};
+
+}  // namespace
+
+extern "C" EXPORTED int ShortClockGettime(clockid_t clock, ShortTime* now) asm("clock_gettime");
+extern "C" EXPORTED int ShortClockGettime(clockid_t clock, ShortTime* now) {
+  timespec wide;
+  if (clock_gettime(clock, &wide) != 0) return -1;
+  *now = {static_cast<int32_t>(wide.tv_sec), static_cast<int32_t>(wide.tv_nsec)};
+  return 0;
+}
+
+extern "C" EXPORTED int ShortNanosleep(const ShortTime* wanted, ShortTime*) asm("nanosleep");
+extern "C" EXPORTED int ShortNanosleep(const ShortTime* wanted, ShortTime*) {
+  const timespec wide{wanted->tv_sec, wanted->tv_nsec};
+  return nanosleep(&wide, nullptr);
+}
+#endif

@@ -1,10 +1,15 @@
 // The tests' clock: the C library's clocks and its sleep, moved on by hand.
 #pragma once
 
+#include <functional>
+
 namespace test {
 
 /// Every clock of the process moves on (or back) by so many seconds at once.
 void MoveClock(double seconds);
+
+/// Called with every sleep, on the thread that sleeps; null takes it away.
+void OnSleep(std::function<void()> watch);
 
 /// From now on no time passes but by `MoveClock`, or it passes by itself again.
 void HoldClock(bool hold);

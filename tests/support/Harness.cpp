@@ -31,6 +31,7 @@
 #include "Profile.h"
 #include "RootWindow.h"
 #include "Screen.h"
+#include "Usb.h"
 #include "Utils.h"
 #include "View.h"
 #include "ViewManager.h"
@@ -59,6 +60,8 @@ namespace test {
 
 namespace {
 
+/// The program logs from its threads too.
+std::mutex g_logMutex;
 Texts g_log;
 Texts g_toolkitErrors;
 
@@ -66,6 +69,7 @@ void TakeLogLine(int, const char* text) {
   std::string line = text;
   if (!line.empty() && line.back() == '\n') line.pop_back();
   const size_t head = line.find(" > ");
+  const std::lock_guard lock(g_logMutex);
   g_log.push_back(head == std::string::npos ? line : line.substr(head + 3));
 }
 
@@ -147,9 +151,8 @@ std::string ReadFile(const std::filesystem::path& path) {
 bool IsA(const Evas_Object* object, const char* type) { return std::string_view(type) == evas_object_type_get(object); }
 
 std::string NameOf(const Evas_Object* object) {
-  char* text = IsA(object, "elm_check") ? elm_access_info_get(object, ELM_ACCESS_INFO) : nullptr;
-  std::string name = text ? text : "";
-  free(text);
+  const char* text = IsA(object, "elm_check") ? efl_access_object_i18n_name_get(object) : nullptr;
+  const std::string name = text ? text : "";
   const char* shown = IsA(object, "elm_button") ? elm_object_text_get(object)
                       : IsA(object, "text")     ? evas_object_text_text_get(object)
                                                 : nullptr;
@@ -193,17 +196,6 @@ bool Has(const Texts& texts, const std::string& text) {
 
 }  // namespace
 
-TemporaryDirectory::TemporaryDirectory() {
-  std::string name = (std::filesystem::temp_directory_path() / "quirelle-test-XXXXXX").string();
-  if (!mkdtemp(name.data())) throw std::runtime_error("no temporary directory");
-  m_path = name;
-}
-
-TemporaryDirectory::~TemporaryDirectory() {
-  std::error_code ignored;  // the next start of the machine clears what is left
-  std::filesystem::remove_all(m_path, ignored);
-}
-
 // --- the TV --------------------------------------------------------------------------------------
 
 Tv::Tv(const std::string& profile, long services) {
@@ -212,7 +204,7 @@ Tv::Tv(const std::string& profile, long services) {
   desktop::Store::Open(Path());
   desktop::LogToStandardError(desktop::LogLevel::kOff);
   desktop::WatchLog(TakeLogLine);
-  g_log.clear();
+  ClearLog();
 }
 
 Tv::~Tv() {
@@ -251,9 +243,9 @@ void Tv::SetItem(const std::string& id, const std::string& value) {
 }
 
 void Tv::PutOnStick(const std::string& stick, const Texts& files) {
-  std::filesystem::create_directory(m_directory / stick);
+  std::filesystem::create_directories(desktop::UsbDirectory() / stick);
   for (const std::string& file : files) {
-    const std::filesystem::path path = m_directory / stick / file;
+    const std::filesystem::path path = desktop::UsbDirectory() / stick / file;
     std::filesystem::create_directories(path.parent_path());
     std::ofstream(path) << "x";
   }
@@ -475,11 +467,17 @@ Texts TakeGraveToolkitErrors() {
   return errors;
 }
 
-Texts Log() { return g_log; }
+Texts Log() {
+  const std::lock_guard lock(g_logMutex);
+  return g_log;
+}
 
-bool Logged(const std::string& text) { return Has(g_log, text); }
+bool Logged(const std::string& text) { return Has(Log(), text); }
 
-void ClearLog() { g_log.clear(); }
+void ClearLog() {
+  const std::lock_guard lock(g_logMutex);
+  g_log.clear();
+}
 
 // --- other processes -----------------------------------------------------------------------------
 

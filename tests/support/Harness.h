@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "Store.h"
+#include "TemporaryDirectory.h"
 
 class CViewManager;
 class IEventData;
@@ -22,17 +23,6 @@ class IView;
 namespace test {
 
 using Texts = std::vector<std::string>;
-
-/// A directory of the test's own, gone when the test is over.
-class TemporaryDirectory {
- public:
-  TemporaryDirectory();
-  ~TemporaryDirectory();
-  std::filesystem::path operator/(const std::string& name) const { return m_path / name; }
-
- private:
-  std::filesystem::path m_path;
-};
 
 /// One call that the program made of the platform.
 struct Call {

@@ -4,6 +4,8 @@
 #include "ChannelUtil.h"
 #include "CommonUtil.h"
 #include "CountryUtil.h"
+#include "RatingUitil.h"
+#include "SatCRUtil.h"
 #include "TvsTest.h"
 #include "TvsUtil.h"
 #include "Utils.h"
@@ -25,6 +27,7 @@ struct Out {
   tvs_ch_info record;
   unsigned long long id = 0;
   int number = -1;
+  bool flag = false;
   char* owned = nullptr;
   char text[512] = "", date[512], time[512];
 };
@@ -76,6 +79,16 @@ std::string Record(bool pip) {
   return text;
 }
 
+std::string Rating() {
+  drrt_rating_info* info = nullptr;
+  RatingUtils::FillRatingInfo(&info);
+  if (!info) return "null";
+  std::string json = RatingUtils::SerializeRatingInfo(*info);
+  RatingUtils::EmptyRatingInfo(info);
+  std::erase_if(json, [](unsigned char c) { return std::isspace(c) || c == '"'; });
+  return json;
+}
+
 /// Name an operation in one line: its expression's text is its name.
 #define VALUE(expression, failure)    \
   PublicOperation(                    \
@@ -96,8 +109,9 @@ std::string Record(bool pip) {
       failure)
 
 constexpr const char* kSatellite = "SELECT value FROM setting WHERE key LIKE '%lnb-settings/satellite'";
-constexpr const char* kPositioner = "SELECT value FROM tv_state WHERE name = 'positioner_command'";
+constexpr const char* kPositioner = "SELECT command FROM dish";
 constexpr const char* kService = "SELECT service FROM picture WHERE profile = 1";
+constexpr const char* kNoStatus = "{\n\t\"Progress\" : 0,\n\t\"SlotFrequency\" : -1,\n\t\"SlotNumber\" : 0\n}";
 constexpr const char* kLaunch = "SELECT application FROM launch";
 
 std::vector<PublicOperation> OperationsHere() {
@@ -247,11 +261,20 @@ std::vector<PublicOperation> OperationsHere() {
       VALUE(CommonUtil::GetTimeFormatType(), "1"),
       VALUE(CommonUtil::GetCurrentDateStr().size() >= 8, "1"),
 
+      VALUE(RatingUtils::SetRRSLock(0, 0, true), "-1"),
+      VALUE(RatingUtils::GetRRSLock(0, 0, &out.flag), "-1"),
+      {"RatingUtils::FillRatingInfo", Rating, "null"},
+
       VALUE(Utils::IsPipOn(), "0"),
       VALUE(Utils::GetProductTypeOSD(), "SID_TV"),
       VALUE(Utils::FlagPanelType82InchSdc(), "0"),
       VALUE(Utils::GetCountryCode(), ""),
       VALUE(Utils::GetSatCRSettings(0, out.satCr), "0"),
+      VALUE(SatCRUtils::SendSatCRCommand(0, SATCR_COMMAND_DETECT), "0"),
+      VALUE(SatCRUtils::SetSlotFrequency(0, 1400), "-1"),
+      VALUE(SatCRUtils::GetSlotFrequency(0), "-1"),
+      VALUE(SatCRUtils::IsSatCRCommandSuccess(0, 1632, 3), "0"),
+      VALUE(SatCRUtils::GetSatCRProcessStatusAsJsonString(0), kNoStatus),
       VOID(Utils::UserStorePosition(), Ask(kPositioner), ""),
       VOID(Utils::InstallerStorePosition(), Ask(kPositioner), ""),
       VOID(Utils::InstallerGoToZero(), Ask(kPositioner), ""),

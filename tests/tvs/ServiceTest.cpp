@@ -10,10 +10,10 @@
 
 #include "Clock.h"
 #include "Gate.h"
+#include "Text.h"
 #include "TvsTest.h"
 #include "Utils.h"
 #include "tvs/ScanTables.h"
-#include "tvs/Text.h"
 #include "tvs/Tuning.h"
 #include "vconf.h"
 

@@ -5,6 +5,7 @@
 
 #include "Gate.h"
 #include "TvsTest.h"
+#include "tvs/RatingTable.h"
 
 namespace test {
 
@@ -80,11 +81,32 @@ const Exception kExceptions[] = {
      {"SatelliteSettings::GetSatelliteSettings", "CreateSatelliteSettings", "vconf_get_int",
       "SatelliteControl::SendPositionerCommand", "CreateSatelliteControl"},
      "2"},
+    // Whether a command was taken, nobody asks.
+    {"SatCRUtils::SendSatCRCommand", {"SatelliteControl::SendSatCRCommand"}, "=", true},
+    {"SatCRUtils::SetSlotFrequency", {"SatelliteSettings::SetSatCRSlotFrequency"}, "0"},
     // Only without the settings is nothing reset.
     {"Utils::ResetSatelliteSettings", {""}, "="},
     {"Utils::ResetSatelliteSettings", {"vconf_set_int", "SatelliteSettings::"}, "=", true},
     {"Utils::LaunchNumberPad", {"vconf_get_int"}, "="},
     {"Utils::LaunchNumberPad", {"app_control_add_extra_data"}, "=", true},
+    // A rating system with one thing missing is still one.
+    {"RatingUtils::",
+     {"TCRegionRating::GetRatingRegionName"},
+     "{Count:1,Names:[D],RatingCounts:[1],RatingNames:[[V]],RegionName:COM_SID_DOWNLOADABLE_US_RATING}"},
+    {"RatingUtils::", {"TCRegionRating::DimensionCount"}, "{Count:0,RegionName:R}"},
+    {"RatingUtils::", {"TCRegionRating::DimensionCount"}, "{Count:-1,RegionName:R}"},
+    {"RatingUtils::",
+     {"TCRegionRating::RRSDimension", "TCRRSDimension::RatingValueCount"},
+     "{Count:1,Names:[],RatingCounts:[0],RatingNames:[[]],RegionName:R}"},
+    {"RatingUtils::",
+     {"TCRRSDimension::GetDimensionName"},
+     "{Count:1,Names:[Dimension0],RatingCounts:[1],RatingNames:[[V]],RegionName:R}"},
+    {"RatingUtils::",
+     {"TCRRSDimension::RRSRatingValue"},
+     "{Count:1,Names:[D],RatingCounts:[1],RatingNames:[[]],RegionName:R}"},
+    {"RatingUtils::",
+     {"TCRRSRatingValue::GetAbbrevRatingValueName"},
+     "{Count:1,Names:[D],RatingCounts:[1],RatingNames:[[Rating0]],RegionName:R}"},
     // These answer their failure value, as the rest does, but say nothing.
     {"Utils::LaunchNumberPad", {"app_control_"}, "", true},
     {"Utils::CloseNumberPad", {"app_manager_is_running"}, "", true},
@@ -155,6 +177,17 @@ const Message kMessages[] = {
     {"ChannelData::GetDigitalChannelNumber", {"Failed to GetDigitalChannelNumber "}},
     {"ChannelData::GetDigitalChannels", {"Failed to GetDigitalChannels "}},
     {"CreateRatingUtil", {"pRatingUtil is NULL."}},
+    {"CreateRatingSystem", {"[Debug]tv service init failed"}},
+    {"RatingSystem::GetRegionRating", {"[Error]Get Region Rating System failed / RRT not available in stream :"}},
+    {"RatingSystem::GetRRSLock", {"[Info]Get RRS Lock failed:"}},
+    {"RatingSystem::SetRRSLock", {"[Info]Set RRS Lock failed:"}},
+    {"TCRegionRating::GetRatingRegionName", {"[Debug]Get Rating Region Name failed"}},
+    {"TCRegionRating::DimensionCount", {"[Debug]No dimensions present in drrt"}},
+    {"TCRegionRating::RRSDimension", {"[Debug]Failed to read dimension"}},
+    {"TCRRSDimension::RatingValueCount", {"[Debug]No ratings present for dimension 0"}},
+    {"TCRRSDimension::GetDimensionName", {"[Debug] Failed to read dimension name"}},
+    {"TCRRSDimension::RRSRatingValue", {"[Debug]Failed to get RRS rating value"}},
+    {"TCRRSRatingValue::GetAbbrevRatingValueName", {"[Debug]Failed to read rating value name"}},
     {"RatingUtil::QueryTempUnblock", {"FlagTempUnblockedPamaitChildLock ret:"}},
     {"TCNavigationModeHelper::GetNavigationCriteria", {"Get navigation criteria failed", "GetServiceCount fails"}},
     {"CCCategoryUtil::GetInstance", {"pCategoryUtil is NULL"}},
@@ -220,8 +253,11 @@ class SweepTest : public TvsTest {
         "UPDATE picture SET (service, transponder) = (SELECT id, transponder FROM service WHERE id = 300) "
         "WHERE profile = 1");
     Change("INSERT INTO recorder VALUES (300, 1, 1)");
+    desktop::WriteRatingSystem(RRT_REGION_DOWNLOADABLE,
+                               {desktop::OnAir("R"), {{desktop::OnAir("D"), {{desktop::OnAir("V")}}}}});
     Change("UPDATE service SET favourites = 1 WHERE id BETWEEN 295 AND 305");
     Change("REPLACE INTO tv_state VALUES ('category', 6), ('category_parameter', 1)");
+    Change("UPDATE satcr SET frequency = 1632, slot = 4");
     desktop::Gate::Flush();
   }
 

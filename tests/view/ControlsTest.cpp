@@ -1,14 +1,15 @@
-// What opens beside a row, and the list window with buttons: driven with keys.
+// What opens beside a row: driven with keys.
 #include <Elementary.h>
 
 #include "EventManager.h"
 #include "Harness.h"
 #include "Screen.h"
 #include "Store.h"
+#include "Text.h"
 #include "ThemeNames.h"
 #include "Utils.h"
-#include "ViewListActionWindow.h"
 #include "ViewSublist.h"
+#include "settings_api.h"
 
 using test::Remote;
 using test::Texts;
@@ -27,6 +28,20 @@ void SetChoices(const std::string& id, int count) {
     const std::string value = std::to_string(i);
     test::Change("INSERT INTO choice (item, place, value, name) VALUES (?, ?, ?, ?)", id, i, value, "Row " + value);
   }
+}
+
+/// What the settings store has for a row, past the tree: MHz, kBd or a choice; a text that is no number as it is.
+void SetStored(const std::string& id, const std::string& value) {
+  const std::string key = id.substr(id.rfind('-') + 1);
+  const auto number = desktop::ToNumber(value);
+  const std::string stored = number ? std::to_string(*number * (id == kFrequency ? 1000 : 1)) : value;
+  test::Change("UPDATE setting SET value = ? WHERE key LIKE '%/user-defined-transponder/' || ?", stored, key);
+}
+
+std::string Value(const std::string& id) {
+  std::string name, value;
+  EXPECT_TRUE(SettingsAPI::Get()->GetItemValue(id, name, value));
+  return value;
 }
 
 /// As a window does for one of its rows.
@@ -61,7 +76,7 @@ TEST(Sublist, OpensOnTheValueAndStoresTheChosenOne) {
           Case{"1", "Row 1", "Down Back", "1", 0, true}, Case{"1", "Row 1", "Down BackSpace", "1", 0, true},
           Case{"1", "Row 1", "Right 5 XF86Red", "1", 0, false}, Case{"gone", "Row 0", "Return", "0", 1, true}}) {
       SCOPED_TRACE(std::string(c.value) + " " + c.keys);
-      tv.SetItem(kPolarity, c.value);
+      SetStored(kPolarity, c.value);
       tv.ClearJournal();
       OpenControl(remote, kPolarity);
       EXPECT_EQ(remote.RowTexts(), (Texts{"Row 0", "Row 1", "Row 2", "Row 3"}));
@@ -70,7 +85,7 @@ TEST(Sublist, OpensOnTheValueAndStoresTheChosenOne) {
       EXPECT_EQ(remote.Stack().size(), c.closed ? 1U : 2U);
       if (!c.closed) remote.Press("Back");
       EXPECT_EQ(remote.Focus(), "OK") << "the focus is back in the window";
-      EXPECT_EQ(tv.Item(kPolarity), c.stored);
+      EXPECT_EQ(Value(kPolarity), c.stored);
       EXPECT_EQ(tv.Calls(kWrite), c.writes);
     }
   });
@@ -79,7 +94,7 @@ TEST(Sublist, OpensOnTheValueAndStoresTheChosenOne) {
 TEST(Sublist, ReachesEveryRowOfALongList) {
   Tv tv("europe", 0);
   SetChoices(kPolarity, 40);
-  tv.SetItem(kPolarity, "20");
+  SetStored(kPolarity, "20");
   test::Run({kGround}, [&](Remote& remote) {
     OpenControl(remote, kPolarity);
     EXPECT_EQ(remote.Focus(), "Row 20");
@@ -93,24 +108,25 @@ TEST(Sublist, ReachesEveryRowOfALongList) {
     EXPECT_EQ(remote.Focus(), "Row 39") << "no way round";
     remote.Press("Return");
   });
-  EXPECT_EQ(tv.Item(kPolarity), "39");
+  EXPECT_EQ(Value(kPolarity), "39");
 }
 
 TEST(Sublist, StandsBesideItsRow) {
   struct Case {
     const char* language;
-    int rows, x, y, w;
+    int rows, x, y, w, first;  ///< the last: where the first row's text begins
     const char *height, *horizontal, *vertical;
   };
-  for (const Case& c :
-       {Case{"en_US.utf8", 4, 400, 300, 800, "350", "992.000000, dPosX : [0.516667]",
-             "460.000000] , dPosY : [0.425926]"},
-        Case{"ar_AE.utf8", 4, 400, 300, 800, "350", "608.000000, dPosX : [0.683333]",
-             "460.000000] , dPosY : [0.425926]"},
-        Case{"en_US.utf8", 6, 0, 0, 408, "510", "200.000000, dPosX : [0.104167]", "240.000000] , dPosY : [0.222222]"},
-        Case{"en_US.utf8", 7, 0, 0, 408, "535", "200.000000, dPosX : [0.104167]", "252.500000] , dPosY : [0.233796]"},
-        Case{"en_US.utf8", 0, 0, 0, 408, "535", "200.000000, dPosX : [0.104167]",
-             "252.500000] , dPosY : [0.233796]"}}) {
+  for (const Case& c : {Case{"en_US.utf8", 4, 400, 300, 800, 830, "350", "992.000000, dPosX : [0.516667]",
+                             "460.000000] , dPosY : [0.425926]"},
+                        Case{"ar_AE.utf8", 4, 400, 300, 800, 672, "350", "608.000000, dPosX : [0.683333]",
+                             "460.000000] , dPosY : [0.425926]"},
+                        Case{"en_US.utf8", 6, 0, 0, 408, 38, "510", "200.000000, dPosX : [0.104167]",
+                             "240.000000] , dPosY : [0.222222]"},
+                        Case{"en_US.utf8", 7, 0, 0, 408, 38, "535", "200.000000, dPosX : [0.104167]",
+                             "252.500000] , dPosY : [0.233796]"},
+                        Case{"en_US.utf8", 0, 0, 0, 408, 0, "535", "200.000000, dPosX : [0.104167]",
+                             "252.500000] , dPosY : [0.233796]"}}) {
     SCOPED_TRACE(std::string(c.language) + " " + std::to_string(c.rows));
     Tv tv("europe", 0);
     tv.SetLanguage(c.language);
@@ -121,6 +137,9 @@ TEST(Sublist, StandsBesideItsRow) {
       EXPECT_TRUE(test::Logged("[Debug]" + row + ",m_nControlPopupWidth=408,m_nControlPopupHeight=" + c.height));
       EXPECT_TRUE(test::Logged(std::string("[Debug]dStartXPoS : ") + c.horizontal));
       EXPECT_TRUE(test::Logged(std::string("[Debug]dStartYPoS [") + c.vertical));
+      if (c.rows > 0) {
+        EXPECT_EQ(remote.PlaceOf("Row 0").x, c.first);
+      }
       remote.Press("Left");
       EXPECT_EQ(remote.Stack(), Texts{kGround});
     });
@@ -147,29 +166,32 @@ struct Typed {
 };
 
 const Typed kTyped[] = {
-    {kFrequency, "11000", "", "11000", "11000"},
-    {kFrequency, "11000", "Up", "11001", "11001"},
-    {kFrequency, "11000", "Up Up Down", "11001", "11001"},
-    {kFrequency, "11000", "1", "1 MHz", "11000"},
-    {kFrequency, "11000", "1 2 3", "123 MHz", "11000"},
-    {kFrequency, "11000", "1 1 2 2 2 Return", nullptr, "11222 MHz"},
-    {kFrequency, "11000", "1 0 6 9 9 Return", nullptr, "11000"},
-    {kFrequency, "11000", "1 0 7 0 0 Return", nullptr, "10700 MHz"},
-    {kFrequency, "11000", "1 2 7 5 0 Return", nullptr, "12750 MHz"},
-    {kFrequency, "11000", "1 2 7 5 1 Return", nullptr, "11000"},
-    {kFrequency, "11000", "9 9 9 9 9 9 9 9 9 9 9 9", "99999999 MHz", "11000"},
-    {kFrequency, "11000", "9 9 9 9 9 9 9 9 9 9 9 9 Return", nullptr, "11000"},
-    {kFrequency, "11000", "1 2 Up", "11001", "11001"},
-    {kFrequency, "11000", "1 2 Up 3", "3 MHz", "11001"},
-    {kFrequency, "11000", "1 2 Back", nullptr, "11000"},
-    {kFrequency, "11000", "1 2 BackSpace", nullptr, "11000"},
-    {kFrequency, "11000", "Left Right XF86Red XF86RaiseChannel", "11000", "11000"},
+    {kFrequency, "11000 MHz", "", "11000 MHz", "11000 MHz"},
+    {kFrequency, "11000 MHz", "Up", "11001 MHz", "11001 MHz"},
+    {kFrequency, "11000 MHz", "Up Up Down", "11001 MHz", "11001 MHz"},
+    {kFrequency, "11000 MHz", "1", "1 MHz", "11000 MHz"},
+    {kFrequency, "11000 MHz", "1 2 3", "123 MHz", "11000 MHz"},
+    {kFrequency, "11000 MHz", "1 1 2 2 2 Return", nullptr, "11222 MHz"},
+    {kFrequency, "11000 MHz", "1 0 6 9 9 Return", nullptr, "11000 MHz"},
+    {kFrequency, "11000 MHz", "1 0 7 0 0 Return", nullptr, "10700 MHz"},
+    {kFrequency, "11000 MHz", "1 2 7 5 0 Return", nullptr, "12750 MHz"},
+    {kFrequency, "11000 MHz", "1 2 7 5 1 Return", nullptr, "11000 MHz"},
+    {kFrequency, "11000 MHz", "9 9 9 9 9 9 9 9 9 9 9 9", "99999999 MHz", "11000 MHz"},
+    {kFrequency, "11000 MHz", "9 9 9 9 9 9 9 9 9 9 9 9 Return", nullptr, "11000 MHz"},
+    {kFrequency, "11000 MHz", "1 2 Up", "11001 MHz", "11001 MHz"},
+    {kFrequency, "11000 MHz", "1 2 Up 3", "3 MHz", "11001 MHz"},
+    {kFrequency, "11000 MHz", "1 2 Back", nullptr, "11000 MHz"},
+    {kFrequency, "11000 MHz", "1 2 BackSpace", nullptr, "11000 MHz"},
+    {kFrequency, "11000 MHz", "Left Right XF86Red XF86RaiseChannel", "11000 MHz", "11000 MHz"},
     {kFrequency, "----", "", "----", "----"},
     {kFrequency, "----", "Return", nullptr, "----"},
-    {kRate, "27500", "2 2 0 0 0 Return", nullptr, "22000 KS/s"},
-    {kRate, "27500", "0 Return", nullptr, "27500"},
-    {kRate, "27500", "5 0 0 0 1 Return", nullptr, "27500"},
-    {kRate, "27500", "0 1 Return", nullptr, "01 KS/s"},
+    {kFrequency, "----", "Up", "10700 MHz", "10700 MHz"},
+    {kFrequency, "12750 MHz", "Up", "12750 MHz", "12750 MHz"},
+    {kFrequency, "10700 MHz", "Down", "10700 MHz", "10700 MHz"},
+    {kRate, "27500 KS/s", "2 2 0 0 0 Return", nullptr, "22000 KS/s"},
+    {kRate, "27500 KS/s", "0 Return", nullptr, "27500 KS/s"},
+    {kRate, "27500 KS/s", "5 0 0 0 1 Return", nullptr, "27500 KS/s"},
+    {kRate, "27500 KS/s", "0 1 Return", nullptr, "1 KS/s"},
 };
 
 TEST(Spinner, StepsAndTakesDigitsWithinItsLimits) {
@@ -177,15 +199,16 @@ TEST(Spinner, StepsAndTakesDigitsWithinItsLimits) {
   test::Run({kGround}, [&](Remote& remote) {
     for (const Typed& c : kTyped) {
       SCOPED_TRACE(std::string(c.id) + " " + c.value + ": " + c.keys);
-      tv.SetItem(c.id, c.value);
+      const std::string value = c.value;
+      SetStored(c.id, value.substr(0, value.find(' ')));
       OpenControl(remote, c.id);
       EXPECT_EQ(remote.Focus(), c.value);
       remote.Press(c.keys);
       EXPECT_EQ(remote.Stack().size(), c.shown ? 2U : 1U);
       EXPECT_EQ(remote.Focus(), c.shown ? c.shown : "OK");
-      EXPECT_EQ(tv.Item(c.id), c.stored);
+      EXPECT_EQ(Value(c.id), c.stored);
       if (c.shown) remote.Press("Back");
-      EXPECT_EQ(tv.Item(c.id), c.stored) << "after Back";
+      EXPECT_EQ(Value(c.id), c.stored) << "after Back";
     }
   });
 }
@@ -193,13 +216,13 @@ TEST(Spinner, StepsAndTakesDigitsWithinItsLimits) {
 TEST(Spinner, SpeaksEachStepAndOpensTheNumberPad) {
   Tv tv("europe", 0);
   tv.TurnVoiceOn();
-  tv.SetItem(kFrequency, "11000");
+  SetStored(kFrequency, "11000");
   test::Run({kGround}, [&](Remote& remote) {
     OpenControl(remote, kFrequency);
     remote.Wait(0.3);
     remote.Press("Up");
     remote.Wait(0.3);
-    EXPECT_TRUE(remote.Heard("11001"));
+    EXPECT_TRUE(remote.Heard("11001 MHz"));
     remote.Press("XF86More");
     const Json::Value launched = remote.Screen()["launched"];
     ASSERT_EQ(launched.size(), 1U);
@@ -233,7 +256,7 @@ TEST(Controls, LiveWithAnyStoredText) {
                "2147483647", "-2147483648", "99999999999999999999", "----", "1e9", "0x10"}) {
       for (const char* id : {kFrequency, kRate, kPolarity, "signal-information-bandwidth"}) {
         SCOPED_TRACE(std::string(id) + ": " + value);
-        tv.SetItem(id, value);
+        SetStored(id, value);
         SetChoices(kPolarity, 2);
         test::Change("UPDATE choice SET value = ?1, name = ?1 WHERE item = ?2 AND place = 1", value, kPolarity);
         OpenControl(remote, id);
@@ -244,109 +267,6 @@ TEST(Controls, LiveWithAnyStoredText) {
       }
     }
   });
-}
-
-// --- the list window with buttons ----------------------------------------------------------------
-
-class ActionWindow : public CViewListActionWindow {
- public:
-  explicit ActionWindow(const char* menuID, int rows = 3) : CViewListActionWindow(menuID), m_rows(rows) {}
-
-  Texts m_selected;
-
- protected:
-  bool t_AddGenListItems() override {
-    t_pItemClass = elm_genlist_item_class_new();
-    t_pItemClass->item_style = theme::kRow;
-    t_pItemClass->func.text_get = [](void* data, Evas_Object*, const char*) { return strdup(Name(data).c_str()); };
-    for (intptr_t i = 0; i < m_rows; ++i) {
-      elm_genlist_item_append(t_pGenlist, t_pItemClass, reinterpret_cast<void*>(i), nullptr, ELM_GENLIST_ITEM_NONE,
-                              m_ItemSelectedCB, this);
-    }
-    return true;
-  }
-  void t_ProcessItemSelected(void*, Evas_Object*, void* item) override {
-    m_selected.push_back(Name(elm_object_item_data_get(static_cast<Elm_Object_Item*>(item))));
-  }
-
- private:
-  static std::string Name(void* data) { return "Row " + std::to_string(reinterpret_cast<intptr_t>(data)); }
-
-  int m_rows;
-};
-
-TEST(ListActionWindow, HasRowsAboveItsButtons) {
-  struct Case {
-    const char *menuID, *language;
-    size_t buttons;
-    /// Keys to the buttons, which stand below the rows or beside them, and back.
-    const char *there, *back;
-  };
-  for (const Case& c : {Case{"user-defined-transponder", "en_US.utf8", 2, "Down", "Up"},
-                        Case{"user-defined-transponder", "ar_AE.utf8", 2, "Down", "Up"},
-                        Case{"postype-sat-longitude-settings", "en_US.utf8", 1, "Right", "Left"},
-                        Case{"postype-sat-longitude-settings", "ar_AE.utf8", 1, "Left", "Right"}}) {
-    SCOPED_TRACE(std::string(c.menuID) + " " + c.language);
-    Tv tv("europe", 0);
-    tv.SetItem(kFrequency, "11000");
-    tv.SetItem(kRate, "22000");
-    tv.SetLanguage(c.language);
-    test::Run({kGround}, [&](Remote& remote) {
-      auto* window = remote.Push(std::make_unique<ActionWindow>(c.menuID));
-      EXPECT_EQ(remote.RowTexts(), (Texts{"Row 0", "Row 1", "Row 2"}));
-      EXPECT_EQ(remote.Buttons().size(), 1 + c.buttons) << "the window below has one";
-      remote.Press("Up Up Up Up");
-      EXPECT_EQ(remote.Focus(), "Row 0");
-      remote.Press("Return Down Down Return");
-      EXPECT_EQ(window->m_selected, (Texts{"Row 0", "Row 2"}));
-      remote.Press(c.there);
-      EXPECT_FALSE(remote.Focus().starts_with("Row")) << remote.Focus();
-      EXPECT_FALSE(remote.Focus().empty());
-      remote.Press(c.back);
-      EXPECT_EQ(remote.Focus(), "Row 2");
-      remote.Press("Back");
-      EXPECT_EQ(remote.Stack(), Texts{kGround});
-    });
-  }
-}
-
-TEST(ListActionWindow, SavesATransponderOnceItIsComplete) {
-  struct Case {
-    const char *frequency, *rate;
-    bool complete;
-    const char* button;
-  };
-  constexpr const char *kSave = "Save", *kCancel = "Cancel";
-  for (const Case& c :
-       {Case{"----", "----", false, kSave}, Case{"11000", "----", false, kSave}, Case{"----", "22000", false, kSave},
-        Case{"11000", "22000", true, kSave}, Case{"11000", "22000", true, kCancel}}) {
-    SCOPED_TRACE(std::string(c.frequency) + " " + c.rate + " " + c.button);
-    Tv tv("europe", 0);
-    tv.SetItem(kFrequency, c.frequency);
-    tv.SetItem(kRate, c.rate);
-    test::Run({kGround}, [&](Remote& remote) {
-      remote.Push(std::make_unique<ActionWindow>("user-defined-transponder"));
-      const auto canSave = [&] {
-        const Json::Value screen = remote.Screen();
-        for (const Json::Value& button : screen["buttons"]) {
-          if (button["text"].asString() == "Save") return button["enabled"].asBool();
-        }
-        throw std::runtime_error("no button to save with");
-      };
-      EXPECT_EQ(canSave(), c.complete);
-      tv.SetItem(kFrequency, "12000");
-      tv.SetItem(kRate, "27500");
-      remote.Post(EVENT_REFRESH_VIEW);
-      EXPECT_TRUE(canSave());
-      remote.Press("Down Down Down Down");
-      remote.Press(c.button == kSave ? "Left" : "Right");
-      ASSERT_EQ(remote.Focus(), c.button);
-      tv.ClearJournal();
-      remote.Press("Return");
-      EXPECT_EQ(remote.Stack(), Texts{kGround});
-      EXPECT_EQ(tv.Calls("ServiceNavigation::TuneForFeedingSI"), c.button == kSave ? 1U : 0U);
-    });
-  }
 }
 
 // --- what rows and images share ------------------------------------------------------------------

@@ -85,8 +85,8 @@ TEST(HdmiInfo, SaysWhatComesIn) {
                {"3840x2160@60p", 0xa0000, "3840x2160 Freesync"},
                {"3840x2160@60p", 0xa0001, "3840x2160 Freesync"},
                {"3840x2160@60p", 0xa0002, "3840x2160 / 60p"},
-               {"none", 2, ""},
-               {"none", 0x70000, ""}};
+               {"none", 2, "No signal"},
+               {"none", 0x70000, "No signal"}};
   for (const auto& c : cases) {
     Tv tv("hdmi", 0);
     Show(SOURCE_TYPE_HDMI5, "", c.resolution, c.format);
@@ -120,7 +120,8 @@ TEST(HdmiInfo, AnHDBaseTInputCanOnlyBeClosed) {
 }
 
 TEST(HdmiInfo, OpensWithoutWhatTheTvDoesNotSay) {
-  const std::string source = "Source=Box (HDMI 2);", resolution = "Resolution=1920x1080 / 60p;", none = "Resolution=;";
+  const std::string source = "Source=Box (HDMI 2);", resolution = "Resolution=1920x1080 / 60p;",
+                    none = "Resolution=No signal;";
   const struct {
     const char *operation, *result;
     std::string facts;
@@ -129,7 +130,7 @@ TEST(HdmiInfo, OpensWithoutWhatTheTvDoesNotSay) {
       {"SourceAPI::GetSourceEditName", "", "Source=HDMI 2;" + resolution, "[Info]GetSourceEditName : "},
       {"CreateAVControl", "", source + none, "[Error]Current source isn't HDMI"},
       {"AVControl::GetResolution", "1", source + none, "[Error]Current source isn't HDMI"},
-      {"SourceControl::GetSource", "", "Source=Error;" + none, "[Error]Current source isn't HDMI"},
+      {"SourceControl::GetSource", "", "Source=Error;Resolution=;", "[Error]Current source isn't HDMI"},
       {"system_info_get_custom_bool", "", source + resolution, "[Error]system info fails"},
       {"system_info_get_custom_int", "", source + resolution, "[Error]system info fails"},
   };
@@ -212,13 +213,14 @@ TEST(HdmiInfo, GivesWayToTheHistoryAndComesBack) {
 TEST(HdmiInfo, IsShownInEveryLanguage) {
   const struct {
     const char *language, *facts, *button;
+    int height;
   } cases[] = {
-      {"de_DE.utf8", "Quelle=Box (HDMI 2);Auflösung=1920x1080 / 60p;", "Kabeltest"},
-      {"ko_KR.utf8", "외부 입력=Box (HDMI 2);해상도=1920x1080 / 60p;", "케이블 테스트"},
-      {"ar_AE.utf8", "المصدر=Box (HDMI 2);الدقة=1920x1080 / 60p;", "اختبار الكابل"},
+      {"de_DE.utf8", "Quelle=Box (HDMI 2);Auflösung=1920x1080 / 60p;", "Kabeltest", 52},
+      {"ko_KR.utf8", "외부 입력=Box (HDMI 2);해상도=1920x1080 / 60p;", "케이블 테스트", 52},
+      {"ar_AE.utf8", "المصدر=Box (HDMI 2);الدقة=1920x1080 / 60p;", "اختبار الكابل", 52},
       // This one has no catalogue here, and long words on a set: the rows stand smaller.
       {"xh_ZA.utf8", "COM_SID_SOURCE_KR_EXT=Box (COM_SID_HDMI2);COM_SID_RESOLUTION_ABBR_10=1920x1080 / 60p;",
-       "TV_SID_DIAGNOSIS_HDMI_CABLE_TEST"},
+       "TV_SID_DIAGNOSIS_HDMI_CABLE_TEST", 42},
   };
   for (const auto& c : cases) {
     Tv tv("hdmi", 0);
@@ -227,6 +229,7 @@ TEST(HdmiInfo, IsShownInEveryLanguage) {
     test::Run({kMenuID}, [&](Remote& remote) {
       EXPECT_EQ(Facts(remote), c.facts);
       EXPECT_EQ(remote.Buttons().front(), c.button);
+      EXPECT_EQ(remote.PlaceOf("1920x1080 / 60p").h, c.height);
     });
   }
 }

@@ -5,6 +5,7 @@
 #include <ctime>
 #include <map>
 
+#include "CommonUtil.h"
 #include "Harness.h"
 #include "SignalHistory.h"
 #include "Utils.h"
@@ -57,7 +58,7 @@ Texts Stamps() {
   History().GetData(rows, History::SOURCE_BROADCAST);
   Texts stamps;
   for (const DataInfo& row : rows) {
-    EXPECT_EQ(row.displayValue + row.id + row.extra, "");
+    EXPECT_EQ(row.displayValue + row.id + row.picture, "");
     stamps.push_back(row.displayName);
   }
   return stamps;
@@ -96,6 +97,17 @@ TEST(History, PutsTheNewestFirstInWhicheverOrderTheNotesCome) {
       } while (std::next_permutation(notes.begin(), notes.end()));
     });
   }
+}
+
+TEST(History, GoesOnPast2038) {
+  Tv tv("europe", 0);
+  test::Run({kMenuID}, [&](Remote&) {
+    SetNotes({Note(2209032000), Note(4102488000)});
+    Texts years;
+    for (const std::string& stamp : Stamps()) years.push_back(stamp.substr(0, 10));
+    EXPECT_EQ(years, (Texts{"2100/01/01", "2040/01/01"}));
+  });
+  EXPECT_EQ(CommonUtil::GetTimeInfo(4102488000, CommonUtil::TIME_YEAR), 2100);
 }
 
 TEST(History, KnowsAStampByItsPieces) {
@@ -231,7 +243,7 @@ TEST(History, OfAnExternalDeviceOpensTheDelayLevels) {
   SetSource(39);
   test::Run({kMenuID}, [&](Remote& remote) {
     EXPECT_TRUE(remote.RowTexts().empty());
-    EXPECT_TRUE(remote.Shows("The signal history of the external device is shown below."));
+    EXPECT_TRUE(remote.Shows("The signal history of the external device."));
     EXPECT_EQ(remote.Buttons(), (Texts{"HDMI delay level", "Close"}));
     EXPECT_EQ(remote.Focus(), "Close");
     EXPECT_EQ(tv.Calls("SourceControl::GetWeakSignalHistory"), 0U);
@@ -281,7 +293,8 @@ TEST(History, OpensWithoutWhatTheTvDoesNotSay) {
 }
 
 TEST(History, IsReadOut) {
-  const std::pair<size_t, std::string> cases[] = {{0, ""}, {3, ", 3 items. Use the arrow keys to move."}};
+  const std::pair<size_t, std::string> cases[] = {{0, ", No weak signal has been recorded."},
+                                                  {3, ", 3 items. Use the arrow keys to move."}};
   for (const auto& [notes, said] : cases) {
     Tv tv("europe", 0);
     tv.TurnVoiceOn();

@@ -14,6 +14,7 @@
 #include "Screen.h"
 #include "SignalInfo.h"
 #include "View.h"
+#include "ViewManager.h"
 #include "ViewTable.h"
 
 using test::Remote;
@@ -24,7 +25,6 @@ namespace {
 
 /// Lies under the views that are pushed, and is the only window with this name.
 constexpr const char* kGround = "StopFrequency";
-constexpr long kGroundID = 19;
 /// What is put over each view for a moment: a box.
 constexpr const char* kCover = "StartFrequency";
 constexpr long kCoverID = 18;
@@ -72,7 +72,7 @@ IView* Make(const Subject& subject) {
   if (!subject.window) return MakeControl(subject.name.c_str(), 300, 400, 800);
   unsigned int step = subject.step;
   IView* view = subject.window->make(subject.window->menuID, step);
-  if (view) view->SetViewKey(static_cast<unsigned int>(subject.window->windowID), step);
+  if (view) view->SetViewKey(static_cast<unsigned int>(subject.window->window), step);
   return view;
 }
 
@@ -98,11 +98,11 @@ void Push(Remote& remote, const Subject& subject) {
   if (!subject.window) {
     place = new CEventPositionData(subject.name.c_str());
     place->SetPositionData(300, 400, 800);
-  } else if (subject.window->windowID == 0 || subject.window->windowID == kGroundID) {
+  } else if (subject.window->window == Window::kNone || subject.window->window == Window::kStopFrequency) {
     remote.Push(std::unique_ptr<IView>(Make(subject)));
     return;
   }
-  const long windowID = subject.window ? subject.window->windowID : 0;
+  const long windowID = subject.window ? static_cast<long>(subject.window->window) : 0;
   remote.Post(EVENT_PUSH_VIEW, windowID, subject.step, place);
 }
 
@@ -182,11 +182,18 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
     if (key.empty()) return true;
     remote.Press(key);
     ExpectNoErrors(at + " " + key);
-    if (remote.HasExited()) break;
     std::string& to = paths[at][key];
+    if (remote.HasExited()) {
+      EXPECT_TRUE(test::Logged("[Debug]start _reset_board")) << at << ": only a restart ends the program";
+      to = kClosed;
+      return false;
+    }
     if (IsOnGround(remote)) {
       to = kClosed;
-      if (remote.Focus().empty()) return false;
+      if (remote.Focus().empty()) {
+        EXPECT_EQ(subject.name, "hdmi-delay-level") << "the screen is empty";
+        return false;
+      }
       if (!Open(remote, subject)) return true;
       to = PlaceNow(remote);
     } else {
@@ -195,7 +202,7 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
     }
     at = to;
   }
-  EXPECT_FALSE(remote.HasExited()) << at;
+  ADD_FAILURE() << "places without end at " << at;
   return true;
 }
 
@@ -250,6 +257,8 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
     SCOPED_TRACE(NameOf(kRooms[room]));
     Tv tv(kRooms[room].profile);
     Furnish(tv, kRooms[room]);
+    // A copy ends when its thread does: no key leads to what comes then.
+    tv.Fail("Util::GetServiceDb");
     const std::vector<Subject> subjects = Subjects();
     std::set<std::string> visited;
     for (size_t next = 0; next < subjects.size() && !HasFailure();) {
@@ -288,28 +297,37 @@ TEST(LifeCycle, EveryKeyInEveryPlace) {
 // --- the program around a window -----------------------------------------------------------------
 
 /// It shows what is going on, and stays until it is closed.
-bool Waits(std::string_view menuID) { return menuID == "signal-information" || menuID == "hdmi-information"; }
+bool Waits(std::string_view menuID) {
+  return menuID == "signal-information" || menuID == "hdmi-information" || menuID == "dynamic-rating";
+}
 
 constexpr const char* kTimeOut = "time-out";
 
 const struct {
   const char* name;
   std::function<void(Remote&)> end;
-  bool exits;
 } kEndings[] = {
-    {"Back", [](Remote& remote) { remote.Press("Back"); }, true},
-    {"exit event", [](Remote& remote) { remote.Post(EVENT_EXIT_APP); }, true},
-    {"switched off", [](Remote& remote) { remote.End(); }, true},
-    {"focus lost", [](Remote& remote) { remote.TakeFocus(); }, true},
-    {kTimeOut, [](Remote& remote) { remote.Wait(3601); }, true},
+    {"Back", [](Remote& remote) { remote.Press("Back"); }},
+    {"exit event", [](Remote& remote) { remote.Post(EVENT_EXIT_APP); }},
+    {"switched off", [](Remote& remote) { remote.End(); }},
+    {"focus lost", [](Remote& remote) { remote.TakeFocus(); }},
+    {kTimeOut, [](Remote& remote) { remote.Wait(3601); }},
     {"pause and resume",
      [](Remote& remote) {
        remote.Pause();
        remote.Resume();
-       remote.Press("Return Back");
-     },
-     false},
-    {"launched again", [](Remote& remote) { remote.Launch("tv-rating"); }, false},
+       EXPECT_FALSE(remote.HasExited());
+       EXPECT_EQ(remote.Stack(), Texts{});
+       remote.Press("Back");
+     }},
+    {"launched again",
+     [](Remote& remote) {
+       const Texts stack = remote.Stack();
+       remote.Launch("tv-rating");
+       EXPECT_FALSE(remote.HasExited());
+       EXPECT_EQ(remote.Stack(), stack);
+       remote.Press("Back");
+     }},
 };
 
 /// Each window ends in some of the ways, and the next in others.
@@ -325,10 +343,11 @@ TEST(LifeCycle, EveryWindowEnds) {
       Tv tv(room.profile);
       Furnish(tv, room);
       test::Run({entry.menuID}, [&](Remote& remote) {
-        if (remote.Stack().empty()) return;
+        // A window that cannot be opened leaves an empty screen, which ends in the same ways.
+        const bool isOpen = CViewManager::GetInstance()->GetCurrentView() != nullptr;
+        const bool stays = ending.name == kTimeOut && Waits(entry.menuID) && isOpen;
         ending.end(remote);
-        const bool exits = ending.exits && !(ending.name == kTimeOut && Waits(entry.menuID));
-        EXPECT_TRUE(remote.HasExited() || !exits);
+        EXPECT_NE(remote.HasExited(), stays);
       });
     }
   }
@@ -352,7 +371,13 @@ void Go(const Visit& visit) {
 /// Each operation that a visit needs for good, each of its calls once, and all from one on.
 TEST(LifeCycle, AnyCallOfAVisitMayFail) {
   for (const Visit& visit :
-       {Visit{"america", "tv-rating", "Return Down Right Return Left Return Back"},
+       {Visit{"europe", "postype-sat-longitude-settings",
+              "Return XF86More 0 1 9 2 Up Return Down Return Right Back Right Return"},
+        Visit{"europe", "user-defined-transponder",
+              "Return Up Return Down Down Return Down Return Down Left Return Back"},
+        Visit{"america", "tv-rating", "Return Down Right Return Left Return Back"},
+        Visit{"america", "movie-rating", "Return Down Return Right Return"},
+        Visit{"america", "dynamic-rating", "Return Up Return Down Down Return Up Return Back Back"},
         Visit{"hdmi", "hdmi-information", "Up Return Up Return Down Return Back Back Back"},
         Visit{"europe", "signal-information", "XF86LowerChannel Left Return Up Return Back Back Back"}}) {
     Tv tv(visit.profile, 40);

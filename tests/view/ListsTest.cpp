@@ -1,6 +1,11 @@
 // The bottom popup and fine tune, worked with the remote.
+#include <Elementary.h>
+
+#include "DataList.h"
 #include "EventManager.h"
 #include "Harness.h"
+#include "ThemeNames.h"
+#include "WrapPatterns.h"
 
 using test::Remote;
 using test::Texts;
@@ -34,12 +39,14 @@ TEST(BottomPopup, OpensOnTheValueAndWritesOnlyAnother) {
     });
     EXPECT_EQ(tv.Item(kDelay), c.stored);
     EXPECT_EQ(tv.Calls("SettingsAPI::SetItemValue"), c.writes);
+    EXPECT_FALSE(test::Logged("Set Item Failed")) << "each of them was good";
   }
 }
 
 TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
-  const std::pair<const char*, const char*> steps[] = {{"Down", "1"}, {"5", "1"},  {"Down", "2"}, {"Left", "2"},
-                                                       {"Down", "3"}, {"Up", "2"}, {"Up", "1"}};
+  const std::pair<const char*, const char*> steps[] = {{"Down", "1"}, {"5", "1"},    {"Down", "2"},
+                                                       {"Left", "2"}, {"Down", "3"}, {"Up", "2"},
+                                                       {"Up", "1"},   {"Up", "Off"}, {"Down", "1"}};
   Tv tv;
   tv.TurnVoiceOn();
   test::Run({kDelay}, [&](Remote& remote) {
@@ -47,11 +54,39 @@ TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
     for (const auto& [key, focus] : steps) {
       remote.Press(key);
       EXPECT_EQ(remote.Focus(), focus) << key;
+      remote.Wait(0.5);
     }
+    EXPECT_TRUE(remote.Heard("Off, Selected, 1 of 4"));
+    EXPECT_TRUE(remote.Heard("3, 4 of 4"));
     remote.Press("Return");
     EXPECT_TRUE(remote.HasExited());
   });
   EXPECT_EQ(tv.Item(kDelay), "1");
+}
+
+// --- rows ----------------------------------------------------------------------------------------
+
+TEST(PageRows, ShowThePictureThatTheyAreGiven) {
+  constexpr const char* kHistory = "signal-information-weakhistory";
+  const std::string tick = std::string(SOURCE_DIRECTORY) + "/theme/images/tick.png";
+  Tv tv;
+  auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
+  providers[kHistory] = [&](std::vector<DataInfo>& rows) {
+    rows = {{"Shown", "1", "", "", tick}, {"Gone", "2", "", "", "/no/such/picture.png"}, {"None", "3", "", "", ""}};
+  };
+  test::Run({kHistory}, [&](Remote& remote) {
+    ASSERT_EQ(remote.RowTexts().size(), 3U);
+    const auto picture = [&](unsigned int row) {
+      return elm_object_item_part_content_get(elm_genlist_nth_item_get(remote.List(), row), theme::kRowBox);
+    };
+    const char* file = nullptr;
+    ASSERT_NE(picture(0), nullptr);
+    elm_image_file_get(picture(0), &file, nullptr);
+    EXPECT_STREQ(file, tick.c_str());
+    EXPECT_EQ(picture(1), nullptr);
+    EXPECT_EQ(picture(2), nullptr);
+  });
+  providers.erase(kHistory);
 }
 
 // --- fine tune -----------------------------------------------------------------------------------
@@ -78,6 +113,57 @@ TEST(FineTune, TheTunerFollowsTheSliderRoundBothEnds) {
     remote.Press("Down");
     EXPECT_EQ(remote.Focus(), "Save");
   });
+}
+
+/// The channel shown has this fine tuning, and the tuner holds it.
+void StoreFineTuning(int type, int byte) {
+  test::Change(
+      "UPDATE service SET fine_tune_type = ?, fine_tune_offset = ? WHERE id IN (SELECT service FROM picture WHERE "
+      "profile = 1)",
+      type, byte);
+  test::Change("REPLACE INTO fine_tune SELECT service, ? FROM picture WHERE profile = 1", byte);
+}
+
+TEST(FineTune, ShowsWhatIsStoredAtTheEndsOfAByte) {
+  constexpr int kTuned = 1, kReset = 6;
+  struct Case {
+    int type, byte;
+    const char *language, *status;
+    int slider;
+  };
+  for (const Case& c :
+       {Case{kTuned, 0, "en_US.utf8", "Fine tune:  -32", -32}, Case{kTuned, 32, "en_US.utf8", "Fine tune:  0", 0},
+        Case{kTuned, 64, "en_US.utf8", "Fine tune:  +32", 32}, Case{kTuned, 223, "en_US.utf8", "Fine tune:  +32", 32},
+        Case{kReset, 64, "en_US.utf8", "", 32}, Case{kTuned, 0, "ar_AE.utf8", " 32-", -32},
+        Case{kTuned, 64, "ar_AE.utf8", " 32+", 32}}) {
+    SCOPED_TRACE(testing::Message() << c.type << " " << c.byte << " " << c.language);
+    Tv tv;
+    tv.SetLanguage(c.language);
+    StoreFineTuning(c.type, c.byte);
+    test::Run({"fine-tune"}, [&](Remote& remote) {
+      const Texts texts = remote.Texts();
+      const auto ends = [](const std::string& end) {
+        return [end](const std::string& text) { return text.ends_with(end); };
+      };
+      const bool starred = std::any_of(texts.begin(), texts.end(), ends("*"));
+      EXPECT_EQ(starred, *c.status != 0);
+      EXPECT_TRUE(starred ? std::any_of(texts.begin(), texts.end(), ends(c.status)) : true);
+      remote.Press("Up");
+      EXPECT_EQ(remote.Focus(), Offset(c.slider));
+    });
+  }
+}
+
+TEST(FineTune, KnowsTheChannelWhicheverListIsWatched) {
+  Tv tv;
+  for (const auto& [list, isFavourites] : {std::pair{"0", false}, std::pair{"1", true}, std::pair{"6", true}}) {
+    tv.Set("db/menu/channel_list/air_mode", list);
+    test::ClearLog();
+    test::Run({"fine-tune"}, [&](Remote& remote) {
+      EXPECT_GT(remote.Texts()[1].size(), std::string("Channel: ").size()) << list;
+      EXPECT_EQ(test::Logged("[Debug]Get navi model[NAVIGATION_MODE_FAVORITES]."), isFavourites) << list;
+    });
+  }
 }
 
 TEST(FineTune, SavesResetsAndShowsBoth) {

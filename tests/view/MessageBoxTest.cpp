@@ -6,7 +6,9 @@
 #include "EventManager.h"
 #include "Harness.h"
 #include "MessageBox.h"
+#include "Usb.h"
 #include "ViewFactoryMessageBox.h"
+#include "usb_device.h"
 
 using test::Remote;
 using test::Texts;
@@ -67,6 +69,44 @@ TEST(DeviceManager, LeavesOutWhatItCannotHave) {
     devices->Initialize(true);
     EXPECT_EQ(devices->m_nDeviceCount, 1) << c.operation;
   }
+}
+
+TEST(DeviceManager, HearsOfEachStickThatComesOrGoes) {
+  namespace fs = std::filesystem;
+  Tv tv;
+  const fs::path sticks = tv.Path() + ".sticks";
+  Texts heard;
+  const auto hear = [](usb_device_h device, const char* action, void* data) {
+    const bool gone = action == std::string("blocked");
+    static_cast<Texts*>(data)->push_back((gone ? "-" : "+") + std::string(usb_device_get_product(device)));
+    free_usb_device_h(device);
+  };
+  test::Run({"tv-rating"}, [&](Remote& remote) {
+    const auto since = [&] {
+      remote.Settle();
+      return std::exchange(heard, {});
+    };
+    ASSERT_EQ(usb_set_connected_cb(hear, &heard), 0);
+    fs::create_directory(tv.Path() + ".other");
+    EXPECT_EQ(since(), Texts{});
+    desktop::PlugStick("A");
+    EXPECT_EQ(since(), Texts{"+A"}) << "the first, with which the folder comes";
+    fs::create_directory(sticks / "B");
+    desktop::UnplugStick("A");
+    desktop::PlugStick("A");
+    EXPECT_EQ(since(), (Texts{"+B", "-A", "+A"}));
+    fs::rename(sticks, tv.Path() + ".away");
+    EXPECT_EQ(since(), (Texts{"-A", "-B"}));
+    fs::create_directory(tv.Path() + ".away/C");
+    EXPECT_EQ(since(), Texts{}) << "it is no folder of sticks now";
+    fs::rename(tv.Path() + ".away", sticks);
+    EXPECT_EQ(since(), (Texts{"+A", "+B", "+C"}));
+    fs::remove_all(sticks);
+    EXPECT_EQ(since().size(), 3U);
+    usb_unset_connected_cb();
+    desktop::PlugStick("A");
+    EXPECT_EQ(since(), Texts{});
+  });
 }
 
 // --- what a box says and offers ------------------------------------------------------------------
@@ -230,8 +270,11 @@ TEST(MessageBox, AConfirmedImportGoesOnWithWhatTheSticksHold) {
           test::ClearLog();
           remote.Press("Return");
         }
-        EXPECT_EQ(TakeSteps(), Texts{std::string(menuID) + " " + std::to_string(c.next)});
-        EXPECT_EQ(CDeviceManager::GetInstance()->GetDevices().size(), c.archives.size()) << "the next step needs them";
+        const Texts steps = TakeSteps();
+        ASSERT_FALSE(steps.empty());
+        EXPECT_EQ(steps[0], std::string(menuID) + " " + std::to_string(c.next));
+        // None of the archives is one: a copy ends there.
+        EXPECT_TRUE(c.next == 2 || CDeviceManager::GetInstance()->GetDevices().size() == c.archives.size());
       });
     }
   }

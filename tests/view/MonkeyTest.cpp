@@ -19,6 +19,7 @@
 #include "Harness.h"
 #include "Keys.h"
 #include "Screen.h"
+#include "Usb.h"
 #include "View.h"
 #include "ViewTable.h"
 
@@ -269,16 +270,15 @@ class Monkey {
   }
 
   void Plug(Remote&) {
-    const fs::path directory = fs::path(m_tv->Path()).parent_path();
     const std::string name = Chance(70) ? std::string(1, static_cast<char>('A' + Below(3))) : Bytes(60);
-    const fs::path stick = directory / name;
+    const fs::path stick = desktop::UsbDirectory() / name;
     std::error_code error;
     if (fs::is_directory(stick, error)) {
       Did("unplug " + name);
       fs::remove_all(stick, error);
       return;
     }
-    fs::create_directory(stick, error);
+    fs::create_directories(stick, error);
     const unsigned int archives = Below(4);
     for (unsigned int i = 0; i < archives; ++i) {
       std::ofstream(stick / ((Chance(50) ? "list" + std::to_string(i) : Bytes(100)) + ".zip")) << "x";

@@ -1,0 +1,306 @@
+// One file onto a stick, on its thread: all of it or none, whatever happens on the way.
+#include <Ecore.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <mutex>
+#include <semaphore>
+#include <sstream>
+#include <thread>
+
+#include "Clock.h"
+#include "LogOutput.h"
+#include "TemporaryDirectory.h"
+#include "filecopy.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr size_t kSize = 300'000;
+
+std::mutex g_logMutex;
+std::string g_log;
+
+void KeepLine(int, const char* line) {
+  const std::lock_guard lock(g_logMutex);
+  g_log += line;
+}
+
+bool Logged(const std::string& text) {
+  const std::lock_guard lock(g_logMutex);
+  return g_log.find(text) != g_log.npos;
+}
+
+/// Whatever the tests' clock says.
+void Pause() {
+  const timespec pause{0, 1'000'000};
+  syscall(SYS_nanosleep, &pause, nullptr);
+}
+
+std::string Contents(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+void Put(const fs::path& path, const std::string& contents) { std::ofstream(path, std::ios::binary) << contents; }
+
+class UsbCopy : public testing::Test {
+ protected:
+  /// It cannot be brought up twice.
+  static void KeepToolkit() {
+    static const bool up = [] {
+      ecore_app_no_system_modules();
+      std::atexit([] { ecore_shutdown(); });
+      return ecore_init() > 0;
+    }();
+    ASSERT_TRUE(up);
+  }
+
+  UsbCopy() : m_main(std::this_thread::get_id()) {
+    KeepToolkit();
+    desktop::LogToStandardError(desktop::LogLevel::kOff);
+    desktop::WatchLog(KeepLine);
+    g_log.clear();
+    fs::create_directory(m_directory / "stick");
+    for (size_t i = 0; i < kSize; ++i) m_bytes += static_cast<char>(i * 7 + i / 251);
+    Put(Source(), m_bytes);
+  }
+  ~UsbCopy() override {
+    test::OnSleep(nullptr);
+    desktop::WatchLog(nullptr);
+  }
+
+  fs::path Source() const { return m_directory / "list.zip"; }
+  fs::path Stick() const { return m_directory / "stick"; }
+  fs::path Target() const { return Stick() / "Channel_list_x.zip"; }
+
+  /// Stops the copy's thread in its pause behind so many chunks, until `GoOn`.
+  void StopBehind(int chunks) {
+    test::OnSleep([this, chunks] {
+      if (std::this_thread::get_id() == m_main) return m_onPoll();
+      if (++m_chunks != chunks) return;
+      m_reached.release();
+      m_goOn.acquire();
+    });
+  }
+  void AwaitStop() { m_reached.acquire(); }
+  void GoOn() { m_goOn.release(); }
+
+  static void Turn() {
+    ecore_main_loop_iterate();
+    Pause();
+  }
+  /// As a window does: looks while the thread works.
+  static bool Finish(const CUsbCopyThread& copy) {
+    for (int i = 0, last = 0; i < 20'000 && !copy.IsFinished(); ++i) {
+      Turn();
+      EXPECT_GE(copy.GetProgress(), last);
+      last = copy.GetProgress();
+    }
+    return copy.IsFinished();
+  }
+  static bool Until(const std::function<bool()>& holds) {
+    for (int i = 0; i < 20'000 && !holds(); ++i) Pause();
+    return holds();
+  }
+  std::vector<std::string> OnStick() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(Stick())) names.push_back(entry.path().filename());
+    return names;
+  }
+  /// The stick has the older export, and nothing else.
+  void ExpectOld() const {
+    EXPECT_EQ(Contents(Target()), "old");
+    EXPECT_EQ(OnStick().size(), 1U);
+  }
+
+  const test::TemporaryDirectory m_directory;
+  const std::thread::id m_main;
+  std::string m_bytes;
+  int m_chunks = 0;
+  std::function<void()> m_onPoll = [] {};
+  std::binary_semaphore m_reached{0}, m_goOn{0};
+};
+
+TEST_F(UsbCopy, GoesInThreeHundredChunksAndIsThereOnlyWhenItIsWhole) {
+  struct Case {
+    size_t size, chunk;
+    int chunks;
+  };
+  for (const auto& [size, chunk, chunks] : {Case{kSize, 1000, 300}, Case{300'100, 1000, 301}, Case{1000, 3, 334},
+                                            Case{299, 1, 299}, Case{1, 1, 1}, Case{0, 1, 0}}) {
+    SCOPED_TRACE(size);
+    m_bytes.resize(size, 'z');
+    Put(Source(), m_bytes);
+    Put(Target(), "old");
+    m_chunks = 0;
+    int early = 0;
+    CUsbCopyThread copy(Source(), Target());
+    test::OnSleep([&] {
+      ++m_chunks;
+      early += copy.GetProgress() == 100 || Contents(Target()) != "old";
+    });
+    copy.Create();
+    ASSERT_TRUE(Finish(copy));
+    EXPECT_EQ(copy.GetEnd(), CopyEnd::kWhole);
+    EXPECT_EQ(copy.GetProgress(), size ? 100 : 0);
+    EXPECT_EQ(early, 0) << "done before it was";
+    EXPECT_EQ(m_chunks, chunks);
+    EXPECT_TRUE(Contents(Target()) == m_bytes);
+    EXPECT_EQ(OnStick().size(), 1U);
+    EXPECT_TRUE(Logged("nCopyLength=" + std::to_string(chunk) + "\n"));
+    EXPECT_TRUE(Logged("copied " + std::to_string(size) + " from " + Source().string() +
+                       " (file size: " + std::to_string(size) + ") to " + Target().string()));
+  }
+  CUsbCopyThread copy(Source(), Target());
+  copy.Create();
+  copy.Create();
+  EXPECT_TRUE(Logged("already created"));
+  EXPECT_TRUE(Finish(copy));
+}
+
+TEST_F(UsbCopy, CancelledAtEachTenthLeavesTheOlderFile) {
+  Put(Target(), "old");
+  for (int tenth = 0; tenth <= 10; ++tenth) {
+    SCOPED_TRACE(tenth);
+    m_chunks = 0;
+    g_log.clear();
+    StopBehind(std::max(1, 30 * tenth));
+    m_onPoll = [&, first = true]() mutable {
+      if (std::exchange(first, false)) GoOn();
+      Until([] { return Logged("FileTransfer end"); });
+      Pause();
+    };
+    CUsbCopyThread copy(Source(), Target());
+    copy.Create();
+    AwaitStop();
+    EXPECT_LT(copy.GetProgress(), 100);
+    EXPECT_EQ(copy.GetProgress(), tenth ? 10 * tenth - (tenth == 10) : 0);
+    copy.Destroy();
+    EXPECT_TRUE(Logged("transfer cancelled after "));
+    ASSERT_TRUE(Finish(copy));
+    EXPECT_EQ(copy.GetEnd(), CopyEnd::kCancelled);
+    ExpectOld();
+  }
+}
+
+TEST_F(UsbCopy, AThreadThatOutlivesItsWindowTouchesNothingOfIt) {
+  Put(Target(), "old");
+  StopBehind(150);
+  auto copy = std::make_unique<CUsbCopyThread>(Source(), Target());
+  copy->Create();
+  AwaitStop();
+  copy->Destroy();
+  EXPECT_TRUE(Logged("transfer cancelled after 200 ms"));
+  copy.reset();
+  GoOn();
+  EXPECT_TRUE(Until([] { return Logged("FileTransfer end"); }));
+  for (int i = 0; i < 2000 && !Logged("m_SendCopyThreadEndEvent is called"); ++i) Turn();
+  EXPECT_TRUE(Logged("m_SendCopyThreadEndEvent is called"));
+  ExpectOld();
+}
+
+TEST_F(UsbCopy, LetGoWithoutAWordItStopsToo) {
+  StopBehind(10);
+  auto copy = std::make_unique<CUsbCopyThread>(Source(), Target());
+  copy->Create();
+  AwaitStop();
+  copy.reset();
+  GoOn();
+  for (int i = 0; i < 2000 && !Logged("m_SendCopyThreadEndEvent is called"); ++i) Turn();
+  EXPECT_TRUE(OnStick().empty());
+}
+
+TEST_F(UsbCopy, WhatCannotBeOpenedEndsItAndIsLeftAlone) {
+  const fs::path elsewhere = m_directory / "elsewhere";
+  Put(elsewhere, "mine");
+  struct Case {
+    const char* name;
+    fs::path source, target;
+    CopyEnd end;
+    const char* log;
+  };
+  fs::create_symlink(Source(), m_directory / "link.zip");
+  fs::create_symlink(elsewhere, Stick() / "link.zip");
+  fs::create_symlink(elsewhere, Stick() / "other.zip.part");
+  for (const auto& [name, source, target, end, log] :
+       {Case{"no source", m_directory / "none", Target(), CopyEnd::kNoSource, "Fail to fopen in_file"},
+        Case{"a link as source", m_directory / "link.zip", Target(), CopyEnd::kNoSource, "is symbolic link."},
+        Case{"a folder as source", Stick(), Target(), CopyEnd::kNoSource, "Fail to fopen in_file"},
+        Case{"a link as target", Source(), Stick() / "link.zip", CopyEnd::kNoDestination, "is symbolic link."},
+        Case{"a link in the way", Source(), Stick() / "other.zip", CopyEnd::kNoDestination, "Fail to fopen out_file"},
+        Case{"no stick", Source(), m_directory / "gone" / "a.zip", CopyEnd::kNoDestination, "errno: No such file"}}) {
+    SCOPED_TRACE(name);
+    g_log.clear();
+    CUsbCopyThread copy(source, target);
+    copy.Create();
+    ASSERT_TRUE(Finish(copy));
+    EXPECT_EQ(copy.GetEnd(), end);
+    EXPECT_TRUE(Logged(log));
+    EXPECT_EQ(copy.GetProgress(), 0);
+    EXPECT_EQ(Contents(elsewhere), "mine");
+    EXPECT_FALSE(fs::exists(Target()));
+  }
+}
+
+TEST_F(UsbCopy, ASourceThatChangesMeanwhileIsNotTakenForWhole) {
+  Put(Target(), "old");
+  for (const size_t size : {kSize / 2, kSize * 2}) {
+    m_chunks = 0;
+    StopBehind(200);
+    CUsbCopyThread copy(Source(), Target());
+    copy.Create();
+    AwaitStop();
+    fs::resize_file(Source(), size);
+    GoOn();
+    ASSERT_TRUE(Finish(copy));
+    EXPECT_EQ(copy.GetEnd(), CopyEnd::kReadError);
+    EXPECT_LT(copy.GetProgress(), 100);
+    ExpectOld();
+    Put(Source(), m_bytes);
+  }
+}
+
+/// A limit on files is what every user can set; a small file system answers in the same way.
+TEST_F(UsbCopy, AStickThatFillsUpKeepsTheOlderFile) {
+  Put(Target(), "old");
+  rlimit before;
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{kSize / 2, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  CUsbCopyThread copy(Source(), Target());
+  copy.Create();
+  const bool finished = Finish(copy);
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, ignored);
+  ASSERT_TRUE(finished);
+  EXPECT_EQ(copy.GetEnd(), CopyEnd::kNoSpace);
+  EXPECT_TRUE(Logged("write error, file: " + Target().string()));
+  EXPECT_LT(copy.GetProgress(), 100);
+  ExpectOld();
+}
+
+/// The folder is the stick: it goes with what is in it, and another comes in its place.
+TEST_F(UsbCopy, AnotherStickInItsPlaceGetsNothing) {
+  StopBehind(150);
+  CUsbCopyThread copy(Source(), Target());
+  copy.Create();
+  AwaitStop();
+  fs::rename(Stick(), m_directory / "pulled");
+  fs::create_directory(Stick());
+  GoOn();
+  ASSERT_TRUE(Finish(copy));
+  EXPECT_TRUE(OnStick().empty());
+  EXPECT_TRUE(Contents(m_directory / "pulled/Channel_list_x.zip") == m_bytes) << "what is held open is written";
+}
+
+}  // namespace

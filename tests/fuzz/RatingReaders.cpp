@@ -1,0 +1,163 @@
+// Rating systems: names as they may come from a broadcast, and texts that are to be put in place of one.
+#include <json/json.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "Fuzz.h"
+#include "Gate.h"
+#include "Harness.h"
+#include "RatingJson.h"
+#include "RatingUitil.h"
+#include "Utils.h"
+#include "Verbs.h"
+
+using desktop::RatingSystem;
+
+namespace fuzz {
+
+namespace {
+
+constexpr ERRTRegion kRegion = RRT_REGION_DOWNLOADABLE;
+constexpr size_t kMost = 511;
+
+/// What the program makes of the system on air, which quirelle-tv makes of it too.
+std::string OnAirNow() {
+  std::string json = Utils::WrapMallocdString(RatingUtils::GetRatingInfoAsJsonString());
+  Want((json.empty() ? "null" : json) == RatingJson(desktop::ReadRatingSystem(kRegion)), "one form of a system");
+  return json;
+}
+
+// --- names ---------------------------------------------------------------------------------------
+
+std::string Hexadecimal(const std::string& bytes) {
+  std::string digits;
+  for (const char byte : bytes) digits += Format("%02X", static_cast<unsigned char>(byte));
+  return digits;
+}
+
+std::string FromHexadecimal(const std::string& digits) {
+  std::string bytes;
+  for (size_t i = 0; i + 1 < digits.size(); i += 2) {
+    bytes += static_cast<char>(std::strtol(digits.substr(i, 2).c_str(), nullptr, 16));
+  }
+  return bytes;
+}
+
+/// Bytes as digits: texts that are made here cannot hold every byte.
+std::string MakeName(Dice& dice) {
+  const char* const kPieces[] = {"a", "ä", "€", "📺", "قناة", "Violence", "\n", "\xED\xA0\x80", "\xED\xB0\x80"};
+  std::string bytes;
+  do {
+    const unsigned int often = dice.Chance(90) ? 1 : dice.Below(300);
+    // Broken characters are rare, so that most names come to their end.
+    const std::string piece = desktop::OnAir(kPieces[dice.Below(dice.Chance(95) ? 7 : 9)]);
+    for (unsigned int i = 0; i < often; ++i) bytes += piece;
+  } while (dice.Chance(80));
+  if (dice.Chance(5)) bytes += static_cast<char>(dice.Below(256));
+  if (dice.Chance(5)) bytes.insert(dice.Below(static_cast<unsigned int>(bytes.size()) + 1), std::string(2, '\0'));
+  if (dice.Chance(10)) {
+    for (char& byte : bytes) byte = static_cast<char>(dice.Below(256));
+  }
+  if (dice.Chance(5)) bytes.resize(kMost + dice.Below(2), 'a');
+  return Hexadecimal(bytes);
+}
+
+/// A character of UTF-16; nothing when it is broken or the end.
+std::optional<unsigned int> CharacterAt(const std::string& bytes, size_t at) {
+  const auto unit = [&](size_t i) -> unsigned int {
+    if (i + 2 > bytes.size()) return 0;
+    return static_cast<unsigned char>(bytes[i]) * 256U + static_cast<unsigned char>(bytes[i + 1]);
+  };
+  const unsigned int first = unit(at), second = unit(at + 2);
+  if (first == 0 || (first & 0xFC00) == 0xDC00) return {};
+  if ((first & 0xFC00) != 0xD800) return first;
+  if ((second & 0xFC00) != 0xDC00) return {};
+  return 0x10000 + (first & 0x3FF) * 0x400 + (second & 0x3FF);
+}
+
+std::string Utf8(unsigned int character) {
+  if (character < 0x80) return {static_cast<char>(character)};
+  const int more = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+  std::string text(1, static_cast<char>((0xFF00 >> (more + 1)) | character >> (6 * more)));
+  for (int i = more - 1; i >= 0; --i) text += static_cast<char>(0x80 | (character >> (6 * i) & 0x3F));
+  return text;
+}
+
+/// As a name is to be shown, and whether that is all of it.
+std::pair<std::string, bool> Shown(const std::string& bytes) {
+  const std::string received = bytes.substr(0, kMost);
+  std::string text;
+  size_t at = 0;
+  while (const auto character = CharacterAt(received, at)) {
+    const std::string more = Utf8(*character);
+    if (text.size() + more.size() > kMost) break;
+    text += more;
+    at += *character > 0xFFFF ? 4 : 2;
+  }
+  return {text, at == bytes.size()};
+}
+
+bool ReadName(const std::string& input) {
+  const std::string bytes = FromHexadecimal(input);
+  desktop::WriteRatingSystem(kRegion, {bytes, {{bytes, {{bytes}, {bytes}}}}});
+  const std::string json = OnAirNow();
+  Json::Value read;
+  std::istringstream(json) >> read;
+  const auto [shown, whole] = Shown(bytes);
+  for (const Json::Value& name : {read["RegionName"], read["Names"][0], read["RatingNames"][0][1]}) {
+    Want(name.asString() == shown, "a name up to where it is broken or cut");
+  }
+  desktop::WriteRatingSystem(kRegion, ParseRatingJson(json));
+  Want(OnAirNow() == json, "what is written is read again");
+  return whole;
+}
+
+// --- texts ---------------------------------------------------------------------------------------
+
+std::string MakeSystem(Dice& dice) {
+  const auto name = [&] { return desktop::RatingName(FromHexadecimal(dice.Chance(90) ? MakeName(dice) : "")); };
+  RatingSystem system{name(), {}};
+  for (unsigned int d = dice.Below(4); d > 0; --d) {
+    auto& dimension = system.dimensions.emplace_back(desktop::RatingDimension{name(), {}});
+    for (unsigned int v = dice.Below(4); v > 0; --v) dimension.values.push_back({name()});
+  }
+  return dice.Mutated(RatingJson(system));
+}
+
+bool Load(const std::string& file) {
+  const Silence silence(stdout);
+  try {
+    return RatingVerbs()[0].run({"load", file}) == 0;
+  } catch (const std::runtime_error& error) {
+    const std::string_view said = error.what();
+    Want(said.starts_with(file + ": ") && said.size() > file.size() + 2, "says of which file it is, and what");
+    return false;
+  }
+}
+
+/// One system after the other takes the place of the last, or changes nothing.
+bool ReadSystem(const std::string& input) {
+  static const std::string file =
+      (std::filesystem::path(desktop::Store::Get().Path()).parent_path() / "fuzz-rating.json").string();
+  const std::string before = OnAirNow();
+  std::ofstream(file, std::ios::binary | std::ios::trunc) << input;
+  const bool read = Load(file);
+  const std::string after = OnAirNow();
+  Want(read || after == before, "a text that cannot be read changes nothing");
+  if (!read) return false;
+  std::ofstream(file, std::ios::binary | std::ios::trunc) << after;
+  test::Change("UPDATE rating_value SET locked = 1");
+  Want(Load(file) && OnAirNow() == after, "what is written is read again");
+  Want(test::Ask("SELECT count(*) FROM rating_value WHERE locked") == "0", "the locks of a new system are off");
+  return true;
+}
+
+}  // namespace
+
+std::vector<Reader> RatingReaders() {
+  return {{"rating names", 4, MakeName, ReadName}, {"rating systems", 10, MakeSystem, ReadSystem}};
+}
+
+}  // namespace fuzz

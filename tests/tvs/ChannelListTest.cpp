@@ -1,0 +1,519 @@
+// The channel list to an archive and back; archives that are none; a list that is refused changes nothing.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "../e2e/Process.h"
+#include "ArchiveMaker.h"
+#include "Clock.h"
+#include "TvsTest.h"
+#include "tvs/ArchiveFile.h"
+#include "tvs/ChannelList.h"
+
+using namespace desktop;
+using test::Ask;
+using test::Change;
+using test::ListTexts;
+using test::MakeZip;
+using test::ZipEntry;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int64_t kMostGrowth = 64 << 20;
+
+void Put(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+
+/// Every column of every record, as SQL writes it.
+std::string ListInUse() {
+  std::string all;
+  for (const char* table : {"satellite", "transponder", "service", "fine_tune"}) {
+    Query q("SELECT * FROM " + std::string(table) + " ORDER BY 1");
+    all += std::string(table) + "\n";
+    while (q.Row()) {
+      for (int i = 0; i < 26; ++i) all += (q.IsNull(i) ? "NULL" : "'" + q.Text(i) + "'") + "|";
+      all += "\n";
+    }
+  }
+  return all;
+}
+
+/// A list that uses what a list can hold.
+void Decorate() {
+  Change(
+      "UPDATE service SET favourites = id % 32, locked_mode = id % 2, fine_tune_type = 1, fine_tune_offset = 35 "
+      "WHERE id % 3 = 0");
+  Change("UPDATE service SET major = 60000 - id, minor = id % 7, favourites = NULL WHERE id % 5 = 1");
+  const char* const names[] = {
+      "", "\"quoted\", with a comma", "\"", "Kurz & Gut <br>", "קול ישראל", "한국방송 一", "\xF0\x9F\x93\xBA"};
+  int64_t id = 1;
+  for (const char* name : names) Change("UPDATE service SET name = ? WHERE id = ?", name, id++);
+  Change("UPDATE service SET name = NULL, transponder = NULL, satellite = NULL, profile = NULL WHERE id = 8");
+  Change("UPDATE satellite SET name = 'Mine', low = 5150000, diseqc = 3, motorised = 1 - motorised WHERE id = 65505");
+  Change(
+      "INSERT INTO transponder (id, satellite, antenna, frequency, user_defined) VALUES (2000000, 65505, 2, 11493000, "
+      "1)");
+  Change("INSERT INTO fine_tune SELECT id, id % 64 FROM service WHERE id % 4 = 0");
+}
+
+/// Bytes that the process has had at most since `StartGrowth`, more than it had then.
+class Growth {
+ public:
+  Growth() {
+    Put("/proc/self/clear_refs", "5");
+    m_before = Read("VmRSS:");
+  }
+  int64_t Bytes() const { return Read("VmHWM:") - m_before; }
+
+ private:
+  static int64_t Read(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+      int64_t kibibytes = 0;
+      if (word == name && status >> kibibytes) return kibibytes * 1024;
+    }
+    return 0;
+  }
+  int64_t m_before = 0;
+};
+
+class ChannelList : public testing::Test {
+ protected:
+  std::string Path(const std::string& name = "list.zip") const { return m_directory / name; }
+
+  /// The archive is refused like that, and the list is the same as before.
+  void ExpectRefused(ListStatus status, const std::string& path) {
+    const std::string before = ListInUse();
+    const ListOutcome outcome = ImportChannelList(path);
+    EXPECT_EQ(outcome.status, status) << outcome.what;
+    EXPECT_FALSE(outcome.what.empty());
+    EXPECT_TRUE(ListInUse() == before);
+    EXPECT_EQ(CheckChannelList(path).outcome.status, status);
+  }
+
+  const test::TemporaryDirectory m_directory;
+};
+
+class SmallChannelList : public ChannelList {
+ protected:
+  SmallChannelList() : m_tv("hdmi", 3) { Decorate(); }
+  test::Tv m_tv;
+};
+
+// --- there and back ------------------------------------------------------------------------------
+
+TEST_F(ChannelList, ComesBackColumnByColumnOnEachProfile) {
+  std::vector<long> sizes = {0, 100, 10'000};
+  if (const char* more = std::getenv("QUIRELLE_SERVICES")) sizes.push_back(std::atol(more));
+  for (const char* profile : {"europe", "america", "brazil", "hdmi"}) {
+    for (const long size : sizes) {
+      SCOPED_TRACE(std::string(profile) + " " + std::to_string(size));
+      std::string list;
+      {
+        const test::Tv tv(profile, size);
+        Decorate();
+        list = ListInUse();
+        const Growth growth;
+        ASSERT_EQ(ExportChannelList(Path()).what, "");
+        EXPECT_LT(growth.Bytes(), kMostGrowth);
+      }
+      const test::Tv other(profile, 50);
+      Change("UPDATE transponder SET fec = 1");
+      ASSERT_TRUE(ListInUse() != list);
+      const Growth growth;
+      ASSERT_EQ(ImportChannelList(Path()).what, "");
+      EXPECT_LT(growth.Bytes(), kMostGrowth);
+      EXPECT_TRUE(ListInUse() == list);
+      EXPECT_EQ(Ask("PRAGMA integrity_check"), "ok");
+    }
+  }
+}
+
+TEST_F(ChannelList, TheSetGoesOnWithWhatTheNewListHas) {
+  const test::Tv tv("europe", 100);
+  Change("DELETE FROM service WHERE id = 1 OR id > 50");
+  ASSERT_EQ(ExportChannelList(Path()).what, "");
+  const test::Tv other("europe", 100);
+  Change("UPDATE picture SET service = iif(profile = 1, 1, 51)");
+  Change("INSERT INTO recorder VALUES (60, 1, 0), (3, 1, 0)");
+  Change("REPLACE INTO shown VALUES (1, 2, 1, 1), (1, 2, 7, 60), (101, 2, 1, 2), (101, 0, -1, 3)");
+  Change("INSERT INTO fine_tune VALUES (60, 5)");
+  ASSERT_EQ(ImportChannelList(Path()).what, "");
+  EXPECT_EQ(Ask("SELECT service FROM picture WHERE profile = 1"), "2") << "the first of its mode";
+  EXPECT_EQ(Ask("SELECT count(*) FROM picture p JOIN service s ON s.id = p.service WHERE s.antenna = p.antenna AND "
+                "s.service_mode = p.service_mode AND s.transponder IS p.transponder"),
+            Ask("SELECT count(*) FROM picture WHERE service NOT NULL"));
+  EXPECT_EQ(Ask("SELECT group_concat(service) FROM recorder"), "3");
+  EXPECT_EQ(Ask("SELECT group_concat(service) FROM shown"), "2");
+  EXPECT_EQ(Ask("SELECT count(*) FROM fine_tune"), "0");
+}
+
+TEST_F(SmallChannelList, WhatNoListMayHoldIsPutRightOnTheWayOut) {
+  Change(
+      "UPDATE service SET satellite = 7, transponder = 4711, name = CAST(x'41C3280A42EDA08000' AS TEXT) WHERE id = 1");
+  Change("UPDATE service SET name = ? WHERE id = 2", std::string(5000, 'x') + "\xC3\xA4");
+  Change("INSERT INTO fine_tune VALUES (999, 1)");
+  ASSERT_EQ(ExportChannelList(Path()).what, "");
+  ASSERT_EQ(ImportChannelList(Path()).what, "");
+  EXPECT_EQ(Ask("SELECT satellite IS NULL AND transponder IS NULL AND major FROM service WHERE id = 1"),
+            Ask("SELECT major > 0 FROM service WHERE id = 1"));
+  EXPECT_EQ(Ask("SELECT name FROM service WHERE id = 1"),
+            "A\xEF\xBF\xBD(\xEF\xBF\xBD"
+            "B\xEF\xBF\xBD\xEF\xBF\xBD");
+  EXPECT_EQ(Ask("SELECT length(name) FROM service WHERE id = 2"), "4096");
+  EXPECT_EQ(Ask("SELECT count(*) FROM fine_tune"), "0");
+
+  Change("UPDATE service SET major = 70000 WHERE id = 3");
+  Put(Path(), "old");
+  const ListOutcome outcome = ExportChannelList(Path());
+  EXPECT_EQ(outcome.status, kListFailed);
+  EXPECT_EQ(outcome.what, "service 3: no list can hold its major, 70000");
+  EXPECT_EQ(test::ReadWhole(Path()), "old");
+}
+
+TEST_F(SmallChannelList, AnExportThatFailsLeavesWhatWasThere) {
+  const std::string old = "an older one";
+  Put(Path(), old);
+  Put(Path() + ".part", "what a killed one left");
+  fs::create_directory(Path("folder.zip"));
+  EXPECT_EQ(ExportChannelList(Path("folder.zip")).status, kListFailed);
+  EXPECT_EQ(ExportChannelList(Path("none/list.zip")).status, kListFailed);
+  fs::create_symlink(Path(), Path("link.zip.part"));
+  EXPECT_EQ(ExportChannelList(Path("link.zip")).status, kListFailed);
+  m_tv.Fail("Util::GetServiceDb");
+  CTVSApiWrapper api;
+  EXPECT_EQ(api.CreateUtil()->GetServiceDb(Path()), 0);
+  m_tv.Heal();
+  Change("UPDATE tv_state SET value = 0 WHERE name = 'country_letters'");
+  EXPECT_EQ(ExportChannelList(Path()).what, "the TV does not know which country it is in");
+  EXPECT_EQ(test::ReadWhole(Path()), old);
+  EXPECT_FALSE(fs::exists(Path() + ".part"));
+  Change("UPDATE tv_state SET value = 4478277 WHERE name = 'country_letters'");
+  EXPECT_EQ(api.CreateUtil()->GetServiceDb(Path()), 1);
+  EXPECT_EQ(CheckChannelList(Path()).outcome.what, "");
+}
+
+// --- what is in one ------------------------------------------------------------------------------
+
+TEST_F(SmallChannelList, ACheckCountsWhatAnImportWouldChange) {
+  ASSERT_EQ(ExportChannelList(Path()).what, "");
+  EXPECT_EQ(CheckChannelList(Path()).differences[kServiceTable], (ListDifference{0, 0, 0}));
+  Change("UPDATE service SET name = NULL WHERE id = 1");
+  Change("DELETE FROM service WHERE id = 2");
+  Change("INSERT INTO service (id, antenna, service_mode) VALUES (50, 0, -1), (51, 0, -1)");
+  Change("UPDATE transponder SET strength = 100 - strength");
+  const std::string before = ListInUse();
+  const ListContents contents = CheckChannelList(Path());
+  EXPECT_EQ(contents.outcome.what, "");
+  EXPECT_EQ(contents.manifest->entries[kServiceTable].records, 3);
+  EXPECT_EQ(contents.differences[kSatelliteTable], (ListDifference{0, 0, 0}));
+  EXPECT_EQ(contents.differences[kTransponderTable],
+            (ListDifference{0, contents.manifest->entries[kTransponderTable].records, 0}));
+  EXPECT_EQ(contents.differences[kServiceTable], (ListDifference{1, 1, 2}));
+  EXPECT_TRUE(ListInUse() == before);
+}
+
+// --- hostile archives ----------------------------------------------------------------------------
+
+struct Hostile {
+  const char* name;
+  ListStatus status;
+  std::function<std::string(ListTexts&)> make;
+};
+
+/// The archive with one entry changed.
+std::string With(const ListTexts& list, const std::string& entry, const std::function<void(ZipEntry&)>& change) {
+  std::vector<ZipEntry> entries = list.Entries();
+  for (ZipEntry& one : entries) {
+    if (one.name == entry) change(one);
+  }
+  return MakeZip(entries);
+}
+
+/// A field of the first channel, in an archive that says the truth of itself.
+std::string WithField(ListTexts& list, ListTableIndex table, size_t field, const std::string& value) {
+  std::string& text = list.Of(table);
+  const size_t line = text.find('\n') + 1, end = text.find('\n', line);
+  std::vector<std::string> fields;
+  std::istringstream stream(text.substr(line, end - line) + ",");
+  for (std::string one; std::getline(stream, one, ',');) fields.push_back(one);
+  fields.at(field) = value;
+  std::string made;
+  for (const std::string& one : fields) made += (made.empty() ? "" : ",") + one;
+  text.replace(line, end - line, made);
+  return list.Seal().Zip();
+}
+
+std::string Service(ListTexts& list, const char* column, const std::string& value) {
+  size_t field = 0;
+  for (const ListColumn& each : kListFormatTables[kServiceTable].columns) {
+    if (std::string(each.name) == column) return WithField(list, kServiceTable, field, value);
+    ++field;
+  }
+  throw std::runtime_error(column);
+}
+
+std::string Replaced(std::string text, const std::string& what, const std::string& by) {
+  const size_t at = text.find(what);
+  if (at == text.npos) throw std::runtime_error("no " + what);
+  return text.replace(at, what.size(), by);
+}
+
+std::string WithManifest(ListTexts& list, const std::string& what, const std::string& by) {
+  list.manifestText = Replaced(WriteManifest(list.manifest), what, by);
+  return list.Zip();
+}
+
+const Hostile kHostile[] = {
+    {"nothing", kListDamaged, [](ListTexts&) { return std::string(); }},
+    {"no archive", kListDamaged, [](ListTexts&) { return std::string(100'000, 'P'); }},
+    {"an archive of nothing", kListDamaged, [](ListTexts&) { return MakeZip({}); }},
+    {"somebody's pictures", kListDamaged,
+     [](ListTexts&) {
+       return MakeZip({{"a.jpg", "x"}, {"b.jpg", "y"}});
+     }},
+    {"something behind it", kListDamaged, [](ListTexts& list) { return list.Zip() + "x"; }},
+    {"a second end in its remark", kListDamaged,
+     [](ListTexts& list) {
+       const std::string zip = list.Zip(), end = zip.substr(zip.size() - 22);
+       return zip.substr(0, zip.size() - 2) + std::string("\x16\0", 2) + end;
+     }},
+    {"100,000 entries", kListDamaged,
+     [](ListTexts& list) {
+       std::vector<ZipEntry> entries = list.Entries();
+       for (int i = 0; i < 100'000; ++i) entries.push_back({std::to_string(i), "", false});
+       return MakeZip(entries);
+     }},
+    {"65,541 entries, which counts as five", kListDamaged,
+     [](ListTexts& list) {
+       std::vector<ZipEntry> entries = list.Entries();
+       for (int i = 0; i < 65'536; ++i) entries.push_back({std::to_string(i), "", false});
+       return MakeZip(entries);
+     }},
+    {"an entry twice", kListDamaged,
+     [](ListTexts& list) {
+       std::vector<ZipEntry> entries = list.Entries();
+       entries[0] = entries[2];
+       return MakeZip(entries);
+     }},
+    {"an entry more", kListDamaged,
+     [](ListTexts& list) {
+       std::vector<ZipEntry> entries = list.Entries();
+       entries.push_back({"more.csv", "x"});
+       return MakeZip(entries);
+     }},
+    {"../", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.name = "../services.csv"; }); }},
+    {"an absolute path", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.name = "/services.csv"; }); }},
+    {"capitals", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.name = "SERVICES.CSV"; }); }},
+    {"a link", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.attributes = 0120777u << 16; }); }},
+    {"a folder", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.attributes = 0040777u << 16; }); }},
+    {"encrypted", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.flags = 1; }); }},
+    {"strongly encrypted", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.flags = 1 | 1 << 6; }); }},
+    {"packed with bzip2", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.method = 12; }); }},
+    {"packed as nobody packs", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.method = 77; }); }},
+    {"a wrong checksum", kListDamaged,
+     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.checksum = 1; }); }},
+    {"shorter than it says", kListDamaged,
+     [](ListTexts& list) {
+       return With(list, "fine-tuning.csv", [](ZipEntry& e) { e.data.resize(10), e.size = 15; });
+     }},
+    {"longer than it says", kListDamaged,
+     [](ListTexts& list) {
+       return With(list, "services.csv", [](ZipEntry& e) {
+         e.size = static_cast<uint32_t>(e.data.size());
+         e.data += std::string(1 << 20, 'x');
+       });
+     }},
+    {"sizes of 64 bits", kListDamaged,
+     [](ListTexts& list) {
+       return With(list, "services.csv", [](ZipEntry& e) {
+         e.size = 0xFFFFFFFF;
+         e.extra = std::string("\1\0\x8\0", 4) + std::string(7, '\xFF') + "\x7F";
+       });
+     }},
+    {"an end of 64 bits", kListDamaged,
+     [](ListTexts& list) {
+       const std::string zip = list.Zip();
+       std::string locator = std::string("PK\6\7", 4) + std::string(16, '\0');
+       return zip.substr(0, zip.size() - 22) + locator + zip.substr(zip.size() - 22);
+     }},
+    {"a bomb of 10 GiB that says 2", kListUnknown,
+     [](ListTexts& list) {
+       return With(list, "services.csv", [](ZipEntry& e) {
+         e = test::Bomb(e.name, 10 * 1024);
+         e.size = 0x80000000;
+       });
+     }},
+    {"a bomb of 10 GiB that says what the manifest says", kListDamaged,
+     [](ListTexts& list) {
+       return With(list, "services.csv", [](ZipEntry& e) {
+         const auto size = static_cast<uint32_t>(e.data.size());
+         e = test::Bomb(e.name, 10 * 1024);
+         e.size = size;
+       });
+     }},
+    {"a bomb as manifest", kListDamaged,
+     [](ListTexts& list) { return With(list, kManifestEntry, [](ZipEntry& e) { e = test::Bomb(e.name, 100); }); }},
+    // The manifest.
+    {"no JSON", kListUnknown, [](ListTexts& list) { return list.manifestText = "list", list.Zip(); }},
+    {"nested JSON", kListUnknown,
+     [](ListTexts& list) { return list.manifestText = std::string(16'000, '['), list.Zip(); }},
+    {"a newer format", kListUnknown,
+     [](ListTexts& list) { return list.manifestText = R"({"format": 2, "what": "new"})", list.Zip(); }},
+    {"a format in words", kListUnknown,
+     [](ListTexts& list) { return WithManifest(list, "\"format\" : 1", "\"format\" : \"1\""); }},
+    {"another country", kListOtherCountry, [](ListTexts& list) { return list.manifest.country = "DEU", list.Zip(); }},
+    {"no country", kListUnknown, [](ListTexts& list) { return list.manifest.country = "s1", list.Zip(); }},
+    {"no time", kListUnknown, [](ListTexts& list) { return list.manifest.madeAt = "yesterday", list.Zip(); }},
+    {"a maker of control characters", kListUnknown,
+     [](ListTexts& list) { return list.manifest.madeBy = "a\nb", list.Zip(); }},
+    {"a member more", kListUnknown, [](ListTexts& list) { return WithManifest(list, "{", "{\"run\": \"rm -rf\","); }},
+    {"a member twice", kListUnknown, [](ListTexts& list) { return WithManifest(list, "{", "{\"format\": 1,"); }},
+    {"more records than there are", kListUnknown,
+     [](ListTexts& list) { return ++list.manifest.entries[kServiceTable].records, list.Zip(); }},
+    {"fewer records than there are", kListUnknown,
+     [](ListTexts& list) { return --list.manifest.entries[kServiceTable].records, list.Zip(); }},
+    {"more records than there can be", kListUnknown,
+     [](ListTexts& list) { return list.manifest.entries[kServiceTable].records = INT64_MAX, list.Zip(); }},
+    {"fewer than no records", kListUnknown,
+     [](ListTexts& list) { return list.manifest.entries[kServiceTable].records = -1, list.Zip(); }},
+    {"more bytes than there are", kListUnknown,
+     [](ListTexts& list) { return ++list.manifest.entries[kTransponderTable].bytes, list.Zip(); }},
+    {"another digest", kListUnknown,
+     [](ListTexts& list) { return list.manifest.entries[kServiceTable].digest[0] ^= 1, list.Zip(); }},
+    {"another digest of what is the same", kListUnknown,
+     [](ListTexts& list) { return list.manifest.entries[kSatelliteTable].digest[0] ^= 1, list.Zip(); }},
+    {"no digest", kListUnknown,
+     [](ListTexts& list) { return list.manifest.entries[kServiceTable].digest = "sha", list.Zip(); }},
+    // The records.
+    {"no head", kListUnknown,
+     [](ListTexts& list) {
+       return list.Of(kServiceTable).erase(0, list.Of(kServiceTable).find('\n') + 1), list.Seal().Zip();
+     }},
+    {"nothing at all in an entry", kListUnknown,
+     [](ListTexts& list) { return list.Of(kServiceTable).clear(), list.Seal().Zip(); }},
+    {"another column", kListUnknown,
+     [](ListTexts& list) { return list.Of(kServiceTable).replace(0, 2, "ID"), list.Seal().Zip(); }},
+    {"cut within a record", kListUnknown,
+     [](ListTexts& list) {
+       return list.Of(kServiceTable).resize(list.Of(kServiceTable).size() - 3), list.Seal().Zip();
+     }},
+    {"a record twice", kListUnknown,
+     [](ListTexts& list) {
+       std::string& text = list.Of(kServiceTable);
+       return text += text.substr(text.rfind('\n', text.size() - 2) + 1), list.Seal().Zip();
+     }},
+    {"a column more", kListUnknown, [](ListTexts& list) { return Service(list, "fine_tune_offset", "35,1"); }},
+    {"an ID of 0", kListUnknown, [](ListTexts& list) { return Service(list, "id", "0"); }},
+    {"an ID of 64 bits and more", kListUnknown,
+     [](ListTexts& list) { return Service(list, "id", "9223372036854775808"); }},
+    {"a number with a sign", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "+0"); }},
+    {"a padded number", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "00"); }},
+    {"less than nothing", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "-0"); }},
+    {"a number that goes on", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "0x0"); }},
+    {"words for a number", kListUnknown, [](ListTexts& list) { return Service(list, "frequency", "1;DROP"); }},
+    {"an antenna that is none", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "3"); }},
+    {"a channel number that is none", kListUnknown, [](ListTexts& list) { return Service(list, "major", "65536"); }},
+    {"what must be there is not", kListUnknown, [](ListTexts& list) { return Service(list, "major", ""); }},
+    {"a satellite that is not there", kListUnknown, [](ListTexts& list) { return Service(list, "satellite", "77"); }},
+    {"a transponder that is not there", kListUnknown,
+     [](ListTexts& list) { return Service(list, "transponder", "77"); }},
+    {"a transponder's satellite that is not there", kListUnknown,
+     [](ListTexts& list) { return WithField(list, kTransponderTable, 1, "77"); }},
+    {"fine tuning of a channel that is not there", kListUnknown,
+     [](ListTexts& list) { return list.Of(kFineTuneTable) += "77,1\n", list.Seal().Zip(); }},
+    {"a name with NUL", kListUnknown,
+     [](ListTexts& list) { return Service(list, "name", std::string("\"a\0b\"", 5)); }},
+    {"a name with a line feed", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"a\nb\""); }},
+    {"a name of 1 MiB", kListUnknown,
+     [](ListTexts& list) { return Service(list, "name", "\"" + std::string(1 << 20, 'x') + "\""); }},
+    {"a name of 4097 bytes", kListUnknown,
+     [](ListTexts& list) { return Service(list, "name", "\"" + std::string(4097, 'x') + "\""); }},
+    {"a name that is no UTF-8", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"\xC3(\""); }},
+    {"a name of half a pair", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"\xED\xA0\x80\""); }},
+    {"a name that is longer than it needs to be", kListUnknown,
+     [](ListTexts& list) { return Service(list, "name", "\"\xC0\xAF\""); }},
+    {"a name that does not end", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"a"); }},
+    {"a name without quotes", kListUnknown, [](ListTexts& list) { return Service(list, "name", "a"); }},
+};
+
+TEST_F(SmallChannelList, HostileArchivesAreRefusedAndChangeNothing) {
+  const ListTexts list = ListTexts::OfTv();
+  Put(Path(), list.Zip());
+  ASSERT_EQ(ImportChannelList(Path()).what, "") << "the archive from which the others are made";
+  Change("UPDATE service SET name = 'now' WHERE id = 1");
+  for (const Hostile& hostile : kHostile) {
+    SCOPED_TRACE(hostile.name);
+    ListTexts own = list;
+    Put(Path(), hostile.make(own));
+    const Growth growth;
+    ExpectRefused(hostile.status, Path());
+    EXPECT_LT(growth.Bytes(), kMostGrowth);
+  }
+}
+
+TEST_F(SmallChannelList, WhatIsNoFileIsRefused) {
+  fs::create_directory(Path("folder.zip"));
+  mkfifo(Path("pipe.zip").c_str(), 0600);
+  fs::create_symlink("/dev/zero", Path("device.zip"));
+  fs::create_symlink(Path("loop.zip"), Path("loop.zip"));
+  for (const char* name : {"folder.zip", "pipe.zip", "device.zip", "loop.zip", "none.zip", ""}) {
+    SCOPED_TRACE(name);
+    ExpectRefused(kListDamaged, *name ? Path(name) : "");
+  }
+}
+
+/// Either it is refused and nothing has changed, or what has changed makes no difference to the list.
+TEST_F(SmallChannelList, EveryByteCutOffAndEveryBitFlippedIsNoticedOrMakesNoDifference) {
+  Change("DELETE FROM transponder WHERE id > 2");
+  Change("UPDATE service SET transponder = NULL");
+  Store::Get().Execute("PRAGMA synchronous=OFF");  // the power stays on for so many imports
+  const std::string zip = ListTexts::OfTv().Zip(), list = ListInUse();
+  Change("UPDATE service SET name = 'now' WHERE id = 1");
+  const std::string before = ListInUse();
+  for (size_t length = 0; length < zip.size(); ++length) {
+    Put(Path(), zip.substr(0, length));
+    ASSERT_EQ(ImportChannelList(Path()).status, kListDamaged) << length;
+  }
+  ASSERT_TRUE(ListInUse() == before);
+  size_t harmless = 0;
+  for (size_t bit = 0; bit < zip.size() * 8; ++bit) {
+    std::string flipped = zip;
+    flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ 1 << bit % 8);
+    Put(Path(), flipped);
+    const ListOutcome outcome = ImportChannelList(Path());
+    ASSERT_TRUE(ListInUse() == (outcome.status == kListDone ? list : before)) << bit << ": " << outcome.what;
+    if (outcome.status != kListDone) continue;
+    ++harmless;
+    Change("UPDATE service SET name = 'now' WHERE id = 1");
+  }
+  // Which system made an entry, and with which rights.
+  EXPECT_LT(harmless, zip.size() * 8 / 15);
+}
+
+TEST_F(SmallChannelList, AFailureWithinAnImportTakesItBack) {
+  ASSERT_EQ(ExportChannelList(Path()).what, "");
+  Change("UPDATE service SET name = 'now'");
+  Change("CREATE TRIGGER refuse BEFORE INSERT ON service WHEN new.id = 3 BEGIN SELECT raise(ABORT, 'refused'); END");
+  const std::string before = ListInUse();
+  EXPECT_EQ(ImportChannelList(Path()).status, kListFailed);
+  EXPECT_TRUE(ListInUse() == before);
+  Change("DROP TRIGGER refuse");
+  EXPECT_EQ(ImportChannelList(Path()).what, "");
+}
+
+}  // namespace
