@@ -31,8 +31,9 @@ Texts Environment(const std::string& tv, const std::string& directory, bool fore
   Texts environment = {"QUIRELLE_TV=" + tv, "LD_LIBRARY_PATH=" + directory,
                        "TESSARIN_LIBRARY=" + directory + "/libquirelle.so"};
   if (kAsan && foreign) {
+    // It has to see the C++ library's throw from the start, too.
     const std::string path = Execute("/usr/bin/gcc", {"-print-file-name=libasan.so"}).output;
-    environment.push_back("LD_PRELOAD=" + path.substr(0, path.find('\n')));
+    environment.push_back("LD_PRELOAD=" + path.substr(0, path.find('\n')) + " libstdc++.so.6");
     environment.emplace_back("ASAN_OPTIONS=detect_leaks=0");
   }
   return environment;
