@@ -12,6 +12,7 @@
 #include "string_util.h"
 #include "tessarin.h"
 #include "tvs/RatingTable.h"
+#include "vconf.h"
 
 namespace bench {
 
@@ -33,8 +34,10 @@ struct Kind {
 };
 
 const Kind kKinds[] = {
-    {"a text", [] { free(Tessarin_CombinateStrings(kText, "3", nullptr, nullptr, nullptr)); },
+    {"a text in the TV's language", [] { free(Tessarin_CombinateStrings(kText, "3", nullptr, nullptr, nullptr)); },
      [] {
+       // In the TV's language, which another program may have changed.
+       free(vconf_get_str("db/menu_widget/language"));
        char text[512] = {};
        CStringUtil::CombinateStrings(text, sizeof text, Utils::GetTranslationStr(kText).c_str(), "3");
        free(strdup(text));
