@@ -3,10 +3,7 @@
 // that comes to it within one TV's steps.
 #include <Eina.h>
 #include <malloc.h>
-#include <signal.h>
-#include <unistd.h>
 
-#include <cstring>
 #include <deque>
 #include <fstream>
 #include <random>
@@ -22,10 +19,7 @@
 #include "Usb.h"
 #include "View.h"
 #include "ViewTable.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
+#include "Watch.h"
 
 namespace fs = std::filesystem;
 
@@ -46,59 +40,11 @@ constexpr unsigned int kMostSeconds = 60;
 constexpr long kCaches = 3 * 1024 * 1024;
 constexpr long kLost = 100;
 
-// --- what is told of a monkey that brought the program down ---------------------------------------
-
-char g_story[8192];
-
-void TellStory() { static_cast<void>(!write(STDERR_FILENO, g_story, strlen(g_story))); }
-
-void Fell(int signal) {
-  TellStory();
-  // The way the process would have gone without this.
-  struct sigaction action {};
-  action.sa_handler = SIG_DFL;
-  sigaction(signal, &action, nullptr);
-  raise(signal == SIGALRM ? SIGABRT : signal);
-}
-
-class Watchdog {
- public:
-  Watchdog() {
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_set_death_callback(TellStory);
-    for (const int signal : {SIGALRM}) Catch(signal);
-#else
-    for (const int signal : {SIGALRM, SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) Catch(signal);
-#endif
-  }
-  ~Watchdog() {
-    alarm(0);
-    for (const auto& [signal, action] : m_old) sigaction(signal, &action, nullptr);
-    g_story[0] = '\0';
-  }
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
-
- private:
-  void Catch(int signal) {
-    struct sigaction action {
-    }, old{};
-    action.sa_handler = Fell;
-    sigaction(signal, &action, &old);
-    m_old.emplace_back(signal, old);
-  }
-
-  std::vector<std::pair<int, struct sigaction>> m_old;
-};
-
-// --- the monkey ----------------------------------------------------------------------------------
-
 class Monkey {
  public:
   Monkey(unsigned int seed, long steps) : m_seed(seed), m_steps(steps) {}
 
   void Play() {
-    const Watchdog watchdog;
     const unsigned int first = m_seed;
     long heapHalfway = 0;
     for (; m_step < m_steps && !testing::Test::HasFailure(); m_seed = static_cast<unsigned int>(m_random())) {
@@ -117,13 +63,6 @@ class Monkey {
   }
 
  private:
-  using Deed = void (Monkey::*)(Remote&);
-  struct Habit {
-    unsigned int weight;
-    Deed deed;
-  };
-  static const Habit kHabits[];
-
   static long Heap() {
     // What the toolkit has let go of but not yet given back.
     eina_freeq_clear(eina_freeq_main_get());
@@ -150,13 +89,12 @@ class Monkey {
   void Did(const std::string& what) {
     m_did.push_back(what);
     if (m_did.size() > kRemembered) m_did.pop_front();
-    const std::string story = "\nmonkey: seed " + std::to_string(m_seed) + ", step " + std::to_string(m_step) + " of " +
-                              std::to_string(m_steps) + "; the last steps:\n" + Story();
-    snprintf(g_story, sizeof g_story, "%s", story.c_str());
+    m_watch.Tell("\n" + Story());
   }
 
   std::string Story() const {
-    std::string story = "  on " + m_room + "\n";
+    std::string story = "monkey: seed " + std::to_string(m_seed) + ", step " + std::to_string(m_step) + " of " +
+                        std::to_string(m_steps) + " on " + m_room + "; the last steps:\n";
     for (const std::string& what : m_did) story += "  " + what + "\n";
     return story;
   }
@@ -169,16 +107,14 @@ class Monkey {
     m_tv = &tv;
     const char* language = Any(languages);
     const bool contrast = Chance(50), voice = Chance(50);
-    tv.Set("db/menu_widget/language", language);
+    tv.SetLanguage(language);
     tv.Set("db/menu/system/accessibility/highcontrast", contrast ? "1" : "0");
     tv.Set("db/setting/accessibility/tts", voice ? "1" : "0");
-    m_room = profile;
-    m_room += std::string(" ") + language + (contrast ? " contrast" : "") + (voice ? " voice" : "");
+    m_room = std::string(profile) + " " + language + (contrast ? " contrast" : "") + (voice ? " voice" : "");
     Did("--- " + m_room);
     for (const long end = std::min(m_steps, m_step + kStay); m_step < end && !testing::Test::HasFailure();) {
       RunProgram();
     }
-    m_tv = nullptr;
   }
 
   const char* AnyMenuID() {
@@ -193,7 +129,7 @@ class Monkey {
     const char* menuID = AnyMenuID();
     Did(std::string("run ") + menuID);
     ++m_step, ++m_programs;
-    alarm(kMostSeconds);
+    m_watch.Expect(kMostSeconds);
     test::Run({menuID}, [&](Remote& remote) {
       while (m_step < m_steps && !remote.HasExited() && !testing::Test::HasFailure()) {
         Step(remote);
@@ -202,38 +138,37 @@ class Monkey {
       }
       if (!remote.HasExited()) Post(remote, EVENT_EXIT_APP, 0, 0);
       Check();
-      EXPECT_TRUE(remote.HasExited()) << "after the exit event; seed " << m_seed << "\n" << Story();
+      EXPECT_TRUE(remote.HasExited()) << "after the exit event\n" << Story();
     });
     Check();
-    Heal();
-    alarm(0);
+    m_tv->Heal();
+    m_watch.Expect(0);
   }
 
   void Step(Remote& remote) {
+    using Deed = void (Monkey::*)(Remote&);
+    static constexpr std::pair<unsigned int, Deed> habits[] = {
+        {300, &Monkey::PressKey},    {20, &Monkey::Hammer},     {30, &Monkey::Wait},       {12, &Monkey::Plug},
+        {15, &Monkey::ChangeSignal}, {8, &Monkey::ChangeItem},  {10, &Monkey::Break},      {10, &Monkey::Heal},
+        {3, &Monkey::Interrupt},     {4, &Monkey::LaunchAgain}, {14, &Monkey::PushWindow}, {10, &Monkey::PushControl},
+        {6, &Monkey::ChangeStack},   {2, &Monkey::End},
+    };
     unsigned int all = 0;
-    for (const Habit* habit = kHabits; habit->weight > 0; ++habit) all += habit->weight;
+    for (const auto& [weight, deed] : habits) all += weight;
     unsigned int at = Below(all);
-    const Habit* habit = kHabits;
-    for (; at >= habit->weight; ++habit) at -= habit->weight;
+    const auto* habit = habits;
+    for (; at >= habit->first; ++habit) at -= habit->first;
     ++m_step;
-    alarm(kMostSeconds);
-    (this->*habit->deed)(remote);
+    m_watch.Expect(kMostSeconds);
+    (this->*habit->second)(remote);
     remote.Settle();
     Check();
   }
 
   void Check() {
-    const std::vector<std::string> errors = test::TakeGraveToolkitErrors();
-    if (errors.empty()) return;
-    for (const std::string& error : errors) ADD_FAILURE() << error;
-    ADD_FAILURE() << "seed " << m_seed << ", step " << m_step << "; views:" << Views() << "; the last steps:\n"
-                  << Story();
-  }
-
-  static std::string Views() {
-    std::string views;
-    for (const std::string& view : Remote().Stack()) views += " " + view;
-    return views;
+    for (const std::string& error : test::TakeGraveToolkitErrors()) {
+      ADD_FAILURE() << error << "; views: " << testing::PrintToString(Remote().Stack()) << "\n" << Story();
+    }
   }
 
   // --- what it does ------------------------------------------------------------------------------
@@ -288,7 +223,7 @@ class Monkey {
 
   void Change(const std::string& sql) {
     Did(sql);
-    desktop::Store::Get().Write([&] { desktop::Query(sql).Run(); });
+    test::Change(sql);
   }
 
   void ChangeSignal(Remote&) {
@@ -313,7 +248,7 @@ class Monkey {
   void ChangeItem(Remote&) {
     const std::string item = Any(Items()), value = Chance(50) ? Bytes(600) : std::to_string(Below(100000));
     Did("item " + item + " = " + value.substr(0, 60));
-    desktop::Store::Get().Write([&] { desktop::Query("UPDATE item SET value = ? WHERE id = ?", value, item).Run(); });
+    m_tv->SetItem(item, value);
   }
 
   void Break(Remote&) {
@@ -328,21 +263,17 @@ class Monkey {
     m_tv->Fail(operation.name, result, times);
   }
 
-  void Heal() { m_tv->Heal(); }
-
-  void HealAll(Remote&) {
+  void Heal(Remote&) {
     Did("heal");
-    Heal();
+    m_tv->Heal();
   }
 
   void Interrupt(Remote& remote) {
-    if (Chance(50)) {
-      Did("resume");
-      return remote.Resume();
+    if (!Chance(50)) {
+      Did("pause");
+      remote.Pause();
+      if (Chance(50)) return;
     }
-    Did("pause");
-    remote.Pause();
-    if (Chance(50)) return;
     Did("resume");
     remote.Resume();
   }
@@ -353,10 +284,9 @@ class Monkey {
     remote.Launch(menuID);
   }
 
-  void Post(Remote& remote, int type, long first, long second, IEventData* data = nullptr) {
+  void Post(Remote& remote, int type, long first, long second) {
     Did("event " + std::to_string(type) + " " + std::to_string(first) + " " + std::to_string(second));
-    CEventManager::GetInstance()->SendEvent(type, first, second, nullptr, data);
-    remote.Settle();
+    remote.Post(type, first, second);
   }
 
   void PushWindow(Remote& remote) { Post(remote, EVENT_PUSH_VIEW, Below(27), Chance(60) ? 0 : Below(21)); }
@@ -367,10 +297,9 @@ class Monkey {
       if (const std::unique_ptr<IView> control(MakeControl(item.c_str(), 0, 0, 0)); control) controls.push_back(item);
     }
     const std::string menuID = Any(controls);
-    Did(menuID);
-    auto* data = new CEventPositionData(menuID.c_str());
-    data->SetPositionData(static_cast<int>(Below(2000)), static_cast<int>(Below(1200)), static_cast<int>(Below(900)));
-    Post(remote, EVENT_PUSH_VIEW, 0, 0, data);
+    const int x = static_cast<int>(Below(2000)), y = static_cast<int>(Below(1200)), w = static_cast<int>(Below(900));
+    Did("control " + menuID);
+    remote.OpenControl(menuID, x, y, w);
   }
 
   void ChangeStack(Remote& remote) {
@@ -384,6 +313,7 @@ class Monkey {
     remote.TakeFocus();
   }
 
+  test::Watch m_watch;
   /// Of the TV that it is at: each can be played again by itself.
   unsigned int m_seed;
   long m_steps, m_step = 0, m_programs = 0;
@@ -391,14 +321,6 @@ class Monkey {
   Tv* m_tv = nullptr;
   std::string m_room;
   std::deque<std::string> m_did;
-};
-
-const Monkey::Habit Monkey::kHabits[] = {
-    {300, &Monkey::PressKey},  {20, &Monkey::Hammer},       {30, &Monkey::Wait},
-    {12, &Monkey::Plug},       {15, &Monkey::ChangeSignal}, {8, &Monkey::ChangeItem},
-    {10, &Monkey::Break},      {10, &Monkey::HealAll},      {3, &Monkey::Interrupt},
-    {4, &Monkey::LaunchAgain}, {14, &Monkey::PushWindow},   {10, &Monkey::PushControl},
-    {6, &Monkey::ChangeStack}, {2, &Monkey::End},           {0, nullptr},
 };
 
 TEST(Monkey, LeavesTheProgramWhole) {
