@@ -94,16 +94,13 @@ std::vector<Subject> Subjects() {
 
 /// As the program itself does; what is under the view is the ground.
 void Push(Remote& remote, const Subject& subject) {
-  CEventPositionData* place = nullptr;
-  if (!subject.window) {
-    place = new CEventPositionData(subject.name.c_str());
-    place->SetPositionData(300, 400, 800);
-  } else if (subject.window->window == Window::kNone || subject.window->window == Window::kStopFrequency) {
+  if (!subject.window) return remote.OpenControl(subject.name);
+  const Window window = subject.window->window;
+  if (window == Window::kNone || window == Window::kStopFrequency) {
     remote.Push(std::unique_ptr<IView>(Make(subject)));
-    return;
+  } else {
+    remote.Post(EVENT_PUSH_VIEW, static_cast<long>(window), subject.step);
   }
-  const long windowID = subject.window ? static_cast<long>(subject.window->window) : 0;
-  remote.Post(EVENT_PUSH_VIEW, windowID, subject.step, place);
 }
 
 // --- the walk ------------------------------------------------------------------------------------
@@ -211,7 +208,7 @@ void Cover(Remote& remote, const std::string& name) {
   const Texts stack = remote.Stack();
   if (std::find(stack.begin(), stack.end(), kCover) != stack.end()) return;
   remote.Post(EVENT_PUSH_VIEW, kCoverID);
-  remote.Post(EVENT_PUSH_VIEW, 0, 0, new CEventPositionData("signal-information-bandwidth"));
+  remote.OpenControl("signal-information-bandwidth");
   EXPECT_EQ(remote.Stack().size(), stack.size() + 2) << "above " << name;
   ExpectNoErrors(name + " covered");
   CEventManager::GetInstance()->SendEvent(EVENT_POP_VIEW, 1, 0, nullptr, nullptr);

@@ -19,52 +19,38 @@ std::string Lnb() { return Ask("SELECT low FROM satellite WHERE id = 2"); }
 }  // namespace
 
 TEST(ResetPopup, ResetsOnceWhenItMayAndNothingOtherwise) {
-  struct Case {
+  const struct {
     const char* keys;
     /// Of the word after the question; null where there is none.
     const char* leave;
-  };
-  for (const Case& c :
-       {Case{"Return", "Return"}, Case{"Return", "Back"}, Case{"Right Return", nullptr}, Case{"Back", nullptr}}) {
+    bool fails = false;
+  } cases[] = {{"Return", "Return"},
+               {"Return", "Back"},
+               {"Right Return", nullptr},
+               {"Back", nullptr},
+               {"Return", nullptr, true}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.keys);
     Tv tv("europe", 0);
     tv.TurnVoiceOn();
     const std::string made = Lnb();
     Change("UPDATE satellite SET low = 5150000 WHERE id = 2");
+    if (c.fails) tv.Fail(kSet);
     test::Run({kReset}, [&](Remote& remote) {
       EXPECT_TRUE(remote.Shows(kQuestion));
-      EXPECT_EQ(remote.Focus(), "Yes");
       remote.Wait(3);
-      EXPECT_NE(remote.Spoken().front().find(std::string(kQuestion) + ", Yes, Button, No, Button"), std::string::npos)
-          << remote.Spoken().front();
+      EXPECT_NE(remote.Spoken().front().find(std::string(kQuestion) + ", Yes, Button, No, Button"), std::string::npos);
       remote.Press(c.keys);
       EXPECT_EQ(remote.HasExited(), !c.leave);
       if (!c.leave) return;
       EXPECT_TRUE(remote.Shows(kDone));
       EXPECT_FALSE(remote.Shows(kQuestion));
-      EXPECT_EQ(remote.Buttons(), Texts{"OK"});
-      EXPECT_EQ(remote.Focus(), "OK");
-      remote.Wait(0.3);
-      EXPECT_NE(remote.Spoken().back().find(kDone), std::string::npos) << remote.Spoken().back();
       remote.Press(c.leave);
       EXPECT_TRUE(remote.HasExited());
     });
     EXPECT_EQ(Lnb(), c.leave ? made : "5150000");
-    EXPECT_EQ(tv.Calls(kSet), c.leave ? 1U : 0U);
+    EXPECT_EQ(tv.Calls(kSet), c.leave || c.fails ? 1U : 0U);
   }
-}
-
-TEST(ResetPopup, SaysNothingOfAResetThatFailed) {
-  Tv tv("europe", 0);
-  Change("UPDATE satellite SET low = 5150000 WHERE id = 2");
-  tv.Fail(kSet);
-  test::Run({kReset}, [&](Remote& remote) {
-    remote.Press("Return");
-    EXPECT_FALSE(remote.Shows(kDone));
-    EXPECT_TRUE(remote.HasExited());
-  });
-  EXPECT_TRUE(test::Logged("[Error]reset-all-settings-satellite was not reset"));
-  EXPECT_EQ(Lnb(), "5150000");
 }
 
 TEST(ResetPopup, GoesWithItsConfirmation) {

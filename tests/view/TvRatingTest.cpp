@@ -90,15 +90,9 @@ std::string Look(Tv& tv, Remote& remote) {
   return Text(boxes, keys);
 }
 
-std::string Times(const char* key, int times) {
-  std::string keys;
-  while (times-- > 0) keys += std::string(key) + " ";
-  return keys;
-}
-
 /// From the first box to another one.
 void GoTo(Remote& remote, int index) {
-  remote.Press(Times("Down", kBoxes[index].row) + Times("Right", kBoxes[index].rights));
+  remote.Press(test::Times("Down", kBoxes[index].row) + test::Times("Right", kBoxes[index].rights));
   ASSERT_EQ(remote.Focus(), kBoxes[index].name);
 }
 
@@ -148,26 +142,27 @@ TEST(TvRating, CascadesAddUpAndAreThereAtTheNextOpening) {
 
 // --- keys and the focus --------------------------------------------------------------------------
 
-TEST(TvRating, TheFocusTakesTheseWays) {
-  const struct {
+TEST(TvRating, TheFocusGoesRoundARowAndDownToTheButton) {
+  struct Way {
     int from;
-    const char* keys;
-    /// -1 for the button.
-    int to;
-  } ways[] = {
-      {5, "Down", -1},  {6, "Down", -1},   {9, "Down", -1},    {12, "Down", -1},     {15, "Down", -1},
-      {17, "Down", -1}, {5, "Down Up", 9}, {17, "Down Up", 9}, {9, "Down Left", -1}, {9, "Down Right", -1},
-      {0, "Left", 0},   {0, "Right", 0},   {2, "Left", 2},     {2, "Right", 2},      {6, "Right", 1},
-      {1, "Left", 6},   {16, "Right", 3},  {3, "Left", 16},    {17, "Right", 4},     {4, "Left", 17},
-      {15, "Right", 5}, {5, "Left", 15},   {3, "Right", 7},    {4, "Right", 8},      {5, "Right", 9},
-      {7, "Left", 3},   {8, "Left", 4},    {9, "Left", 5},
+    std::string keys, to;
   };
+  std::vector<Way> ways;
+  constexpr int kLasts[] = {0, 6, 2, 16, 17, 15}, kLowest[] = {5, 6, 9, 12, 15, 17};
+  for (int row = 0; row < 6; ++row) {
+    ways.push_back({row, "Left", kBoxes[kLasts[row]].name});
+    ways.push_back({kLasts[row], "Right", kBoxes[row].name});
+  }
+  for (const int box : kLowest) {
+    ways.push_back({box, "Down", "Close"});
+    ways.push_back({box, "Down Left Right Up", "V, TV-MA"});
+  }
   Tv tv;
-  for (const auto& way : ways) {
+  for (const Way& way : ways) {
     test::Run({"tv-rating"}, [&](Remote& remote) {
       GoTo(remote, way.from);
       remote.Press(way.keys);
-      EXPECT_EQ(remote.Focus(), way.to < 0 ? "Close" : kBoxes[way.to].name) << kBoxes[way.from].name << " " << way.keys;
+      EXPECT_EQ(remote.Focus(), way.to) << kBoxes[way.from].name << " " << way.keys;
     });
   }
 }
@@ -187,9 +182,6 @@ TEST(TvRating, KeysSoundAndOnlyReturnToggles) {
     remote.Press("Return");
     EXPECT_TRUE(remote.HasExited());
   });
-  for (const char* line : {"[Info] TV-Y7_All turned 1", "[Info]t_ProcessDefaultButtonOneFocusCallBack called"}) {
-    EXPECT_TRUE(test::Logged(line)) << line;
-  }
 }
 
 // --- failures ------------------------------------------------------------------------------------
@@ -262,19 +254,6 @@ TEST(TvRating, SaysWhichKeyCannotBeReset) {
   test::Run({"tv-rating"}, [&](Remote& remote) {
     EXPECT_EQ(Look(tv, remote), Text(kEmpty, KeysOf(kLocked)));
     for (const char* row : kRows) EXPECT_TRUE(test::Logged("[Info]resetting " + kKeys + row + " failed")) << row;
-  });
-}
-
-// --- what is read out and shown ------------------------------------------------------------------
-
-TEST(TvRating, ShowsTitleHeadsAndTheButton) {
-  Tv tv;
-  test::Run({"tv-rating"}, [](Remote& remote) {
-    EXPECT_EQ(remote.Title(), "TV rating");
-    EXPECT_EQ(remote.Focus(), "All, TV-Y");
-    EXPECT_EQ(remote.Buttons(), Texts{"Close"});
-    EXPECT_EQ(remote.Texts(), (Texts{"TV rating", "All", "FV", "V", "S", "L", "D", "TV-Y", "TV-Y7", "TV-G", "TV-PG",
-                                     "TV-14", "TV-MA", "Close"}));
   });
 }
 
