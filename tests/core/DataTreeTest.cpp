@@ -19,6 +19,17 @@ std::string ValueOf(const ElementaryNode& node) {
   return std::string(title) + "|" + value + "|" + display;
 }
 
+TEST(DataProvider, FailsForNullAndForWhatTheTVDoesNotHave) {
+  Tv tv;
+  char text[512], value[512];
+  for (const char* id : {static_cast<const char*>(nullptr), "no-such-item"}) {
+    EXPECT_FALSE(CMenuDataProvider::GetItemValue(id, text, value) || CMenuDataProvider::GetItemDisplayName(id, text));
+    EXPECT_FALSE(CMenuDataProvider::GetItemEnable(id, false) || CMenuDataProvider::GetItemVisible(id));
+    EXPECT_EQ(CMenuDataProvider::SetItemValue(id, "1", false), -1);
+  }
+  EXPECT_EQ(CMenuDataProvider::SetItemValue(kLevel, nullptr, false), -1);
+}
+
 TEST(DataProvider, ReadsAndWritesAnItem) {
   Tv tv;
   const std::string off = Utils::GetTranslationStr("SID_OFF");

@@ -313,16 +313,7 @@ TEST(PageKeys, MoveByWhatIsInSightAndStopAtTheEnds) {
   }
 }
 
-TEST(PageKeys, AreAskedForWhileAListIsThere) {
-  for (const std::string key : {"XF86RaiseChannel", "XF86LowerChannel"}) {
-    FewSatellites tv({{1, "One"}});
-    test::Run({kSelection}, [&](Remote& remote) {
-      EXPECT_EQ(tv.Requests(key), "+");
-      remote.Press("Back");
-    });
-    EXPECT_EQ(tv.Requests(key), "+-");
-  }
-  // The window below wants them for itself.
+TEST(PageKeys, AreLeftToTheWindowBelow) {
   Tv tv("europe");
   test::Run({"signal-information"}, [&](Remote& remote) {
     remote.Press("Up Return");

@@ -4,8 +4,6 @@
 
 #include "EventManager.h"
 #include "SignalInfo.h"
-#include "ViewHDMIInfoWindow.h"
-#include "ViewSignalInfoWindow.h"
 
 namespace test {
 
@@ -222,26 +220,6 @@ TEST(SignalInfo, RestsBelowABoxAndMakesRoomForTheHistory) {
     EXPECT_EQ(remote.Focus(), "Signal history");
     EXPECT_EQ(measuresIn(remote, kRound), 1U);
   });
-}
-
-/// The history that is asked for lies below already, so none opens.
-TEST(SignalInfo, StaysWhenTheHistoryDoesNotOpen) {
-  for (const bool hdmi : {false, true}) {
-    Tv tv(hdmi ? "hdmi" : "europe");
-    test::Run({kHistory}, [&](Remote& remote) {
-      if (hdmi) {
-        remote.Push(std::make_unique<CViewHDMIInfoWindow>("hdmi-information"));
-      } else {
-        remote.Push(std::make_unique<CViewSignalInfoWindow>(kSignalInformation));
-      }
-      remote.Press("Up Return");
-      EXPECT_TRUE(Logged("[Error]view exist"));
-      remote.Post(EVENT_PUSH_VIEW, kBoxID);
-      EXPECT_EQ(remote.Rows().size(), hdmi ? 2U : 9U) << "hidden as if the box were the history";
-      remote.Press("Back");
-      EXPECT_EQ(remote.Focus(), "Signal history");
-    });
-  }
 }
 
 // --- the rows, and what is drawn beside and below them -------------------------------------------
