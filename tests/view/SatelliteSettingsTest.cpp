@@ -1,5 +1,5 @@
-// The user's transponder and the longitudes of the user's satellites, with the control that takes a longitude: driven
-// with keys.
+// The user's transponder, the longitudes of the user's satellites with the control that takes one, and the reset:
+// driven with keys.
 #include <Elementary.h>
 
 #include "EventManager.h"
@@ -267,6 +267,64 @@ TEST(SatelliteSettings, SaveATransponderOnceItIsComplete) {
     const Texts tuned = tv.ArgumentsOf(kTune);
     EXPECT_EQ(tuned.size(), c.button[0] == 'S' ? 1U : 0U);
   }
+}
+
+// --- the question before the reset, and the word after it ------------------------------------------
+
+constexpr const char* kReset = "reset-all-settings-satellite";
+constexpr const char* kQuestion = "Reset all satellite settings to their defaults?";
+constexpr const char* kDone = "The transponder database has been reset.";
+
+std::string Lnb() { return test::Ask("SELECT low FROM satellite WHERE id = 2"); }
+
+TEST(ResetPopup, ResetsOnceWhenItMayAndNothingOtherwise) {
+  const struct {
+    const char* keys;
+    /// Of the word after the question; null where there is none.
+    const char* leave;
+    bool fails = false;
+  } cases[] = {{"Return", "Return"},
+               {"Return", "Back"},
+               {"Right Return", nullptr},
+               {"Back", nullptr},
+               {"Return", nullptr, true}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.keys);
+    Tv tv("europe", 0);
+    tv.TurnVoiceOn();
+    const std::string made = Lnb();
+    test::Change("UPDATE satellite SET low = 5150000 WHERE id = 2");
+    if (c.fails) tv.Fail(kWrite);
+    test::Run({kReset}, [&](Remote& remote) {
+      EXPECT_TRUE(remote.Shows(kQuestion));
+      remote.Wait(3);
+      EXPECT_NE(remote.Spoken().front().find(std::string(kQuestion) + ", Yes, Button, No, Button"), std::string::npos);
+      remote.Press(c.keys);
+      EXPECT_EQ(remote.HasExited(), !c.leave);
+      if (!c.leave) return;
+      EXPECT_TRUE(remote.Shows(kDone));
+      EXPECT_FALSE(remote.Shows(kQuestion));
+      remote.Press(c.leave);
+      EXPECT_TRUE(remote.HasExited());
+    });
+    EXPECT_EQ(Lnb(), c.leave ? made : "5150000");
+    EXPECT_EQ(tv.Calls(kWrite), c.leave || c.fails ? 1U : 0U);
+  }
+}
+
+TEST(ResetPopup, GoesWithItsConfirmation) {
+  Tv tv("europe", 0);
+  test::Run({kReset}, [](Remote& remote) {
+    remote.Press("Return");
+    remote.Pop();
+    EXPECT_FALSE(remote.Shows(kDone));
+    EXPECT_EQ(remote.Buttons(), Texts{});
+  });
+  test::Run({kReset}, [](Remote& remote) {
+    remote.Press("Return");
+    remote.End();
+  });
+  EXPECT_EQ(test::TakeGraveToolkitErrors(), Texts{});
 }
 
 }  // namespace

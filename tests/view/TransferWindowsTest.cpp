@@ -203,6 +203,7 @@ TEST_F(TransferWindows, AFlowGoesAsTheSticksAre) {
         for (const Choice& choice : flow.choices) {
           EXPECT_EQ(Said(remote), choice.help);
           EXPECT_EQ(remote.Buttons(), Texts{"Cancel"});
+          EXPECT_FALSE(CDeviceManager::GetInstance()->GetDevices().empty()) << "the sticks are looked at once";
           Texts rows = remote.RowTexts();
           std::sort(rows.begin(), rows.end());
           EXPECT_EQ(rows, choice.rows);
