@@ -67,8 +67,7 @@ TEST(Pause, TakesTheViewsDownAndForgetsTheLaunch) {
     remote.Press("Down Return");
     EXPECT_FALSE(remote.HasExited());
     EXPECT_TRUE(remote.Stack().empty());
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
 }
 

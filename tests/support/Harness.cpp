@@ -346,6 +346,16 @@ std::string Remote::ValueOf(const std::string& row) {
   throw std::runtime_error("no row " + row);
 }
 
+void Remote::ExpectFocus(const std::string& keys, const std::string& focus) {
+  Press(keys);
+  EXPECT_EQ(Focus(), focus) << "after " << keys;
+}
+
+void Remote::ExpectExit(const std::string& keys) {
+  Press(keys);
+  EXPECT_TRUE(HasExited()) << "after " << keys;
+}
+
 test::Texts Remote::Sayings() {
   test::Texts sayings = Spoken();
   std::erase_if(sayings, [](const std::string& text) { return text.find_first_not_of(" ,") == text.npos; });

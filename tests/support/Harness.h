@@ -107,6 +107,10 @@ class Remote {
   std::vector<std::pair<std::string, std::string>> Rows();
   test::Texts RowTexts();
   std::string ValueOf(const std::string& row);
+  /// Presses, and compares what has the focus then.
+  void ExpectFocus(const std::string& keys, const std::string& focus);
+  /// Presses, and the program ends with it.
+  void ExpectExit(const std::string& keys);
   /// What was spoken, without what is no word.
   test::Texts Sayings();
   /// Presses, waits until the voice guide has spoken, and compares its last words.

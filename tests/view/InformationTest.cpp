@@ -182,8 +182,7 @@ TEST(HdmiInfo, AnHDBaseTInputCanOnlyBeClosed) {
     test::Run({kHdmi}, [&](Remote& remote) {
       EXPECT_EQ(remote.Buttons(), c.isHdbt ? Texts{"Close"} : kRegular);
       EXPECT_EQ(Facts(remote).starts_with("Source=HDBaseT;"), c.isHdbt);
-      remote.Press("Return");
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit("Return");
     });
     EXPECT_EQ(tv.Calls("app_control_send_launch_request"), 0U);
   }
@@ -226,8 +225,7 @@ TEST(HdmiInfo, GivesWayToTheHistoryAndComesBack) {
     EXPECT_EQ(tv.Requests("XF86More").back(), '+');
     remote.Wait(3600);
     EXPECT_FALSE(remote.HasExited()) << "the window has no time-out";
-    remote.Press("Down Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Down Return");
     EXPECT_EQ(tv.Requests("XF86More").back(), '-');
   });
 }

@@ -33,8 +33,7 @@ TEST(BottomPopup, OpensOnTheValueAndWritesOnlyAnother) {
     test::Run({kDelay}, [&](Remote& remote) {
       EXPECT_EQ(remote.RowTexts(), (Texts{"Off", "1", "2", "3"}));
       EXPECT_EQ(remote.Focus(), c.focus);
-      remote.Press(c.keys);
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit(c.keys);
     });
     EXPECT_EQ(tv.Item(kDelay), c.stored);
     EXPECT_EQ(tv.Calls("SettingsAPI::SetItemValue"), c.writes);
@@ -49,8 +48,7 @@ TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
     remote.ExpectSaid("Down", "1, 2 of 4");
     remote.ExpectSaid("5 Down Left Down", "3, 4 of 4");
     remote.ExpectSaid("Up Up Up", "Off, Selected, 1 of 4");
-    remote.Press("Down Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Down Return");
   });
   EXPECT_EQ(tv.Item(kDelay), "1");
 }
@@ -92,20 +90,14 @@ TEST(FineTune, TheTunerFollowsTheSliderRoundBothEnds) {
   Tv tv;
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_EQ(remote.Focus(), "Close");
-    remote.Press("Up");
-    EXPECT_EQ(remote.Focus(), Offset(0));
-    remote.Press("Right Right Left");
-    EXPECT_EQ(remote.Focus(), Offset(1));
+    remote.ExpectFocus("Up", Offset(0));
+    remote.ExpectFocus("Right Right Left", Offset(1));
     EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT"), (Texts{"1, 33", "1, 34", "1, 33"}));
-    for (int i = 0; i < 33; ++i) remote.Press("Left");
-    EXPECT_EQ(remote.Focus(), Offset(-32));
-    remote.Press("Left");
-    EXPECT_EQ(remote.Focus(), Offset(32));
-    remote.Press("Right");
-    EXPECT_EQ(remote.Focus(), Offset(-32));
+    remote.ExpectFocus(test::Times("Left", 33), Offset(-32));
+    remote.ExpectFocus("Left", Offset(32));
+    remote.ExpectFocus("Right", Offset(-32));
     EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT").back(), "1, 0");
-    remote.Press("Down");
-    EXPECT_EQ(remote.Focus(), "Save");
+    remote.ExpectFocus("Down", "Save");
   });
 }
 
@@ -142,8 +134,7 @@ TEST(FineTune, ShowsWhatIsStoredAtTheEndsOfAByte) {
       const bool starred = std::any_of(texts.begin(), texts.end(), ends("*"));
       EXPECT_EQ(starred, *c.status != 0);
       EXPECT_TRUE(starred ? std::any_of(texts.begin(), texts.end(), ends(c.status)) : true);
-      remote.Press("Up");
-      EXPECT_EQ(remote.Focus(), Offset(c.slider));
+      remote.ExpectFocus("Up", Offset(c.slider));
     });
   }
 }
@@ -177,16 +168,14 @@ TEST(FineTune, SavesResetsAndShowsBoth) {
     order.erase(order.begin(), order.end() - 5);
     EXPECT_EQ(order, (Texts{"TunerControl::SetMFT", "Service::UpdateService", "Service::UpdateService",
                             "TunerControl::GetMFT", "TunerControl::PresetMFT"}));
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_TRUE(remote.Shows(channel + "*"));
     remote.Press("Up Right");
     EXPECT_TRUE(remote.Shows(channel));
     EXPECT_FALSE(remote.Shows("Fine tune:  +2"));
-    remote.Press("Down Left");
-    EXPECT_EQ(remote.Focus(), "Reset");
+    remote.ExpectFocus("Down Left", "Reset");
     remote.Press("Return");
     remote.Wait(4.0);
     EXPECT_EQ(remote.Focus(), "OK");
@@ -196,8 +185,7 @@ TEST(FineTune, SavesResetsAndShowsBoth) {
   });
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_TRUE(remote.Shows(channel));
-    remote.Press("Up");
-    EXPECT_EQ(remote.Focus(), Offset(0));
+    remote.ExpectFocus("Up", Offset(0));
   });
 }
 
@@ -208,17 +196,14 @@ TEST(FineTune, TheWordAfterAResetGoesWithBackAndWithTheWindow) {
     const std::string focus = remote.Focus();
     remote.Post(EVENT_PUSH_VIEW, kFineTuneWindow);
     for (const char* key : {"Back", "BackSpace", "Return"}) {
-      remote.Press("Left Left Return");
-      EXPECT_EQ(remote.Focus(), "OK");
+      remote.ExpectFocus("Left Left Return", "OK");
       remote.Press(key);
       EXPECT_EQ(remote.Focus(), "Reset") << key;
     }
-    remote.Press("Return");
-    EXPECT_EQ(remote.Focus(), "OK");
+    remote.ExpectFocus("Return", "OK");
     remote.Post(EVENT_POP_VIEW);
     EXPECT_EQ(remote.Focus(), focus);
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
 }
 

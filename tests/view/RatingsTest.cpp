@@ -200,8 +200,7 @@ TEST(DynamicRating, StepsThroughTheDimensionsPastBothEnds) {
       EXPECT_EQ(remote.RowTexts(), dimensions[at].second);
     }
     // Nowhere to go in a dimension without ratings.
-    remote.Press("Up Up Return Down");
-    EXPECT_EQ(remote.Focus(), "Dimension 2");
+    remote.ExpectFocus("Up Up Return Down", "Dimension 2");
   });
 }
 
@@ -281,15 +280,13 @@ TEST(DynamicRating, EveryValueIsReachedHoweverManyThereAre) {
     Tv tv;
     Put({Dimension("Many", Values(count))});
     test::Run({kMenuID}, [&](Remote& remote) {
-      remote.Press(test::Times("Down", count));
-      EXPECT_EQ(remote.Focus(), "V" + std::to_string(count - 1));
+      remote.ExpectFocus(test::Times("Down", count), "V" + std::to_string(count - 1));
       remote.Press("Return");
       Locks locks(count);
       locks.back() = true;
       locks.front() = count == 2;
       EXPECT_EQ(LocksOfTv(0), locks);
-      remote.Press(test::Times("Up", count - 1) + "Return");
-      EXPECT_EQ(remote.Focus(), "All");
+      remote.ExpectFocus(test::Times("Up", count - 1) + "Return", "All");
       std::fill(locks.begin() + 1, locks.end(), count > 2);
       EXPECT_EQ(LocksOfTv(0), locks);
     });
@@ -366,8 +363,7 @@ TEST(DynamicRating, WithoutASystemNothingIsDrawnAndBackLeaves) {
       EXPECT_EQ(remote.Texts(), Texts());
       remote.Press("Return Up Down");
       EXPECT_FALSE(remote.HasExited());
-      remote.Press("Back");
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit("Back");
     });
   }
 }

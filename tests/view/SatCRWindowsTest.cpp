@@ -144,8 +144,7 @@ TEST_F(SatCRWindows, ARunEndsAsTheCableIsThen) {
       EXPECT_EQ(Stored(tuner), c.kept);
       remote.Wait(3);
       EXPECT_EQ(m_tv.Calls(kStatus), 4U) << "nobody looks at it any more";
-      remote.Press("Return");
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit("Return");
       EXPECT_EQ(m_tv.Calls(kSend), 2U);
     });
   }
@@ -204,8 +203,7 @@ TEST_F(SatCRWindows, UnderAnotherWindowItWaits) {
     remote.Wait(5);
     EXPECT_EQ(remote.Stack(), (Texts{kMenuIDs[kDetect1], "StartFrequency"}));
     EXPECT_EQ(m_tv.Calls(kStatus), 0U);
-    remote.Press("Back");
-    EXPECT_EQ(remote.Focus(), "Cancel");
+    remote.ExpectFocus("Back", "Cancel");
     Tick(remote, 100);
     EXPECT_TRUE(remote.Shows("100%"));
   });

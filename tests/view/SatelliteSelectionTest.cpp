@@ -129,8 +129,7 @@ TEST(SatelliteSelection, NamesOfAnyKind) {
     remote.Press("Down Return");
     EXPECT_TRUE(IsOn(remote, 1));
     EXPECT_TRUE(IsOn(remote, 2)) << "they share a choice";
-    remote.Press("Right Up Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Right Up Return");
   });
   EXPECT_EQ(tv.ArgumentsOf(kStore), Texts{"4"});
 }
@@ -153,8 +152,7 @@ TEST(SatelliteSelection, StoresWhatIsTickedInTheOrderOfTheNames) {
     ASSERT_GT(ticked.size(), 30U);
     remote.Press("Right Up");
     ASSERT_EQ(remote.Focus(), "Save");
-    remote.Press("Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Return");
   });
   std::string ids;
   for (const auto& [name, id] : ticked) ids += (ids.empty() ? "" : " ") + id;
@@ -210,8 +208,7 @@ TEST(SatelliteSelection, NeedsOneToSave) {
     EXPECT_TRUE(CanSave(remote));
     remote.Press("Return");
     EXPECT_FALSE(CanSave(remote));
-    remote.Press("Return Right Up Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Return Right Up Return");
   });
   EXPECT_EQ(tv.ArgumentsOf(kStore), Texts{"1"});
   EXPECT_EQ(Selected(), "0 1");
@@ -267,8 +264,7 @@ TEST(SatelliteSelection, OpensWithoutRowsWhenTheTvCannotTell) {
       EXPECT_EQ(remote.Focus(), "Save");
       remote.Press("Left Return Right Up Return");
       EXPECT_EQ(tv.Calls(kStore), c.rows ? 1U : 0U) << "what could not be read is not ticked, and can be";
-      if (!c.rows) remote.Press("Back");
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit(c.rows ? "" : "Back");
     });
   }
 }
@@ -305,10 +301,8 @@ TEST(PageKeys, MoveByWhatIsInSightAndStopAtTheEnds) {
         EXPECT_EQ(remote.RowTexts().size(), 6U);
         remote.Press("XF86LowerChannel");
       }
-      remote.Press("XF86RaiseChannel");
-      EXPECT_EQ(remote.Focus(), "S19");
-      remote.Press(test::Times("XF86RaiseChannel", 4));
-      EXPECT_EQ(remote.Focus(), "S1");
+      remote.ExpectFocus("XF86RaiseChannel", "S19");
+      remote.ExpectFocus(test::Times("XF86RaiseChannel", 4), "S1");
     });
   }
 }

@@ -64,8 +64,7 @@ TEST(SignalInfo, WithoutATimeOutAndWithKeysOfItsOwn) {
     const auto rows = remote.Rows();
     remote.Press("1 0 XF86More");
     EXPECT_EQ(remote.Rows(), rows);
-    remote.Press("Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Return");
   });
   for (const char* key : {"XF86LowerChannel", "XF86RaiseChannel", "XF86More"}) EXPECT_EQ(tv.Requests(key), "+-") << key;
 }
@@ -150,8 +149,7 @@ TEST(SignalInfo, RetunesBesideTheRowAndPutsItBack) {
       EXPECT_EQ(remote.Rows()[0].second, frequency + " kHz");
       remote.Press(*language == 'a' ? "Right Return" : "Left Return");
       ASSERT_EQ(remote.Stack(), (Texts{kSignalInformation, kPrefix + "frequence"}));
-      remote.Press("Up Up Down");
-      EXPECT_EQ(remote.Focus(), std::to_string(std::stoi(frequency) + 1) + " kHz");
+      remote.ExpectFocus("Up Up Down", std::to_string(std::stoi(frequency) + 1) + " kHz");
       EXPECT_EQ(Tuned("frequency"), frequency) << "not before it is entered";
       for (const char digit : other) remote.Press(std::string(1, digit));
       remote.Press("Return");
@@ -179,10 +177,8 @@ TEST(SignalInfo, LeavingTheSpinnerLeavesTheTuner) {
     remote.Press("Down Return");
     EXPECT_EQ(remote.Stack(), (Texts{kSignalInformation, kPrefix + "bandwidth"}));
     EXPECT_EQ(remote.Focus(), "8 MHz");
-    remote.Press("Up");
-    EXPECT_EQ(remote.Focus(), "10 MHz");
-    remote.Press("7");
-    EXPECT_EQ(remote.Focus(), "7 MHz");
+    remote.ExpectFocus("Up", "10 MHz");
+    remote.ExpectFocus("7", "7 MHz");
     remote.Press("Back");
     EXPECT_EQ(remote.ValueOf("Bandwidth"), "8 MHz");
     EXPECT_EQ(remote.Focus(), "Bandwidth");

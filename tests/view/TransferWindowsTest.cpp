@@ -217,8 +217,7 @@ TEST_F(TransferWindows, AFlowGoesAsTheSticksAre) {
         EXPECT_EQ(remote.Shows("Country code: DEU"), !Imports(menuID));
         EXPECT_EQ(remote.Shows("The TV will restart."), Imports(menuID));
         EXPECT_TRUE(remote.Buttons()[0].starts_with(OfFactory(menuID) ? "OK (1" : "OK"));
-        remote.Press("Return");
-        EXPECT_TRUE(remote.HasExited());
+        remote.ExpectExit("Return");
       };
       flow.file ? Start(menuID, flow.sticks, play) : Run(menuID, flow.sticks, play);
     }
@@ -229,8 +228,7 @@ TEST_F(TransferWindows, AnImportThatIsNotConfirmedChangesNothing) {
   for (const char* keys : {"Return", "Left Back", "Left BackSpace"}) {
     Run(kImport, {{"A", {"list.zip"}}}, [&](Remote& remote) {
       m_tv.ClearJournal();
-      remote.Press(keys);
-      EXPECT_TRUE(remote.HasExited()) << keys;
+      remote.ExpectExit(keys);
     });
     EXPECT_EQ(m_tv.Calls("Util::SetServiceDb"), 0U) << keys;
   }
@@ -260,8 +258,7 @@ TEST_F(TransferWindows, EachResultHasItsScreen) {
         EXPECT_EQ(remote.Buttons(), Texts{factory ? "OK (15)" : "OK"});
         remote.ExpectSaid("", " " + TitleOf(menuID) + ", " + c.text + ", OK, Button");
         EXPECT_FALSE(remote.HasExited());
-        remote.Press("Return");
-        EXPECT_TRUE(remote.HasExited());
+        remote.ExpectExit("Return");
       });
       m_tv.Heal();
     }
@@ -359,8 +356,7 @@ TEST_F(TransferWindows, AStickPulledAtEachTenthOfTheCopyCostsNothing) {
         remote.Settle();
         EXPECT_EQ(Said(remote), kNoStick);
         EXPECT_EQ(remote.Stack(), Texts{menuID});
-        remote.Press("Return");
-        EXPECT_TRUE(remote.HasExited());
+        remote.ExpectExit("Return");
       });
       EXPECT_EQ(On(".A"), Texts{"list.zip"});
     }
@@ -443,8 +439,7 @@ TEST_F(TransferWindows, ACopyThatCannotEndSaysSoAndWaits) {
     EXPECT_EQ(Said(remote), kFailed);
     EXPECT_TRUE(remote.Heard(kFailed)) << testing::PrintToString(remote.Sayings());
     EXPECT_FALSE(remote.Shows("100%"));
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
   EXPECT_EQ(On("A"), Texts{kArchive});
 }

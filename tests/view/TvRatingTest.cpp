@@ -164,8 +164,7 @@ TEST(TvRating, KeysSoundAndOnlyReturnToggles) {
     remote.Press("Down Down Down Down Down");
     ASSERT_EQ(remote.Focus(), "Close");
     EXPECT_EQ(tv.ArgumentsOf("feedback_play"), (Texts{"69", "65"}));
-    remote.Press("Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Return");
   });
 }
 

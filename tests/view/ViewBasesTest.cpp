@@ -126,8 +126,7 @@ TEST(Notice, OfTheFrequenciesSaysWhatIsWrong) {
     Tv tv("europe", 0);
     test::Run({menuID}, [&](Remote& remote) {
       EXPECT_TRUE(remote.Shows("The start frequency is higher than the stop frequency. Check both and try again."));
-      remote.Press("Return");
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit("Return");
     });
   }
 }
