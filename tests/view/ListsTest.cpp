@@ -31,35 +31,24 @@ TEST(BottomPopup, OpensOnTheValueAndWritesOnlyAnother) {
     Tv tv;
     tv.SetItem(kDelay, c.value);
     test::Run({kDelay}, [&](Remote& remote) {
-      EXPECT_EQ(remote.Title(), "HDMI delay level");
       EXPECT_EQ(remote.RowTexts(), (Texts{"Off", "1", "2", "3"}));
       EXPECT_EQ(remote.Focus(), c.focus);
-      remote.Press(c.keys);
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit(c.keys);
     });
     EXPECT_EQ(tv.Item(kDelay), c.stored);
     EXPECT_EQ(tv.Calls("SettingsAPI::SetItemValue"), c.writes);
-    EXPECT_FALSE(test::Logged("Set Item Failed")) << "each of them was good";
   }
 }
 
 TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
-  const std::pair<const char*, const char*> steps[] = {{"Down", "1"}, {"5", "1"},    {"Down", "2"},
-                                                       {"Left", "2"}, {"Down", "3"}, {"Up", "2"},
-                                                       {"Up", "1"},   {"Up", "Off"}, {"Down", "1"}};
   Tv tv;
   tv.TurnVoiceOn();
   test::Run({kDelay}, [&](Remote& remote) {
-    EXPECT_EQ(remote.Focus(), "Off");
-    for (const auto& [key, focus] : steps) {
-      remote.Press(key);
-      EXPECT_EQ(remote.Focus(), focus) << key;
-      remote.Wait(0.5);
-    }
-    EXPECT_TRUE(remote.Heard("Off, Selected, 1 of 4"));
-    EXPECT_TRUE(remote.Heard("3, 4 of 4"));
-    remote.Press("Return");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectSaid("", "HDMI delay level, 4 items. Use the arrow keys to move.");
+    remote.ExpectSaid("Down", "1, 2 of 4");
+    remote.ExpectSaid("5 Down Left Down", "3, 4 of 4");
+    remote.ExpectSaid("Up Up Up", "Off, Selected, 1 of 4");
+    remote.ExpectExit("Down Return");
   });
   EXPECT_EQ(tv.Item(kDelay), "1");
 }
@@ -72,10 +61,14 @@ TEST(PageRows, ShowThePictureThatTheyAreGiven) {
   Tv tv;
   auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
   providers[kHistory] = [&](std::vector<DataInfo>& rows) {
-    rows = {{"Shown", "1", "", "", tick}, {"Gone", "2", "", "", "/no/such/picture.png"}, {"None", "3", "", "", ""}};
+    rows = {{"Shown", "1", "", "", tick},
+            {"Gone", "2", "", "", "/no/such/picture.png"},
+            {"None", "3", "", "", ""},
+            {"TV", "4", "", "", tv.Path()}};
   };
   test::Run({kHistory}, [&](Remote& remote) {
-    ASSERT_EQ(remote.RowTexts().size(), 3U);
+    ASSERT_EQ(remote.RowTexts().size(), 4U);
+    test::TakeToolkitErrors();  // what is no picture
     const auto picture = [&](unsigned int row) {
       return elm_object_item_part_content_get(elm_genlist_nth_item_get(remote.List(), row), theme::kRowBox);
     };
@@ -83,8 +76,7 @@ TEST(PageRows, ShowThePictureThatTheyAreGiven) {
     ASSERT_NE(picture(0), nullptr);
     elm_image_file_get(picture(0), &file, nullptr);
     EXPECT_STREQ(file, tick.c_str());
-    EXPECT_EQ(picture(1), nullptr);
-    EXPECT_EQ(picture(2), nullptr);
+    for (const unsigned int row : {1, 2, 3}) EXPECT_EQ(picture(row), nullptr) << row;
   });
   providers.erase(kHistory);
 }
@@ -98,20 +90,14 @@ TEST(FineTune, TheTunerFollowsTheSliderRoundBothEnds) {
   Tv tv;
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_EQ(remote.Focus(), "Close");
-    remote.Press("Up");
-    EXPECT_EQ(remote.Focus(), Offset(0));
-    remote.Press("Right Right Left");
-    EXPECT_EQ(remote.Focus(), Offset(1));
+    remote.ExpectFocus("Up", Offset(0));
+    remote.ExpectFocus("Right Right Left", Offset(1));
     EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT"), (Texts{"1, 33", "1, 34", "1, 33"}));
-    for (int i = 0; i < 33; ++i) remote.Press("Left");
-    EXPECT_EQ(remote.Focus(), Offset(-32));
-    remote.Press("Left");
-    EXPECT_EQ(remote.Focus(), Offset(32));
-    remote.Press("Right");
-    EXPECT_EQ(remote.Focus(), Offset(-32));
+    remote.ExpectFocus(test::Times("Left", 33), Offset(-32));
+    remote.ExpectFocus("Left", Offset(32));
+    remote.ExpectFocus("Right", Offset(-32));
     EXPECT_EQ(tv.ArgumentsOf("TunerControl::PresetMFT").back(), "1, 0");
-    remote.Press("Down");
-    EXPECT_EQ(remote.Focus(), "Save");
+    remote.ExpectFocus("Down", "Save");
   });
 }
 
@@ -148,8 +134,7 @@ TEST(FineTune, ShowsWhatIsStoredAtTheEndsOfAByte) {
       const bool starred = std::any_of(texts.begin(), texts.end(), ends("*"));
       EXPECT_EQ(starred, *c.status != 0);
       EXPECT_TRUE(starred ? std::any_of(texts.begin(), texts.end(), ends(c.status)) : true);
-      remote.Press("Up");
-      EXPECT_EQ(remote.Focus(), Offset(c.slider));
+      remote.ExpectFocus("Up", Offset(c.slider));
     });
   }
 }
@@ -183,16 +168,14 @@ TEST(FineTune, SavesResetsAndShowsBoth) {
     order.erase(order.begin(), order.end() - 5);
     EXPECT_EQ(order, (Texts{"TunerControl::SetMFT", "Service::UpdateService", "Service::UpdateService",
                             "TunerControl::GetMFT", "TunerControl::PresetMFT"}));
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_TRUE(remote.Shows(channel + "*"));
     remote.Press("Up Right");
     EXPECT_TRUE(remote.Shows(channel));
     EXPECT_FALSE(remote.Shows("Fine tune:  +2"));
-    remote.Press("Down Left");
-    EXPECT_EQ(remote.Focus(), "Reset");
+    remote.ExpectFocus("Down Left", "Reset");
     remote.Press("Return");
     remote.Wait(4.0);
     EXPECT_EQ(remote.Focus(), "OK");
@@ -202,38 +185,25 @@ TEST(FineTune, SavesResetsAndShowsBoth) {
   });
   test::Run({"fine-tune"}, [&](Remote& remote) {
     EXPECT_TRUE(remote.Shows(channel));
-    remote.Press("Up");
-    EXPECT_EQ(remote.Focus(), Offset(0));
+    remote.ExpectFocus("Up", Offset(0));
   });
 }
 
-TEST(FineTune, BackClosesTheWordAfterAResetAndThenTheWindow) {
-  for (const char* key : {"Back", "BackSpace", "Return"}) {
-    Tv tv;
-    test::Run({"fine-tune"}, [&](Remote& remote) {
-      remote.Press("Left Left Return");
-      EXPECT_EQ(remote.Focus(), "OK");
-      remote.Press(key);
-      EXPECT_EQ(remote.Stack(), Texts{"fine-tune"}) << key;
-      EXPECT_EQ(remote.Focus(), "Reset") << key;
-      remote.Press("Back");
-      EXPECT_TRUE(remote.HasExited()) << key;
-    });
-  }
-}
-
-TEST(FineTune, TheWordAfterAResetGoesWithTheWindow) {
+TEST(FineTune, TheWordAfterAResetGoesWithBackAndWithTheWindow) {
   constexpr int kFineTuneWindow = 15;
   Tv tv;
   test::Run({"signal-information-weakhistory"}, [](Remote& remote) {
     const std::string focus = remote.Focus();
     remote.Post(EVENT_PUSH_VIEW, kFineTuneWindow);
-    remote.Press("Left Left Return");
-    EXPECT_EQ(remote.Focus(), "OK");
+    for (const char* key : {"Back", "BackSpace", "Return"}) {
+      remote.ExpectFocus("Left Left Return", "OK");
+      remote.Press(key);
+      EXPECT_EQ(remote.Focus(), "Reset") << key;
+    }
+    remote.ExpectFocus("Return", "OK");
     remote.Post(EVENT_POP_VIEW);
     EXPECT_EQ(remote.Focus(), focus);
-    remote.Press("Back");
-    EXPECT_TRUE(remote.HasExited());
+    remote.ExpectExit("Back");
   });
 }
 

@@ -3,15 +3,13 @@
 // that comes to it within one TV's steps.
 #include <Eina.h>
 #include <malloc.h>
-#include <signal.h>
-#include <unistd.h>
 
-#include <cstring>
+#include <algorithm>
 #include <deque>
 #include <fstream>
-#include <random>
 #include <sstream>
 
+#include "../fuzz/Fuzz.h"
 #include "Clock.h"
 #include "DeviceManager.h"
 #include "EventManager.h"
@@ -22,10 +20,7 @@
 #include "Usb.h"
 #include "View.h"
 #include "ViewTable.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
+#include "Watch.h"
 
 namespace fs = std::filesystem;
 
@@ -46,63 +41,15 @@ constexpr unsigned int kMostSeconds = 60;
 constexpr long kCaches = 3 * 1024 * 1024;
 constexpr long kLost = 100;
 
-// --- what is told of a monkey that brought the program down ---------------------------------------
-
-char g_story[8192];
-
-void TellStory() { static_cast<void>(!write(STDERR_FILENO, g_story, strlen(g_story))); }
-
-void Fell(int signal) {
-  TellStory();
-  // The way the process would have gone without this.
-  struct sigaction action {};
-  action.sa_handler = SIG_DFL;
-  sigaction(signal, &action, nullptr);
-  raise(signal == SIGALRM ? SIGABRT : signal);
-}
-
-class Watchdog {
- public:
-  Watchdog() {
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_set_death_callback(TellStory);
-    for (const int signal : {SIGALRM}) Catch(signal);
-#else
-    for (const int signal : {SIGALRM, SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) Catch(signal);
-#endif
-  }
-  ~Watchdog() {
-    alarm(0);
-    for (const auto& [signal, action] : m_old) sigaction(signal, &action, nullptr);
-    g_story[0] = '\0';
-  }
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
-
- private:
-  void Catch(int signal) {
-    struct sigaction action {
-    }, old{};
-    action.sa_handler = Fell;
-    sigaction(signal, &action, &old);
-    m_old.emplace_back(signal, old);
-  }
-
-  std::vector<std::pair<int, struct sigaction>> m_old;
-};
-
-// --- the monkey ----------------------------------------------------------------------------------
-
 class Monkey {
  public:
   Monkey(unsigned int seed, long steps) : m_seed(seed), m_steps(steps) {}
 
   void Play() {
-    const Watchdog watchdog;
     const unsigned int first = m_seed;
     long heapHalfway = 0;
-    for (; m_step < m_steps && !testing::Test::HasFailure(); m_seed = static_cast<unsigned int>(m_random())) {
-      m_random.seed(m_seed);
+    for (; m_step < m_steps && !testing::Test::HasFailure(); m_seed = m_dice.Below(~0U)) {
+      m_dice = fuzz::Dice(m_seed);
       StayAtTv();
       CDeviceManager::ReleaseInstance();
       test::ClearLog();
@@ -117,46 +64,28 @@ class Monkey {
   }
 
  private:
-  using Deed = void (Monkey::*)(Remote&);
-  struct Habit {
-    unsigned int weight;
-    Deed deed;
-  };
-  static const Habit kHabits[];
-
   static long Heap() {
     // What the toolkit has let go of but not yet given back.
     eina_freeq_clear(eina_freeq_main_get());
     return static_cast<long>(mallinfo2().uordblks);
   }
 
-  unsigned int Below(unsigned int limit) { return limit ? m_random() % limit : 0; }
-  bool Chance(unsigned int percent) { return Below(100) < percent; }
-  template <class Range>
-  auto& Any(const Range& range) {
-    return *(std::begin(range) + Below(static_cast<unsigned int>(std::size(range))));
-  }
-
   /// A name that no person would give.
-  std::string Bytes(unsigned int most) {
-    std::string text;
-    for (unsigned int i = Below(most) + 1; i > 0; --i) {
-      const char byte = static_cast<char>(Chance(30) ? 128 + Below(128) : 1 + Below(127));
-      text += byte == '/' ? '%' : byte;
-    }
-    return text[0] == '.' ? "d" + text : text;
+  std::string Name(unsigned int most) {
+    std::string name = m_dice.Bytes(most);
+    std::replace(name.begin(), name.end(), '/', '%');
+    return name.starts_with('.') || name.empty() ? "d" + name : name;
   }
 
   void Did(const std::string& what) {
     m_did.push_back(what);
     if (m_did.size() > kRemembered) m_did.pop_front();
-    const std::string story = "\nmonkey: seed " + std::to_string(m_seed) + ", step " + std::to_string(m_step) + " of " +
-                              std::to_string(m_steps) + "; the last steps:\n" + Story();
-    snprintf(g_story, sizeof g_story, "%s", story.c_str());
+    m_watch.Tell("\n" + Story());
   }
 
   std::string Story() const {
-    std::string story = "  on " + m_room + "\n";
+    std::string story = "monkey: seed " + std::to_string(m_seed) + ", step " + std::to_string(m_step) + " of " +
+                        std::to_string(m_steps) + " on " + m_room + "; the last steps:\n";
     for (const std::string& what : m_did) story += "  " + what + "\n";
     return story;
   }
@@ -164,21 +93,19 @@ class Monkey {
   void StayAtTv() {
     static constexpr const char* profiles[] = {"america", "europe", "brazil", "hdmi"};
     static constexpr const char* languages[] = {"en_US.utf8", "ar_AE.utf8", "de_DE.utf8", "ko_KR.utf8"};
-    const char* profile = Any(profiles);
+    const char* profile = m_dice.Any(profiles);
     Tv tv(profile, 200);
     m_tv = &tv;
-    const char* language = Any(languages);
-    const bool contrast = Chance(50), voice = Chance(50);
-    tv.Set("db/menu_widget/language", language);
+    const char* language = m_dice.Any(languages);
+    const bool contrast = m_dice.Chance(50), voice = m_dice.Chance(50);
+    tv.SetLanguage(language);
     tv.Set("db/menu/system/accessibility/highcontrast", contrast ? "1" : "0");
     tv.Set("db/setting/accessibility/tts", voice ? "1" : "0");
-    m_room = profile;
-    m_room += std::string(" ") + language + (contrast ? " contrast" : "") + (voice ? " voice" : "");
+    m_room = std::string(profile) + " " + language + (contrast ? " contrast" : "") + (voice ? " voice" : "");
     Did("--- " + m_room);
     for (const long end = std::min(m_steps, m_step + kStay); m_step < end && !testing::Test::HasFailure();) {
       RunProgram();
     }
-    m_tv = nullptr;
   }
 
   const char* AnyMenuID() {
@@ -186,63 +113,62 @@ class Monkey {
     for (const ViewEntry& entry : ViewTable()) {
       if (entry.make) ids.push_back(entry.menuID);
     }
-    return Any(ids);
+    return m_dice.Any(ids);
   }
 
   void RunProgram() {
     const char* menuID = AnyMenuID();
     Did(std::string("run ") + menuID);
     ++m_step, ++m_programs;
-    alarm(kMostSeconds);
+    m_watch.Expect(kMostSeconds);
     test::Run({menuID}, [&](Remote& remote) {
       while (m_step < m_steps && !remote.HasExited() && !testing::Test::HasFailure()) {
         Step(remote);
         // Without a window there is nothing left but to be ended.
-        if (remote.Stack().empty() && Chance(30)) break;
+        if (remote.Stack().empty() && m_dice.Chance(30)) break;
       }
       if (!remote.HasExited()) Post(remote, EVENT_EXIT_APP, 0, 0);
       Check();
-      EXPECT_TRUE(remote.HasExited()) << "after the exit event; seed " << m_seed << "\n" << Story();
+      EXPECT_TRUE(remote.HasExited()) << "after the exit event\n" << Story();
     });
     Check();
-    Heal();
-    alarm(0);
+    m_tv->Heal();
+    m_watch.Expect(0);
   }
 
   void Step(Remote& remote) {
+    using Deed = void (Monkey::*)(Remote&);
+    static constexpr std::pair<unsigned int, Deed> habits[] = {
+        {300, &Monkey::PressKey},    {20, &Monkey::Hammer},     {30, &Monkey::Wait},       {12, &Monkey::Plug},
+        {15, &Monkey::ChangeSignal}, {8, &Monkey::ChangeItem},  {10, &Monkey::Break},      {10, &Monkey::Heal},
+        {3, &Monkey::Interrupt},     {4, &Monkey::LaunchAgain}, {14, &Monkey::PushWindow}, {10, &Monkey::PushControl},
+        {6, &Monkey::ChangeStack},   {2, &Monkey::End},
+    };
     unsigned int all = 0;
-    for (const Habit* habit = kHabits; habit->weight > 0; ++habit) all += habit->weight;
-    unsigned int at = Below(all);
-    const Habit* habit = kHabits;
-    for (; at >= habit->weight; ++habit) at -= habit->weight;
+    for (const auto& [weight, deed] : habits) all += weight;
+    unsigned int at = m_dice.Below(all);
+    const auto* habit = habits;
+    for (; at >= habit->first; ++habit) at -= habit->first;
     ++m_step;
-    alarm(kMostSeconds);
-    (this->*habit->deed)(remote);
+    m_watch.Expect(kMostSeconds);
+    (this->*habit->second)(remote);
     remote.Settle();
     Check();
   }
 
   void Check() {
-    const std::vector<std::string> errors = test::TakeGraveToolkitErrors();
-    if (errors.empty()) return;
-    for (const std::string& error : errors) ADD_FAILURE() << error;
-    ADD_FAILURE() << "seed " << m_seed << ", step " << m_step << "; views:" << Views() << "; the last steps:\n"
-                  << Story();
-  }
-
-  static std::string Views() {
-    std::string views;
-    for (const std::string& view : Remote().Stack()) views += " " + view;
-    return views;
+    for (const std::string& error : test::TakeGraveToolkitErrors()) {
+      ADD_FAILURE() << error << "; views: " << testing::PrintToString(Remote().Stack()) << "\n" << Story();
+    }
   }
 
   // --- what it does ------------------------------------------------------------------------------
 
   std::string AnyKey() {
     static constexpr const char* steering[] = {"Up", "Down", "Left", "Right", "Return"};
-    if (Chance(70)) return Any(steering);
-    const std::string key = Any(desktop::RemoteKeys());
-    return (key == "XF86Back" || key == "BackSpace") && Chance(60) ? "Down" : key;
+    if (m_dice.Chance(70)) return m_dice.Any(steering);
+    const std::string key = m_dice.Any(desktop::RemoteKeys());
+    return (key == "XF86Back" || key == "BackSpace") && m_dice.Chance(60) ? "Down" : key;
   }
 
   void PressKey(Remote& remote) {
@@ -254,7 +180,7 @@ class Monkey {
   /// Faster than the program.
   void Hammer(Remote&) {
     std::string keys;
-    for (unsigned int i = Below(6) + 2; i > 0; --i) {
+    for (unsigned int i = m_dice.Below(6) + 2; i > 0; --i) {
       const std::string key = AnyKey();
       keys += key + " ";
       desktop::PressKey(desktop::RemoteKey(key));
@@ -264,13 +190,13 @@ class Monkey {
 
   void Wait(Remote& remote) {
     static constexpr double seconds[] = {0.01, 0.1, 0.25, 1.0, 1.0, 3.0, 5.5, 14.0, 15.0, 61.0, 7200.0};
-    const double wait = Any(seconds);
+    const double wait = m_dice.Any(seconds);
     Did("wait " + std::to_string(wait));
     remote.Wait(wait);
   }
 
   void Plug(Remote&) {
-    const std::string name = Chance(70) ? std::string(1, static_cast<char>('A' + Below(3))) : Bytes(60);
+    const std::string name = m_dice.Chance(70) ? std::string(1, static_cast<char>('A' + m_dice.Below(3))) : Name(60);
     const fs::path stick = desktop::UsbDirectory() / name;
     std::error_code error;
     if (fs::is_directory(stick, error)) {
@@ -279,28 +205,28 @@ class Monkey {
       return;
     }
     fs::create_directories(stick, error);
-    const unsigned int archives = Below(4);
+    const unsigned int archives = m_dice.Below(4);
     for (unsigned int i = 0; i < archives; ++i) {
-      std::ofstream(stick / ((Chance(50) ? "list" + std::to_string(i) : Bytes(100)) + ".zip")) << "x";
+      std::ofstream(stick / ((m_dice.Chance(50) ? "list" + std::to_string(i) : Name(100)) + ".zip")) << "x";
     }
     Did("plug " + name + " with " + std::to_string(archives));
   }
 
   void Change(const std::string& sql) {
     Did(sql);
-    desktop::Store::Get().Write([&] { desktop::Query(sql).Run(); });
+    test::Change(sql);
   }
 
   void ChangeSignal(Remote&) {
     static constexpr const char* columns[] = {"strength", "quality", "ber", "snr"};
-    const std::string value = std::to_string(Chance(20) ? 0 : Below(110));
-    if (Chance(70)) return Change(std::string("UPDATE transponder SET ") + Any(columns) + " = " + value);
-    if (Chance(40)) return Change("UPDATE picture SET source = " + std::to_string(Below(3)));
-    if (Chance(50)) {
-      const std::string service = std::to_string(Below(200));
+    const std::string value = std::to_string(m_dice.Chance(20) ? 0 : m_dice.Below(110));
+    if (m_dice.Chance(70)) return Change(std::string("UPDATE transponder SET ") + m_dice.Any(columns) + " = " + value);
+    if (m_dice.Chance(40)) return Change("UPDATE picture SET source = " + std::to_string(m_dice.Below(3)));
+    if (m_dice.Chance(50)) {
+      const std::string service = std::to_string(m_dice.Below(200));
       return Change("UPDATE picture SET service = (SELECT id FROM service ORDER BY id LIMIT 1 OFFSET " + service + ")");
     }
-    Change("UPDATE picture SET antenna = " + std::to_string(Below(4)));
+    Change("UPDATE picture SET antenna = " + std::to_string(m_dice.Below(4)));
   }
 
   static std::vector<std::string> Items() {
@@ -311,9 +237,10 @@ class Monkey {
   }
 
   void ChangeItem(Remote&) {
-    const std::string item = Any(Items()), value = Chance(50) ? Bytes(600) : std::to_string(Below(100000));
+    const std::string item = m_dice.Any(Items()),
+                      value = m_dice.Chance(50) ? m_dice.Bytes(600) : std::to_string(m_dice.Below(100000));
     Did("item " + item + " = " + value.substr(0, 60));
-    desktop::Store::Get().Write([&] { desktop::Query("UPDATE item SET value = ? WHERE id = ?", value, item).Run(); });
+    m_tv->SetItem(item, value);
   }
 
   void Break(Remote&) {
@@ -321,28 +248,24 @@ class Monkey {
     for (const desktop::Operation* operation : desktop::Operations()) {
       if (!operation->failures.empty()) breakable.push_back(operation);
     }
-    const desktop::Operation& operation = *Any(breakable);
-    const char* result = Any(operation.failures);
-    const int times = static_cast<int>(Below(4));
+    const desktop::Operation& operation = *m_dice.Any(breakable);
+    const char* result = m_dice.Any(operation.failures);
+    const int times = static_cast<int>(m_dice.Below(4));
     Did(std::string("fault ") + operation.name + " " + result + " " + std::to_string(times));
     m_tv->Fail(operation.name, result, times);
   }
 
-  void Heal() { m_tv->Heal(); }
-
-  void HealAll(Remote&) {
+  void Heal(Remote&) {
     Did("heal");
-    Heal();
+    m_tv->Heal();
   }
 
   void Interrupt(Remote& remote) {
-    if (Chance(50)) {
-      Did("resume");
-      return remote.Resume();
+    if (!m_dice.Chance(50)) {
+      Did("pause");
+      remote.Pause();
+      if (m_dice.Chance(50)) return;
     }
-    Did("pause");
-    remote.Pause();
-    if (Chance(50)) return;
     Did("resume");
     remote.Resume();
   }
@@ -353,52 +276,46 @@ class Monkey {
     remote.Launch(menuID);
   }
 
-  void Post(Remote& remote, int type, long first, long second, IEventData* data = nullptr) {
+  void Post(Remote& remote, int type, long first, long second) {
     Did("event " + std::to_string(type) + " " + std::to_string(first) + " " + std::to_string(second));
-    CEventManager::GetInstance()->SendEvent(type, first, second, nullptr, data);
-    remote.Settle();
+    remote.Post(type, first, second);
   }
 
-  void PushWindow(Remote& remote) { Post(remote, EVENT_PUSH_VIEW, Below(27), Chance(60) ? 0 : Below(21)); }
+  void PushWindow(Remote& remote) {
+    Post(remote, EVENT_PUSH_VIEW, m_dice.Below(27), m_dice.Chance(60) ? 0 : m_dice.Below(21));
+  }
 
   void PushControl(Remote& remote) {
     std::vector<std::string> controls;
     for (const std::string& item : Items()) {
       if (const std::unique_ptr<IView> control(MakeControl(item.c_str(), 0, 0, 0)); control) controls.push_back(item);
     }
-    const std::string menuID = Any(controls);
-    Did(menuID);
-    auto* data = new CEventPositionData(menuID.c_str());
-    data->SetPositionData(static_cast<int>(Below(2000)), static_cast<int>(Below(1200)), static_cast<int>(Below(900)));
-    Post(remote, EVENT_PUSH_VIEW, 0, 0, data);
+    const std::string menuID = m_dice.Any(controls);
+    const int x = static_cast<int>(m_dice.Below(2000)), y = static_cast<int>(m_dice.Below(1200)),
+              w = static_cast<int>(m_dice.Below(900));
+    Did("control " + menuID);
+    remote.OpenControl(menuID, x, y, w);
   }
 
   void ChangeStack(Remote& remote) {
-    if (Chance(50)) return Post(remote, EVENT_REFRESH_VIEW, 0, 0);
-    Post(remote, EVENT_POP_VIEW, Below(2), 0);
+    if (m_dice.Chance(50)) return Post(remote, EVENT_REFRESH_VIEW, 0, 0);
+    Post(remote, EVENT_POP_VIEW, m_dice.Below(2), 0);
   }
 
   void End(Remote& remote) {
-    if (Chance(60)) return Post(remote, EVENT_EXIT_APP, 0, 0);
+    if (m_dice.Chance(60)) return Post(remote, EVENT_EXIT_APP, 0, 0);
     Did("focus lost");
     remote.TakeFocus();
   }
 
+  test::Watch m_watch;
   /// Of the TV that it is at: each can be played again by itself.
   unsigned int m_seed;
   long m_steps, m_step = 0, m_programs = 0;
-  std::mt19937 m_random;
+  fuzz::Dice m_dice{0};
   Tv* m_tv = nullptr;
   std::string m_room;
   std::deque<std::string> m_did;
-};
-
-const Monkey::Habit Monkey::kHabits[] = {
-    {300, &Monkey::PressKey},  {20, &Monkey::Hammer},       {30, &Monkey::Wait},
-    {12, &Monkey::Plug},       {15, &Monkey::ChangeSignal}, {8, &Monkey::ChangeItem},
-    {10, &Monkey::Break},      {10, &Monkey::HealAll},      {3, &Monkey::Interrupt},
-    {4, &Monkey::LaunchAgain}, {14, &Monkey::PushWindow},   {10, &Monkey::PushControl},
-    {6, &Monkey::ChangeStack}, {2, &Monkey::End},           {0, nullptr},
 };
 
 TEST(Monkey, LeavesTheProgramWhole) {

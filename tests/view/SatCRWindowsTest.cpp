@@ -3,7 +3,7 @@
 #include "Clock.h"
 #include "EventManager.h"
 #include "Harness.h"
-#include "ViewSatCRDetectProcessWindow.h"
+#include "Window.h"
 #include "tvs/State.h"
 
 using test::Remote;
@@ -15,6 +15,9 @@ namespace {
 enum Type { kDetect1, kDetect2, kVerify1, kVerify2 };
 constexpr const char* kMenuIDs[] = {"satcr-detect-slot-frequency-slot1", "satcr-detect-slot-frequency-slot2",
                                     "satcr-verify-slot-frequency-slot1", "satcr-verify-slot-frequency-slot2"};
+constexpr const char* kDetecting = "Detecting the slot frequency. Please wait.";
+constexpr const char* kVerifying = "Verifying the slot frequency. Please wait.";
+constexpr const char* kPrepare = "Disconnect or turn off all other devices on the same cable before you start.";
 constexpr const char* kNotDetected = "The slot frequency could not be detected.";
 constexpr const char* kSend = "SatelliteControl::SendSatCRCommand";
 constexpr const char* kSettings = "CreateSatelliteSettings";
@@ -49,6 +52,7 @@ class SatCRWindows : public testing::Test {
   void Run(Type type, const test::Body& body) {
     m_tv.ClearJournal();
     test::Run({kMenuIDs[type]}, [&](Remote& remote) {
+      EXPECT_TRUE(remote.Shows(kPrepare));
       ASSERT_EQ(remote.Focus(), "Start");
       remote.Press("Return");
       body(remote);
@@ -101,6 +105,7 @@ TEST_F(SatCRWindows, ARunEndsAsTheCableIsThen) {
       {kVerify2, 2, 1632, kNothing, kNothing, "Verification is complete.\nTuner 2 : Success", true, "4 1632"},
       // No band is free, from the start or in the end.
       {kDetect1, 1, 0, TakeAll, kNothing, kNotDetected, false, "255 0"},
+      {kDetect1, 2, 0, kNothing, TakeAll, "Detection is complete.\nTuner 1 : Failed", false, "255 0"},
       {kDetect2, 2, 0, kNothing, TakeAll, "Detection is complete.\nTuner 2 : Failed", false, "255 0"},
       // The band that it had found is taken meanwhile.
       {kDetect1, 1, 0, kNothing, Take(1400), detected, true, "4 1632"},
@@ -122,8 +127,7 @@ TEST_F(SatCRWindows, ARunEndsAsTheCableIsThen) {
     c.before();
     Run(c.type, [&](Remote& remote) {
       const std::string before = Stored(tuner);
-      const char* running =
-          detects ? "Detecting the slot frequency. Please wait." : "Verifying the slot frequency. Please wait.";
+      const char* running = detects ? kDetecting : kVerifying;
       for (const int percent : {0, 29, 57, 99}) {
         if (percent > 0) Tick(remote, percent);
         EXPECT_EQ(remote.Texts(), (Texts{running, std::to_string(percent) + "%", "Cancel"}));
@@ -140,8 +144,7 @@ TEST_F(SatCRWindows, ARunEndsAsTheCableIsThen) {
       EXPECT_EQ(Stored(tuner), c.kept);
       remote.Wait(3);
       EXPECT_EQ(m_tv.Calls(kStatus), 4U) << "nobody looks at it any more";
-      remote.Press("Return");
-      EXPECT_TRUE(remote.HasExited());
+      remote.ExpectExit("Return");
       EXPECT_EQ(m_tv.Calls(kSend), 2U);
     });
   }
@@ -200,8 +203,7 @@ TEST_F(SatCRWindows, UnderAnotherWindowItWaits) {
     remote.Wait(5);
     EXPECT_EQ(remote.Stack(), (Texts{kMenuIDs[kDetect1], "StartFrequency"}));
     EXPECT_EQ(m_tv.Calls(kStatus), 0U);
-    remote.Press("Back");
-    EXPECT_EQ(remote.Focus(), "Cancel");
+    remote.ExpectFocus("Back", "Cancel");
     Tick(remote, 100);
     EXPECT_TRUE(remote.Shows("100%"));
   });
@@ -265,80 +267,29 @@ TEST_F(SatCRWindows, EachCallMayFailFromEachTickOn) {
 
 TEST_F(SatCRWindows, ARunCanBeFollowedByEar) {
   m_tv.TurnVoiceOn();
-  struct Case {
+  const struct {
     Type type;
     /// At each second.
     std::vector<int> percents;
-    Texts progress;
-    const char* end;
-  };
-  const Case cases[] = {
+    Texts heard;
+  } cases[] = {
       // What was said before is heard out.
       {kDetect2,
        {10, 30, 35, 55, 60, 62, 74, 74, 74, 76, 100},
-       {"35%", "62%", "76%"},
-       "Detection is complete.\nTuner 2 : Success"},
-      {kDetect1, {50, 100}, {}, "Detection is complete.\nTuner 1 : Success"},
-      {kVerify1, {1, 2, 3, 99, 100}, {"99%"}, "Verification is complete.\nTuner 1 : Failed, OK, Button"},
+       {kDetecting, "35%", "62%", "76%", "Detection is complete.\nTuner 2 : Success"}},
+      {kDetect1, {50, 100}, {kDetecting, "Detection is complete.\nTuner 1 : Success"}},
+      {kVerify1, {1, 2, 3, 99, 100}, {kVerifying, "99%", "Verification is complete.\nTuner 1 : Failed, OK, Button"}},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.end);
+  for (const auto& c : cases) {
     Connect(2);
     Run(c.type, [&](Remote& remote) {
       for (const int percent : c.percents) Tick(remote, percent);
       remote.Wait(0.5);
-      Texts heard;
-      for (const std::string& text : remote.Spoken()) {
-        if (text != " ") heard.push_back(text);
-      }
-      Texts expected = {c.type == kVerify1 ? " , Verifying the slot frequency. Please wait."
-                                           : " , Detecting the slot frequency. Please wait."};
-      expected.insert(expected.end(), c.progress.begin(), c.progress.end());
-      expected.push_back(std::string(" , ") + c.end);
-      EXPECT_EQ(heard, expected);
+      Texts heard = remote.Sayings();
+      for (std::string& text : heard) text.erase(0, text.find_first_not_of(" ,"));
+      EXPECT_EQ(heard, c.heard);
     });
   }
-}
-
-/// A window whose bar cannot be made, or one of another menu ID.
-class BareWindow : public CViewSatCRDetectProcessWindow {
- public:
-  BareWindow(const char* menuID, bool bar) : CViewSatCRDetectProcessWindow(menuID), m_bar(bar) {
-    SetViewKey(static_cast<unsigned int>(Window::kDetectSlot1), kSatcrRunning);
-  }
-  WidgetProgressBar* Bar() { return t_pProgressBar.get(); }
-
- protected:
-  std::unique_ptr<WidgetProgressBar> t_CreateProgressBar(Evas_Object* parent) override {
-    return m_bar ? CViewSatCRDetectProcessWindow::t_CreateProgressBar(parent) : nullptr;
-  }
-
- private:
-  bool m_bar;
-};
-
-TEST_F(SatCRWindows, WithoutABarItFailsAndWithoutARunItWaits) {
-  Connect(1);
-  m_tv.SetLanguage("ar_AE.utf8");
-  test::Run({"tv-rating"}, [&](Remote& remote) {
-    remote.Pop();
-    auto* window = remote.Push(std::make_unique<BareWindow>("satcr-none", true));
-    EXPECT_FALSE(elm_object_mirrored_get(window->Bar()->GetObject())) << "numbers run from left to right";
-    EXPECT_TRUE(test::Logged("[Error]Invaild process type, m_nProcessType=0"));
-    Tick(remote, 100);
-    EXPECT_EQ(remote.Texts().front(), "0%") << "no message";
-    remote.Pop();
-    EXPECT_EQ(Sent(), Texts{"0, 2"});
-    m_tv.ClearJournal();
-
-    remote.Push(std::make_unique<BareWindow>(kMenuIDs[kDetect1], false));
-    EXPECT_EQ(Sent(), Texts{"0, 0"});
-    Tick(remote, 100);
-    EXPECT_EQ(Sent(), (Texts{"0, 0", "0, 2"}));
-    EXPECT_EQ(m_tv.Calls(kStatus), 0U);
-    EXPECT_EQ(remote.Stack(), Texts{kMenuIDs[kDetect1]});
-    EXPECT_EQ(remote.Buttons().size(), 1U);
-  });
 }
 
 }  // namespace
