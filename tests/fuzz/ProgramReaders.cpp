@@ -276,8 +276,10 @@ bool ReadReceived(const std::string& input) {
 
 // --- sticks --------------------------------------------------------------------------------------
 
+/// Without what means something in a path, or in a stick's name.
 std::string FileName(std::string text) {
   std::replace(text.begin(), text.end(), '/', '%');
+  std::replace(text.begin(), text.end(), '@', '%');
   std::replace(text.begin(), text.end(), '\n', '|');
   if (text.empty() || text[0] == '.') text.insert(0, "n");
   return text.substr(0, 250);
@@ -314,8 +316,8 @@ bool ReadSticks(const std::string& input) {
   for (const DEVICE_INFO& device : manager->GetDevices()) {
     seen.insert(device.productName);
     for (const std::string& name : device.chmapFileNames) seen.insert(std::string(device.productName) + "/" + name);
-    fs::remove_all(desktop::UsbDirectory() / device.productName, error);
   }
+  for (const std::string& name : plugged) fs::remove_all(desktop::UsbDirectory() / name, error);
   const DEVICE_INFO* selected = manager->GetSelectedDevice();
   Want(seen == plugged, "each stick and each archive is seen, and nothing else");
   Want(manager->m_nDeviceWithMapCount == 0 || (selected && !selected->chmapFileNames.empty()),
