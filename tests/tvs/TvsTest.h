@@ -10,7 +10,7 @@
 
 #include "CacheManager.h"
 #include "ChannelUtil.h"
-#include "Harness.h"
+#include "Process.h"
 #include "TvsUtil.h"
 
 namespace test {
@@ -42,6 +42,15 @@ class TvsTest : public testing::Test {
   explicit TvsTest(const std::string& profile = "europe") : m_tv(profile) {
     ForgetKept();
     ClearLog();
+  }
+  /// What quirelle-tv says of this TV in a process of its own; null, and in one line why, when it refuses.
+  Json::Value Command(Texts words) {
+    words.insert(words.begin(), {"--tv", m_tv.Path()});
+    words.emplace_back("--json");
+    const Outcome outcome = Execute("quirelle-tv", words);
+    EXPECT_TRUE(outcome.status == 0 || outcome.status == 2) << outcome.errors;
+    EXPECT_EQ(outcome.status == 0, outcome.errors.empty()) << outcome.errors;
+    return outcome.status == 0 ? Parsed(outcome.output) : Json::Value();
   }
   void SetCountry(int country) { m_tv.Set("system_settings/57", std::to_string(country)); }
 
