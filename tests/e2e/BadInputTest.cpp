@@ -7,20 +7,18 @@
 
 #include "Process.h"
 
-using test::Outcome;
-using test::Texts;
-using test::TvFile;
+namespace test {
 
 namespace {
 
-const std::string kY = test::kRating + "tv_y";
+const std::string kY = kRating + "tv_y";
 
 void ExpectRefused(const Outcome& outcome, const std::string& said, const std::string& what, int status = 1) {
   SCOPED_TRACE(what + " said '" + outcome.errors + "', wanted '" + said + "'");
   EXPECT_EQ(outcome.status, status);
   EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1);
   EXPECT_TRUE(outcome.errors.ends_with('\n'));
-  EXPECT_TRUE(test::Says(outcome.errors, said));
+  EXPECT_TRUE(Says(outcome.errors, said));
   EXPECT_EQ(outcome.output, "");
 }
 
@@ -113,13 +111,13 @@ TEST(BadInput, OfTheEnvironment) {
 
 /// Every way to come to a TV, on a file that is none.
 void ExpectNoTv(const std::string& path, const std::string& said) {
-  const std::string before = test::ReadWhole(path), line = path + ": " + said;
-  for (const Outcome& outcome : {test::Execute("quirelle", {"tv-rating", "--tv", path, "--dump", "-"}),
-                                 test::Execute("quirelle-tv", {"--tv", path, "get", kY}),
-                                 test::Execute("quirelle-tv", {"--tv", path, "set", kY, "1"})}) {
+  const std::string before = ReadWhole(path), line = path + ": " + said;
+  for (const Outcome& outcome :
+       {Execute("quirelle", {"tv-rating", "--tv", path, "--dump", "-"}),
+        Execute("quirelle-tv", {"--tv", path, "get", kY}), Execute("quirelle-tv", {"--tv", path, "set", kY, "1"})}) {
     ExpectRefused(outcome, line, path);
   }
-  EXPECT_EQ(test::ReadWhole(path), before) << path;
+  EXPECT_EQ(ReadWhole(path), before) << path;
 }
 
 void Write(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
@@ -133,21 +131,21 @@ TEST(BadInput, FilesThatAreNoTv) {
   const std::string path = tv / "other.db";
   Write(path, "");
   ExpectNoTv(path, "not a TV");
-  test::Rows(tv.Path(), "VACUUM INTO '" + path + "'");
-  const std::string whole = test::ReadWhole(path);
+  Rows(tv.Path(), "VACUUM INTO '" + path + "'");
+  const std::string whole = ReadWhole(path);
   // Half copied: whichever page is missing, made-up values are not shown.
   for (const size_t length : {whole.size() / 2, size_t{4096}, size_t{100}}) {
     Write(path, whole.substr(0, length));
     ExpectNoTv(path, "");
   }
   Write(path, whole);
-  test::Rows(path, "PRAGMA user_version = 1");
+  Rows(path, "PRAGMA user_version = 1");
   ExpectNoTv(path, "made by an older quirelle (schema 1, this one knows 3); to replace it by a new TV: " + make + path +
                        "' --force\n");
   // As the lines say.
   for (const Texts& words : {Texts{"new", "europe", "--tv", path, "--force"}, {"new", "europe", "--tv", missing}}) {
-    EXPECT_EQ(test::Execute("quirelle-tv", words).status, 0);
-    EXPECT_EQ(test::Execute("quirelle", {"tv-rating", "--tv", words[3], "--keys", "Back"}).status, 0);
+    EXPECT_EQ(Execute("quirelle-tv", words).status, 0);
+    EXPECT_EQ(Execute("quirelle", {"tv-rating", "--tv", words[3], "--keys", "Back"}).status, 0);
   }
 }
 
@@ -178,7 +176,7 @@ class SmallDisk {
 
  private:
   static void AsRoot(const std::string& command) {
-    const Outcome outcome = test::Execute("/bin/sh", {"-c", (getuid() == 0 ? "" : "sudo -n ") + command});
+    const Outcome outcome = Execute("/bin/sh", {"-c", (getuid() == 0 ? "" : "sudo -n ") + command});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
   }
 
@@ -187,25 +185,27 @@ class SmallDisk {
 
 TEST(BadInput, AFullDisk) {
   const std::string full = "no space left on the device";
-  const test::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   const SmallDisk disk(directory / "disk");
   const std::string path = directory / "disk/tv.db", second = directory / "disk/second.db";
   const std::string filler = directory / "disk/filler";
   const auto tv = [](const std::string& file, Texts words) {
     words.insert(words.begin(), {"--tv", file});
-    return test::Execute("quirelle-tv", words);
+    return Execute("quirelle-tv", words);
   };
   ASSERT_EQ(tv(path, {"new", "america"}).status, 0);
   for (std::ofstream file(filler); file << std::string(4096, 'x') << std::flush;) {
   }
   ExpectRefused(tv(path, {"set", kY, "32"}), path + ": " + full, "set");
-  ExpectRefused(test::Execute("quirelle", {"tv-rating", "--tv", path, "--keys", "Return"}), path + ": " + full, "show");
+  ExpectRefused(Execute("quirelle", {"tv-rating", "--tv", path, "--keys", "Return"}), path + ": " + full, "show");
   ExpectRefused(tv(second, {"new", "america"}), full, "new");
   EXPECT_FALSE(std::filesystem::exists(second));
   std::filesystem::remove(filler);
   EXPECT_EQ(tv(path, {"get", kY}).output, "0\n");
-  EXPECT_EQ(test::Rows(path, "PRAGMA integrity_check").at(0), "ok");
+  EXPECT_EQ(Rows(path, "PRAGMA integrity_check").at(0), "ok");
   EXPECT_EQ(tv(path, {"set", kY, "32"}).status, 0);
 }
 
 }  // namespace
+
+}  // namespace test

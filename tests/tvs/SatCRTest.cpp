@@ -14,9 +14,6 @@ namespace {
 
 enum ProcessType { kDetectFirst = 1, kDetectSecond, kVerifyFirst, kVerifySecond };
 
-constexpr const char* kOccupy = "UPDATE satcr_band SET occupant = 'a neighbour' WHERE frequency = ?";
-constexpr const char* kOutcome = "REPLACE INTO tv_state VALUES ('satcr_outcome', ?)";
-
 /// A cable whose first free bands are 1400 and 1632, and whose runs take 100 seconds.
 class SatCRTest : public TvsTest {
  protected:
@@ -79,9 +76,13 @@ TEST_F(SatCRTest, EndsAsTheCableIsThen) {
     std::string kept;
   };
   const auto nothing = [] {};
-  const auto take = [](int frequency) { return [=] { Change(kOccupy, frequency); }; };
+  const auto take = [](int frequency) {
+    return [=] { Change("UPDATE satcr_band SET occupant = 'a neighbour' WHERE frequency = ?", frequency); };
+  };
   const auto takeAll = [] { Change("UPDATE satcr_band SET occupant = 'everybody'"); };
-  const auto outcome = [](int frequency) { return [=] { Change(kOutcome, frequency); }; };
+  const auto outcome = [](int frequency) {
+    return [=] { Change("REPLACE INTO tv_state VALUES ('satcr_outcome', ?)", frequency); };
+  };
   const Case cases[] = {
       {"nothing is free", kDetectFirst, 0, takeAll, nothing, false, "255 0"},
       {"no band", kDetectFirst, 0, [] { Change("DELETE FROM satcr_band"); }, nothing, false, "255 0"},
