@@ -98,6 +98,20 @@ TEST(Settings, KeepTheTypeOfAKey) {
   EXPECT_EQ(tv.Get("db/test/text"), "it's; DROP TABLE setting --");
 }
 
+TEST(Settings, WhatIsNoNumberCannotBeRead) {
+  Tv tv;
+  for (const auto& [type, value] : {std::pair("int", "8 9 4"), {"int", "4294967297"}, {"int", ""}, {"ints", "8 x 4"}}) {
+    test::Change("REPLACE INTO setting VALUES ('system_info/0', ?, ?)", type, value);
+    const auto key = static_cast<system_info_key_e>(0);
+    int number = 7;
+    _system_info_value_array array{};
+    const bool list = std::string(type) == "ints";
+    EXPECT_NE(list ? system_info_get_value_int_array(key, &array) : system_info_get_value_int(key, &number), 0)
+        << value;
+    EXPECT_TRUE(number == 7 && !array.values) << value;
+  }
+}
+
 TEST(Settings, MemoryKeysComeUpAnewWithTheSet) {
   Tv tv;
   const char* shown = "memory/function-osd/number_pad_show";
@@ -130,20 +144,6 @@ TEST(Store, ALockedTVFailsTheCallAndChangesNothing) {
   EXPECT_EQ(vconf_set_int(kKey, 3), 0);
   EXPECT_EQ(Read(kKey), 3);
   EXPECT_EQ(tv.Journal("vconf_set_int").size(), 3U) << "the failed call is in the journal too";
-}
-
-TEST(Store, AFullDiskFailsTheCallAndTearsNothing) {
-  Tv tv;
-  vconf_set_str(kText, "small");
-  desktop::Gate::Flush();
-  Store::Get().Execute("PRAGMA max_page_count = 1");
-  EXPECT_EQ(vconf_set_str(kText, std::string(300000, 'x').c_str()), -1);
-  EXPECT_EQ(tv.Get(kText), "small");
-  Store::Get().Execute("PRAGMA max_page_count = 100000");
-  EXPECT_EQ(vconf_set_str(kText, "exSmall"), 0);
-  Store::Open(tv.Path());
-  EXPECT_EQ(tv.Get(kText), "exSmall");
-  EXPECT_EQ(test::Ask("PRAGMA integrity_check"), "ok");
 }
 
 TEST(Store, ATransactionIsAllOrNothing) {

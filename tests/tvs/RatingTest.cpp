@@ -67,22 +67,26 @@ class RatingTest : public TvsTest {
 };
 
 constexpr const char* kJson = R"({
-	"Count" : 2,
+	"Count" : 3,
 	"Names" : 
 	[
 		"Alter",
-		"Dimension 1"
+		"Dimension 1",
+		""
 	],
 	"RatingCounts" : 
 	[
-		3,
+		2,
+		1,
 		0
 	],
 	"RatingNames" : 
 	[
 		[
 			"\u00e9",
-			"Rating 1",
+			"Rating 1"
+		],
+		[
 			""
 		],
 		[]
@@ -95,7 +99,7 @@ constexpr const char* kJson = R"({
 TEST_F(RatingTest, TheFormOfTheJson) {
   EXPECT_EQ(RatingUtils::GetRatingInfoAsJsonString(), nullptr);
   EXPECT_EQ(TakeLog().back(), "[Error]Assertion failed");
-  Put({{}, {{OnAir("Alter"), {{OnAir("é")}, {{}}, {""}}}, {{}, {}}}});
+  Put({{}, {{OnAir("Alter"), {{OnAir("é")}, {{}}}}, {{}, {{""}}}, {OnAir("not asked for"), {}}}});
   EXPECT_EQ(Json(), kJson);
   Put({OnAir("No ratings"), {}});
   EXPECT_EQ(Json(), "{\n\t\"Count\" : 0,\n\t\"RegionName\" : \"No ratings\"\n}");

@@ -166,17 +166,12 @@ bool IsSilent(const PublicOperation& operation, const std::string& call) {
 /// What it changes on the TV is taken back.
 Answer RunOn(const PublicOperation& operation) {
   Answer answer;
-  struct TakenBack {};
   ForgetKept();
-  try {
-    desktop::Store::Get().Write([&] {
-      ClearLog();
-      answer.result = operation.run();
-      answer.log = TakeLog();
-      throw TakenBack();
-    });
-  } catch (const TakenBack&) {
-  }
+  TakingBack([&] {
+    ClearLog();
+    answer.result = operation.run();
+    answer.log = TakeLog();
+  });
   ForgetKept();
   return answer;
 }

@@ -37,6 +37,31 @@ inline bool Contains(const Texts& log, const std::string& text) {
   return std::any_of(log.begin(), log.end(), [&](const auto& line) { return line.find(text) != line.npos; });
 }
 
+/// What is written to the TV meanwhile is taken back.
+inline void TakingBack(const std::function<void()>& body) {
+  struct TakenBack {};
+  try {
+    desktop::Store::Get().Write([&] {
+      body();
+      throw TakenBack();
+    });
+  } catch (const TakenBack&) {
+  }
+}
+
+template <class Value>
+std::string Text(Value value) {
+  return std::to_string(static_cast<long long>(value));
+}
+inline std::string Text(const std::string& text) { return text; }
+inline std::string Text(char* owned) {
+  std::string copy = owned ? owned : "null";
+  free(owned);
+  return copy;
+}
+
+constexpr const char* kNoStatus = "{\n\t\"Progress\" : 0,\n\t\"SlotFrequency\" : -1,\n\t\"SlotNumber\" : 0\n}";
+
 class TvsTest : public testing::Test {
  protected:
   explicit TvsTest(const std::string& profile = "europe") : m_tv(profile) {
