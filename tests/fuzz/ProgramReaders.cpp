@@ -17,7 +17,6 @@
 #include "SatCRUtil.h"
 #include "SignalHistory.h"
 #include "TextUtil.h"
-#include "TvsShared.h"
 #include "TvsUtil.h"
 #include "Usb.h"
 #include "Utils.h"
@@ -102,38 +101,6 @@ bool ReadNumber(const std::string& input) {
   const int number = NumberAtStart(input.c_str());
   Want(number == same, "the nearest number that an int holds");
   return number != 0;
-}
-
-std::string MakeFrequency(Dice& dice) {
-  static constexpr const char* bandwidths[] = {"5 MHz", "8 MHz", "712 MHz"};
-  return dice.Number() + "\n" + (dice.Chance(50) ? MakeNumber(dice) : dice.Mutated(dice.Any(bandwidths)));
-}
-
-/// A cached number, typed over and stepped, by both of those who keep one.
-bool ReadFrequency(const std::string& input) {
-  const Texts lines = Lines(input, 2);
-  const int stored = NumberAtStart(lines[0].c_str());
-  const char* text = lines[1].c_str();
-  const auto inRange = [](int frequency) {
-    return frequency >= CTvsUtil::kLowestFrequency && frequency <= CTvsUtil::kHighestFrequency;
-  };
-  ChannelUtil::CacheFrequency = stored;
-  const int kept = ChannelUtil::SetCacheFrequency(MENU_KEY_NONE, text, PROFILE_MAIN);
-  Want(kept == stored || inRange(kept), "a typed frequency is taken when it is in range");
-  CCacheManager::FlushCache();
-  CTvsUtil::SetCacheFrequency(MENU_KEY_NONE, text, PROFILE_MAIN);
-  const int bandwidth = ChannelUtil::GetBandWidthFromDispStr(text);
-  Want(bandwidth >= BANDWIDTH_UNKNOWN && bandwidth <= BANDWIDTH_712, "a known bandwidth or none");
-  for (const MenuKeyDirection direction : {MENU_KEY_UP, MENU_KEY_DOWN, MENU_KEY_DOWN}) {
-    const int stepped = ChannelUtil::SetCacheFrequency(direction, nullptr, PROFILE_MAIN);
-    Want(!inRange(kept) || inRange(stepped), "a step stays in range");
-    CTvsUtil::SetCacheFrequency(direction, nullptr, PROFILE_MAIN);
-    for (const bool nordic : {false, true}) {
-      const int next = tvs::StepBandWidth(stored, direction, nordic);
-      Want(next >= (nordic ? BANDWIDTH_UNKNOWN : BANDWIDTH_5) && next <= BANDWIDTH_712, "a step leads to a bandwidth");
-    }
-  }
-  return inRange(NumberAtStart(text)) || bandwidth != BANDWIDTH_UNKNOWN;
 }
 
 // --- texts ---------------------------------------------------------------------------------------
@@ -331,7 +298,6 @@ std::vector<Reader> ProgramReaders() {
   return {{"notes of weak signal", 1, MakeNote, ReadNote},
           {"time stamps", 1, MakeStamps, ReadStamps},
           {"numbers", 1, MakeNumber, ReadNumber},
-          {"frequencies and bandwidths", 1, MakeFrequency, ReadFrequency},
           {"filled texts", 1, MakeFilled, ReadFilled},
           {"items", 10, MakeItem, ReadItem},
           {"what is received", 500, MakeReceived, ReadReceived},

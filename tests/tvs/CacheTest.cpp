@@ -1,3 +1,5 @@
+#include <climits>
+
 #include "Clock.h"
 #include "Gate.h"
 #include "TvsTest.h"
@@ -146,7 +148,8 @@ TEST_F(CacheTest, SteppedFrequency) {
                {MENU_KEY_NONE, "47000", 600000, 47000},  {MENU_KEY_NONE, "890000", 600000, 890000},
                {MENU_KEY_UP, nullptr, 890000, 890000},   {MENU_KEY_DOWN, nullptr, 47000, 47000},
                {MENU_KEY_UP, nullptr, 600000, 600001},   {MENU_KEY_DOWN, nullptr, 600000, 599999},
-               {MENU_KEY_NONE, nullptr, 600000, 600000}, {MENU_KEY_NONE, "", 600000, 600000}};
+               {MENU_KEY_NONE, nullptr, 600000, 600000}, {MENU_KEY_NONE, "", 600000, 600000},
+               {MENU_KEY_UP, nullptr, INT_MAX, INT_MAX}, {MENU_KEY_NONE, "4295567296", 600000, 600000}};
   for (const auto& step : steps) {
     SCOPED_TRACE(testing::Message() << step.direction << " " << (step.text ? step.text : "-") << " from "
                                     << step.stored);

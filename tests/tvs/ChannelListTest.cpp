@@ -14,13 +14,9 @@
 #include "tvs/ChannelList.h"
 
 using namespace desktop;
-using test::Ask;
-using test::Change;
-using test::ListTexts;
-using test::MakeZip;
-using test::ZipEntry;
-
 namespace fs = std::filesystem;
+
+namespace test {
 
 namespace {
 
@@ -95,13 +91,13 @@ class ChannelList : public testing::Test {
     EXPECT_EQ(CheckChannelList(path).outcome.status, status);
   }
 
-  const test::TemporaryDirectory m_directory;
+  const TemporaryDirectory m_directory;
 };
 
 class SmallChannelList : public ChannelList {
  protected:
   SmallChannelList() : m_tv("hdmi", 3) { Decorate(); }
-  test::Tv m_tv;
+  Tv m_tv;
 };
 
 // --- there and back ------------------------------------------------------------------------------
@@ -114,14 +110,14 @@ TEST_F(ChannelList, ComesBackColumnByColumnOnEachProfile) {
       SCOPED_TRACE(std::string(profile) + " " + std::to_string(size));
       std::string list;
       {
-        const test::Tv tv(profile, size);
+        const Tv tv(profile, size);
         Decorate();
         list = ListInUse();
         const Growth growth;
         ASSERT_EQ(ExportChannelList(Path()).what, "");
         EXPECT_LT(growth.Bytes(), kMostGrowth);
       }
-      const test::Tv other(profile, 50);
+      const Tv other(profile, 50);
       Change("UPDATE transponder SET fec = 1");
       ASSERT_TRUE(ListInUse() != list);
       const Growth growth;
@@ -134,10 +130,10 @@ TEST_F(ChannelList, ComesBackColumnByColumnOnEachProfile) {
 }
 
 TEST_F(ChannelList, TheSetGoesOnWithWhatTheNewListHas) {
-  const test::Tv tv("europe", 100);
+  const Tv tv("europe", 100);
   Change("DELETE FROM service WHERE id = 1 OR id > 50");
   ASSERT_EQ(ExportChannelList(Path()).what, "");
-  const test::Tv other("europe", 100);
+  const Tv other("europe", 100);
   Change("UPDATE picture SET service = iif(profile = 1, 1, 51)");
   Change("INSERT INTO recorder VALUES (60, 1, 0), (3, 1, 0)");
   Change("REPLACE INTO shown VALUES (1, 2, 1, 1), (1, 2, 7, 60), (101, 2, 1, 2), (101, 0, -1, 3)");
@@ -172,7 +168,7 @@ TEST_F(SmallChannelList, WhatNoListMayHoldIsPutRightOnTheWayOut) {
   const ListOutcome outcome = ExportChannelList(Path());
   EXPECT_EQ(outcome.status, kListFailed);
   EXPECT_EQ(outcome.what, "service 3: no list can hold its major, 70000");
-  EXPECT_EQ(test::ReadWhole(Path()), "old");
+  EXPECT_EQ(ReadWhole(Path()), "old");
 }
 
 TEST_F(SmallChannelList, AnExportThatFailsLeavesWhatWasThere) {
@@ -190,7 +186,7 @@ TEST_F(SmallChannelList, AnExportThatFailsLeavesWhatWasThere) {
   m_tv.Heal();
   Change("UPDATE tv_state SET value = 0 WHERE name = 'country_letters'");
   EXPECT_EQ(ExportChannelList(Path()).what, "the TV does not know which country it is in");
-  EXPECT_EQ(test::ReadWhole(Path()), old);
+  EXPECT_EQ(ReadWhole(Path()), old);
   EXPECT_FALSE(fs::exists(Path() + ".part"));
   Change("UPDATE tv_state SET value = 4478277 WHERE name = 'country_letters'");
   EXPECT_EQ(api.CreateUtil()->GetServiceDb(Path()), 1);
@@ -327,18 +323,18 @@ const Hostile kHostile[] = {
     Entry(
         "a bomb of 10 GiB that says 2",
         [](ZipEntry& e) {
-          e = test::Bomb(e.name, 10 * 1024);
+          e = Bomb(e.name, 10 * 1024);
           e.size = 0x80000000;
         },
         "services.csv", kListUnknown),
     Entry("a bomb of 10 GiB that says what the manifest says",
           [](ZipEntry& e) {
             const auto size = static_cast<uint32_t>(e.data.size());
-            e = test::Bomb(e.name, 10 * 1024);
+            e = Bomb(e.name, 10 * 1024);
             e.size = size;
           }),
     Entry(
-        "a bomb as manifest", [](ZipEntry& e) { e = test::Bomb(e.name, 100); }, kManifestEntry),
+        "a bomb as manifest", [](ZipEntry& e) { e = Bomb(e.name, 100); }, kManifestEntry),
     // The manifest.
     SaysText("no JSON", [](const std::string&) { return "list"; }),
     SaysText("nested JSON", [](const std::string&) { return std::string(16'000, '['); }),
@@ -459,3 +455,5 @@ TEST_F(SmallChannelList, AFailureWithinAnImportTakesItBack) {
 }
 
 }  // namespace
+
+}  // namespace test

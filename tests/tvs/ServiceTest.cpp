@@ -251,20 +251,7 @@ TEST_F(ServiceTest, MovingTheCurrentChannel) {
   EXPECT_FALSE(CTvsUtil::GetTunerLockStatus());
 }
 
-TEST_F(ServiceTest, UserTransponders) {
-  desktop::Query t(
-      "SELECT frequency, symbol_rate, polarisation, strength FROM transponder WHERE satellite = 24 ORDER BY id LIMIT "
-      "1");
-  ASSERT_TRUE(t.Row());
-  const std::string prefix = "db/menu/broadcasting/channel-settings/satellite-system/";
-  m_tv.Set(prefix + "lnb-settings/satellite", "24");
-  m_tv.Set(prefix + "user-defined-transponder/frequency", t.Text(0));
-  m_tv.Set(prefix + "user-defined-transponder/symbolrate", t.Text(1));
-  m_tv.Set(prefix + "user-defined-transponder/polarity", t.Text(2));
-  for (int i = 0; i < 2; ++i) EXPECT_TRUE(ChannelUtil::TuneAloneSelectedTransponder(false));
-  EXPECT_EQ(Ask("SELECT count(*) || ' ' || max(id) FROM transponder WHERE user_defined = 1"), "1 60000");
-  EXPECT_EQ(Ask("SELECT transponder FROM picture WHERE profile = 1"), "60000");
-  EXPECT_EQ(std::to_string(CTvsUtil::GetSignalStrength()), t.Text(3)) << "as that of the next one";
+TEST_F(ServiceTest, WhatIsNotThereIsNotTunedTo) {
   CTvsUtil::transponderID = 424242;
   EXPECT_FALSE(CTvsUtil::TuneAloneSelectedTransponder(false));
   Change("DELETE FROM service");
