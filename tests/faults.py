@@ -30,6 +30,7 @@ import threading
 import time
 from collections import defaultdict, namedtuple
 from concurrent.futures import ThreadPoolExecutor
+from contextlib import suppress
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -191,7 +192,7 @@ static bool g_entered[1 << 26];
 static int Notes() {
   const char* folder = getenv("QUIRELLE_FAULTS_NOTES");
   Dl_info self;
-  if (!folder || !dladdr(__ehdr_start, &self)) return -1;
+  if (!folder || !*folder || !dladdr(__ehdr_start, &self)) return -1;
   const std::string path = std::string(folder) + "/" + basename(self.dli_fname);
   return open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
 }
@@ -215,9 +216,9 @@ def files_of(folder):
 
 
 def copy_tree():
-    """Only what differs is written, so that only that is built."""
+    """Only what differs is written, so that only that is built. The names, and a digest of what the map depends on."""
     TREE.mkdir(parents=True, exist_ok=True)
-    names = files_of(ROOT)
+    names, digest = files_of(ROOT), hashlib.sha256((RECORDER + FLAGS).encode())
     for name in set(files_of(TREE)) - set(names):
         (TREE / name).unlink()
     for name in names:
@@ -225,16 +226,9 @@ def copy_tree():
         if not old.is_file() or not filecmp.cmp(new, old, shallow=False):
             old.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(new, old)  # with the time of now: what was built of another text is older
-    return names
-
-
-def fingerprint(names):
-    """Of what the map depends on."""
-    digest = hashlib.sha256((RECORDER + FLAGS).encode())
-    for name in names:
         if not name.startswith("docs/") and not name.endswith((".md", ".py")):
-            digest.update(name.encode() + b"\0" + (TREE / name).read_bytes())
-    return digest.hexdigest()
+            digest.update(name.encode() + b"\0" + old.read_bytes())
+    return names, digest.hexdigest()
 
 
 def configure(recorder):
@@ -260,6 +254,12 @@ def build():
 Outcome = namedtuple("Outcome", "test how passed")
 
 
+def kill(process):
+    """The process and what it started."""
+    with suppress(ProcessLookupError):
+        os.killpg(process.pid, signal.SIGKILL)
+
+
 class Runs:
     """Runs of tests, each in a process of its own, which can all be ended at once."""
 
@@ -270,41 +270,36 @@ class Runs:
         with self.lock:
             self.over = True
             for process in self.running:
-                os.killpg(process.pid, signal.SIGKILL)
+                kill(process)
 
-    def run(self, tests, seconds, notes=None):
+    def run(self, tests, seconds, notes=""):
         """The tests up to the first that fails; None when the end came first."""
+        words = [BUILD / "quirelle-tests", "--gtest_filter=" + ":".join(tests), "--gtest_fail_fast"]
+        limit = f'ulimit -c 0; ulimit -v {MEMORY_KIB}; exec "$@"'
         with tempfile.TemporaryDirectory(prefix="quirelle-faults-", ignore_cleanup_errors=True) as folder:
-            environment = dict(os.environ, TMPDIR=folder, **({"QUIRELLE_FAULTS_NOTES": notes} if notes else {}))
-            words = [BUILD / "quirelle-tests", "--gtest_filter=" + ":".join(tests), "--gtest_fail_fast"]
-            limit = f'ulimit -c 0; ulimit -v {MEMORY_KIB}; exec "$@"'
-            with open(Path(folder) / "said", "w+", errors="replace") as said:
-                with self.lock:
-                    if self.over:
-                        return None
-                    process = subprocess.Popen(["sh", "-c", limit, "sh", *words], cwd=BUILD, env=environment,
-                                               stdin=subprocess.DEVNULL, stdout=said, stderr=subprocess.DEVNULL,
-                                               start_new_session=True)
-                    self.running.add(process)
-                # As long as it is not waited for, its number stands for what it left behind, and for nothing else.
-                timer = threading.Timer(seconds, os.killpg, (process.pid, signal.SIGKILL))
-                timer.start()
-                os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
-                hung = not timer.is_alive()
-                timer.cancel()
-                with self.lock:
-                    os.killpg(process.pid, signal.SIGKILL)
-                    self.running.discard(process)
-                    status = process.wait()
-                    if self.over:
-                        return None
-                said.seek(0)
-                told = re.findall(r"^\[( RUN      |       OK |  FAILED  )\] ([^ ,\n]+\.[^ ,\n]+)", said.read(), re.M)
+            with open(Path(folder) / "said", "w+", errors="replace") as said, self.lock:
+                if self.over:
+                    return None
+                process = subprocess.Popen(["sh", "-c", limit, "sh", *words], cwd=BUILD, stdin=subprocess.DEVNULL,
+                                           stdout=said, stderr=subprocess.DEVNULL, start_new_session=True,
+                                           env=dict(os.environ, TMPDIR=folder, QUIRELLE_FAULTS_NOTES=notes))
+                self.running.add(process)
+            with suppress(subprocess.TimeoutExpired):
+                process.wait(seconds)
+            how = "hung" if process.poll() is None else "crashed"
+            kill(process)
+            with self.lock:
+                self.running.discard(process)
+            if self.over:
+                return None
+            status = process.wait()
+            told = re.findall(r"^\[( RUN      |       OK |  FAILED  )\] ([^ ,\n]+\.[^ ,\n]+)",
+                              (Path(folder) / "said").read_text(errors="replace"), re.M)
         passed = [test for word, test in told if "OK" in word]
         failed = next((test for word, test in told if "FAILED" in word), None)
         if failed or status == 0:
             return Outcome(failed, "", passed)
-        return Outcome(told[-1][1] if told else "", "hung" if hung else "crashed", passed)
+        return Outcome(told[-1][1] if told else "", how, passed)
 
 
 def each_of(work, items):
@@ -472,11 +467,10 @@ def hunt_all(seed, wanted):
     HOME.mkdir(parents=True, exist_ok=True)
     with open(HOME / "lock", "w") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
-        names = copy_tree()
+        names, key = copy_tree()
         configure(BUILD / "recorder.o")
         if not build():
             sys.exit(f"The sources as they are cannot be built; see {BROKEN}")
-        key = fingerprint(names)
         sources = {name: (TREE / name).read_text() for name in names if name.endswith(".cpp") and
                    name.startswith(FOLDERS)}
         learned = json.loads(MAP.read_text()) if MAP.exists() else {}

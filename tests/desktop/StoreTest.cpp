@@ -100,14 +100,13 @@ TEST(Settings, KeepTheTypeOfAKey) {
 
 TEST(Settings, WhatIsNoNumberCannotBeRead) {
   Tv tv;
-  for (const auto& [type, value] : {std::pair("int", "8 9 4"), {"int", "4294967297"}, {"int", ""}, {"ints", "8 x 4"}}) {
-    test::Change("REPLACE INTO setting VALUES ('system_info/0', ?, ?)", type, value);
-    const auto key = static_cast<system_info_key_e>(0);
+  for (const std::string value : {"8 9 4", "4294967297", "", "x"}) {
+    test::Change("REPLACE INTO setting VALUES ('system_info/0', 'int', ?), ('system_info/1', 'ints', ?)", value,
+                 "8 x" + value);
     int number = 7;
     _system_info_value_array array{};
-    const bool list = std::string(type) == "ints";
-    EXPECT_NE(list ? system_info_get_value_int_array(key, &array) : system_info_get_value_int(key, &number), 0)
-        << value;
+    EXPECT_NE(system_info_get_value_int(system_info_key_e(0), &number), 0) << value;
+    EXPECT_NE(system_info_get_value_int_array(system_info_key_e(1), &array), 0) << value;
     EXPECT_TRUE(number == 7 && !array.values) << value;
   }
 }
@@ -183,12 +182,10 @@ TEST(Profiles, SayWhereTheyAreWrong) {
       {"[settings", "bad.tv:2: section without a closing bracket"},
       {"[nonsense]\nx", "bad.tv:3: unknown section [nonsense]"},
       {"[settings]\nint key one", "bad.tv:3: 'one' is no number"},
-      {"[settings]\nint key 99999999999999999999", "bad.tv:3: '99999999999999999999' is no number"},
       {"[settings]\nbool key maybe", "bad.tv:3: 'maybe' is neither true nor false"},
       {"[settings]\nfloat key 1", "bad.tv:3: unknown type 'float'"},
       {"[settings]\n\n# comment\nint", "bad.tv:5: a key is missing"},
       {"[menu]\nthing id NAME", "bad.tv:3: unknown kind 'thing'"},
-      {"[menu]\nitem id", "bad.tv:3: a name is missing"},
       {"[menu]\nitem id NAME choice", "bad.tv:3: 'choice' is no choice"},
       {"[chips]\nCC 1 2 3", "bad.tv:3: '' is no number"},
       {"[chips]\nCC 1 2 3 256", "bad.tv:3: a colour is 0 to 255"},

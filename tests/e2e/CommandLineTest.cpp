@@ -76,9 +76,9 @@ TEST(CommandLine, TheLogGoesBesideTheTvOrWhereItIsAskedFor) {
 TEST(CommandLine, ASignalEndsAScriptAtOnce) {
   const TvFile tv;
   const std::string first = tv / "first.png", left = tv / "left";
-  const Texts words = {
-      Built("quirelle"), "tv-rating", "--tv",   tv.Path(), "--keys", "shot:" + first + " wait:70 Return shot:" + left,
-      "--shot",          left,        "--dump", left};
+  const std::string keys = "shot:" + first + " wait:70 Return shot:" + left;
+  const Texts words = {Built("quirelle"), "tv-rating", "--tv",   tv.Path(), "--keys", keys,
+                       "--shot",          left,        "--dump", left};
   for (const int signal : {SIGTERM, SIGINT}) {
     Process program(words);
     const bool waits = Until([&] { return std::filesystem::exists(first) && Says(ReadWhole(first), "IEND"); });

@@ -151,11 +151,6 @@ class ExportsTest : public TvsTest {
   }
 };
 
-size_t CountOf(const Texts& log, const std::string& line) {
-  return static_cast<size_t>(std::count_if(
-      log.begin(), log.end(), [&](const std::string& text) { return text == line || text == line + "\n"; }));
-}
-
 }  // namespace
 
 TEST_F(ExportsTest, EachCallsItsOperationAndSaysSo) {
@@ -164,8 +159,9 @@ TEST_F(ExportsTest, EachCallsItsOperationAndSaysSo) {
     const Answer own = Do(function, function.call);
     ExpectSame(own, Do(function, function.operation), function.name);
     EXPECT_FALSE(own.calls.empty()) << function.name;
-    EXPECT_EQ(CountOf(own.log, std::string("[Debug]") + function.name), function.log == Export::kNamed ? 1U : 0U)
-        << function.name;
+    const std::string named = std::string("[Debug]") + function.name;
+    const auto isNamed = [&](const std::string& line) { return line == named || line == named + "\n"; };
+    EXPECT_EQ(std::count_if(own.log.begin(), own.log.end(), isNamed), function.log == Export::kNamed) << function.name;
   }
   m_tv.Set("system_info/18", "1");
   ClearLog();
