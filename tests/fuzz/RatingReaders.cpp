@@ -1,7 +1,6 @@
 // Rating systems: names as they may come from a broadcast, and texts that are to be put in place of one.
 #include <json/json.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -31,21 +30,7 @@ std::string OnAirNow() {
 
 // --- names ---------------------------------------------------------------------------------------
 
-std::string Hexadecimal(const std::string& bytes) {
-  std::string digits;
-  for (const char byte : bytes) digits += Format("%02X", static_cast<unsigned char>(byte));
-  return digits;
-}
-
-std::string FromHexadecimal(const std::string& digits) {
-  std::string bytes;
-  for (size_t i = 0; i + 1 < digits.size(); i += 2) {
-    bytes += static_cast<char>(std::strtol(digits.substr(i, 2).c_str(), nullptr, 16));
-  }
-  return bytes;
-}
-
-/// Bytes as digits: texts that are made here cannot hold every byte.
+/// Any bytes, as UTF-16 for the most part.
 std::string MakeName(Dice& dice) {
   const char* const kPieces[] = {"a", "ä", "€", "📺", "قناة", "Violence", "\n", "\xED\xA0\x80", "\xED\xB0\x80"};
   std::string bytes;
@@ -61,12 +46,11 @@ std::string MakeName(Dice& dice) {
     for (char& byte : bytes) byte = static_cast<char>(dice.Below(256));
   }
   if (dice.Chance(5)) bytes.resize(kMost + dice.Below(2), 'a');
-  return Hexadecimal(bytes);
+  return bytes;
 }
 
 /// The same name as region, dimension and value.
-bool ReadName(const std::string& input) {
-  const std::string bytes = FromHexadecimal(input);
+bool ReadName(const std::string& bytes) {
   desktop::WriteRatingSystem(kRegion, {bytes, {{bytes, {{bytes}, {bytes}}}}});
   const std::string json = OnAirNow();
   const bool whole = !Logged("iconv failed");
@@ -83,7 +67,7 @@ bool ReadName(const std::string& input) {
 // --- texts ---------------------------------------------------------------------------------------
 
 std::string MakeSystem(Dice& dice) {
-  const auto name = [&] { return desktop::RatingName(FromHexadecimal(dice.Chance(90) ? MakeName(dice) : "")); };
+  const auto name = [&] { return desktop::RatingName(dice.Chance(90) ? MakeName(dice) : ""); };
   RatingSystem system{name(), {}};
   for (unsigned int d = dice.Below(4); d > 0; --d) {
     auto& dimension = system.dimensions.emplace_back(desktop::RatingDimension{name(), {}});
