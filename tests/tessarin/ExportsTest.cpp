@@ -23,15 +23,6 @@ namespace test {
 namespace {
 
 constexpr const char* kGuide = "COM_SID_POPUP_WIDGET_SHOW_GUIDE";
-constexpr const char* kNoStatus = "{\n\t\"Progress\" : 0,\n\t\"SlotFrequency\" : -1,\n\t\"SlotNumber\" : 0\n}";
-
-std::string Text(long long value) { return std::to_string(value); }
-std::string Text(const std::string& text) { return text; }
-std::string Text(char* owned) {
-  std::string copy = owned ? owned : "null";
-  free(owned);
-  return copy;
-}
 
 using Action = std::function<std::string()>;
 
@@ -126,7 +117,6 @@ class ExportsTest : public TvsTest {
 
   /// What it changes is taken back, where the list is not what it changes.
   static Answer Do(const Export& function, const Action& run) {
-    struct TakenBack {};
     Answer answer;
     ForgetKept();
     desktop::Gate::Watch([&](const desktop::Operation& call, const desktop::Entry& entry, const std::string& result) {
@@ -141,13 +131,7 @@ class ExportsTest : public TvsTest {
     if (function.store == Export::kOnItsOwn) {
       body();
     } else {
-      try {
-        desktop::Store::Get().Write([&] {
-          body();
-          throw TakenBack();
-        });
-      } catch (const TakenBack&) {
-      }
+      TakingBack(body);
     }
     desktop::Gate::Watch(nullptr);
     return answer;
@@ -167,11 +151,6 @@ class ExportsTest : public TvsTest {
   }
 };
 
-size_t CountOf(const Texts& log, const std::string& line) {
-  return static_cast<size_t>(std::count_if(
-      log.begin(), log.end(), [&](const std::string& text) { return text == line || text == line + "\n"; }));
-}
-
 }  // namespace
 
 TEST_F(ExportsTest, EachCallsItsOperationAndSaysSo) {
@@ -180,8 +159,9 @@ TEST_F(ExportsTest, EachCallsItsOperationAndSaysSo) {
     const Answer own = Do(function, function.call);
     ExpectSame(own, Do(function, function.operation), function.name);
     EXPECT_FALSE(own.calls.empty()) << function.name;
-    EXPECT_EQ(CountOf(own.log, std::string("[Debug]") + function.name), function.log == Export::kNamed ? 1U : 0U)
-        << function.name;
+    const std::string named = std::string("[Debug]") + function.name;
+    const auto isNamed = [&](const std::string& line) { return line == named || line == named + "\n"; };
+    EXPECT_EQ(std::count_if(own.log.begin(), own.log.end(), isNamed), function.log == Export::kNamed) << function.name;
   }
   m_tv.Set("system_info/18", "1");
   ClearLog();
