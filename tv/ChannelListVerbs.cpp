@@ -74,22 +74,15 @@ void PrintTables(const ListContents& contents, const Manifest& manifest) {
   PrintTable({"entry", "records", "added", "changed", "removed"}, rows, {false, true, true, true, true});
 }
 
-void PrintJson(const ListContents& contents, const Manifest& manifest) {
-  Json::Value root;
-  root["country"] = manifest.country;
-  root["madeAt"] = manifest.madeAt;
-  root["madeBy"] = manifest.madeBy;
-  for (size_t i = 0; i < kListTables; ++i) {
+void PrintAsJson(const ListContents& contents, const Manifest& manifest) {
+  Json::Value root = ManifestJson(manifest);
+  for (size_t i = 0; i < kListTables && contents.outcome.status == kListDone; ++i) {
     Json::Value& entry = root["entries"][kListFormatTables[i].entry];
-    entry["records"] = static_cast<Json::Int64>(manifest.entries[i].records);
-    if (contents.outcome.status != kListDone) continue;
     entry["added"] = static_cast<Json::Int64>(contents.differences[i].added);
     entry["changed"] = static_cast<Json::Int64>(contents.differences[i].changed);
     entry["removed"] = static_cast<Json::Int64>(contents.differences[i].removed);
   }
-  Json::StreamWriterBuilder builder;
-  builder["indentation"] = "  ";
-  std::puts(Json::writeString(builder, root).c_str());
+  PrintJson(root);
 }
 
 int Check(const Arguments& words) {
@@ -101,7 +94,7 @@ int Check(const Arguments& words) {
   if (contents.manifest) {
     const Manifest& manifest = *contents.manifest;
     if (command.json) {
-      PrintJson(contents, manifest);
+      PrintAsJson(contents, manifest);
     } else {
       std::printf("%s: a list of %s, made %s by %s\n", OneLine(file).c_str(), manifest.country.c_str(),
                   manifest.madeAt.c_str(), manifest.madeBy.c_str());

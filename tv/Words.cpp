@@ -102,13 +102,13 @@ Found Find(Query& q, const std::vector<const char*>& names) {
   return found;
 }
 
+}  // namespace
+
 void PrintJson(const Json::Value& value) {
   Json::StreamWriterBuilder builder;
   builder["indentation"] = "  ";
   std::puts(Json::writeString(builder, value).c_str());
 }
-
-}  // namespace
 
 int Print(Query& q, const std::vector<const char*>& names, bool json) {
   const Found found = Find(q, names);

@@ -1,6 +1,8 @@
 // The words of quirelle-tv's command line, and what is printed for them.
 #pragma once
 
+#include <json/forwards.h>
+
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -41,6 +43,7 @@ struct Section {
   std::vector<const char*> names;
 };
 int Print(const std::vector<Section>& sections, bool json);
+void PrintJson(const Json::Value& value);
 /// A table; `right` says which columns end on one line.
 void PrintTable(const std::vector<const char*>& names, const std::vector<Arguments>& rows,
                 const std::vector<bool>& right);

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "CopyRows.h"
 #include "LogOutput.h"
 #include "Profile.h"
 #include "Readings.h"
@@ -52,6 +53,7 @@ class Bare {
   Bare(const Bare&) = delete;
   Bare& operator=(const Bare&) = delete;
 
+  sqlite3* Handle() const { return m_db; }
   void Do(const std::string& sql) const {
     Check(sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK, sqlite3_errmsg(m_db));
   }
@@ -128,23 +130,10 @@ void Unpack(const std::string& from) {
   inflateEnd(&stream);
 }
 
-/// Row by row through one prepared statement into tables without rows, then the indexes.
+/// Into tables without rows, then the indexes.
 void InsertRows(const Bare& bare) {
   bare.Do("BEGIN");
-  for (const std::string table : kTables) {
-    sqlite3_stmt* read = bare.Prepare("SELECT * FROM tv." + table);
-    std::string marks = "?";
-    for (int i = 1; i < sqlite3_column_count(read); ++i) marks += ", ?";
-    sqlite3_stmt* write = bare.Prepare("INSERT INTO main." + table + " VALUES (" + marks + ")");
-    while (sqlite3_step(read) == SQLITE_ROW) {
-      for (int i = 0; i < sqlite3_column_count(read); ++i)
-        sqlite3_bind_value(write, i + 1, sqlite3_column_value(read, i));
-      sqlite3_step(write);
-      sqlite3_reset(write);
-    }
-    sqlite3_finalize(read);
-    sqlite3_finalize(write);
-  }
+  for (const char* table : kTables) CopyRows(bare.Handle(), table);
   bare.Do(desktop::kServiceIndexSql);
   bare.Do(
       "CREATE INDEX transponder_satellite ON transponder (satellite, frequency);"

@@ -10,6 +10,7 @@
 
 #include "CacheManager.h"
 #include "ChannelUtil.h"
+#include "CopyRows.h"
 #include "Gate.h"
 #include "LogOutput.h"
 #include "Profile.h"
@@ -78,19 +79,7 @@ double BareInsertion(const std::string& tv, const std::string& path) {
   Execute(db, create.c_str());
   const auto start = std::chrono::steady_clock::now();
   Execute(db, "BEGIN");
-  sqlite3_stmt *read = nullptr, *write = nullptr;
-  sqlite3_prepare_v2(db, "SELECT * FROM tv.service", -1, &read, nullptr);
-  std::string marks = "?";
-  for (int i = 1; i < sqlite3_column_count(read); ++i) marks += ", ?";
-  sqlite3_prepare_v2(db, ("INSERT INTO main.service VALUES (" + marks + ")").c_str(), -1, &write, nullptr);
-  while (sqlite3_step(read) == SQLITE_ROW) {
-    for (int i = 0; i < sqlite3_column_count(read); ++i)
-      sqlite3_bind_value(write, i + 1, sqlite3_column_value(read, i));
-    sqlite3_step(write);
-    sqlite3_reset(write);
-  }
-  sqlite3_finalize(read);
-  sqlite3_finalize(write);
+  CopyRows(db, "service");
   Execute(db, desktop::kServiceIndexSql);
   Execute(db, "COMMIT");
   Execute(db, "PRAGMA wal_checkpoint(TRUNCATE)");

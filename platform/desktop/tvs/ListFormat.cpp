@@ -187,15 +187,22 @@ EntryFigures ReadFigures(const Json::Value& entry, const ListTable& table) {
 
 }  // namespace
 
-std::string WriteManifest(const Manifest& manifest) {
+Json::Value ManifestJson(const Manifest& manifest) {
   Json::Value root;
-  root["format"] = kListFormat;
   root["country"] = manifest.country;
   root["madeAt"] = manifest.madeAt;
   root["madeBy"] = manifest.madeBy;
   for (size_t i = 0; i < kListTables; ++i) {
+    root["entries"][kListFormatTables[i].entry]["records"] = static_cast<Json::Int64>(manifest.entries[i].records);
+  }
+  return root;
+}
+
+std::string WriteManifest(const Manifest& manifest) {
+  Json::Value root = ManifestJson(manifest);
+  root["format"] = kListFormat;
+  for (size_t i = 0; i < kListTables; ++i) {
     Json::Value& entry = root["entries"][kListFormatTables[i].entry];
-    entry["records"] = static_cast<Json::Int64>(manifest.entries[i].records);
     entry["bytes"] = static_cast<Json::UInt64>(manifest.entries[i].bytes);
     entry["sha256"] = manifest.entries[i].digest;
   }

@@ -1,6 +1,8 @@
 // The form that a channel list has outside of the TV: entries of an archive, their columns, what each value may be.
 #pragma once
 
+#include <json/forwards.h>
+
 #include <array>
 #include <cstdint>
 #include <span>
@@ -80,6 +82,8 @@ struct Manifest {
   std::array<EntryFigures, kListTables> entries;
 };
 
+/// Where a list is from, and how many records each entry has.
+Json::Value ManifestJson(const Manifest& manifest);
 std::string WriteManifest(const Manifest& manifest);
 /// Throws ListError.
 Manifest ReadManifest(const std::string& text);
