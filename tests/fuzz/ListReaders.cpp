@@ -81,21 +81,10 @@ bool ReadManifestText(const std::string& input) {
   }
 }
 
-bool ReadPlainText(const std::string& input) {
-  const std::string plain = desktop::PlainText(input, 20);
-  Want(desktop::IsPlainText(plain) && IsUtf8(plain) && plain.size() <= 20, "becomes a plain text");
-  const bool isPlain = desktop::IsPlainText(input);
-  Want(!isPlain || desktop::PlainText(input, input.size()) == input, "a plain one stays what it is");
-  return isPlain;
-}
-
 }  // namespace
 
 std::vector<Reader> ListReaders() {
-  const auto makeText = [](Dice& dice) { return dice.Chance(70) ? dice.Mutated("Añ€ 📺 قناة") : dice.Bytes(40); };
-  return {{"records", 1, MakeRecords, ReadRecords},
-          {"manifests", 1, MakeManifest, ReadManifestText},
-          {"plain texts", 1, makeText, ReadPlainText}};
+  return {{"records", 1, MakeRecords, ReadRecords}, {"manifests", 1, MakeManifest, ReadManifestText}};
 }
 
 }  // namespace fuzz

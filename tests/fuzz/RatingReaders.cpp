@@ -1,7 +1,6 @@
 // Rating systems: names as they may come from a broadcast, and texts that are to be put in place of one.
 #include <json/json.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -31,21 +30,7 @@ std::string OnAirNow() {
 
 // --- names ---------------------------------------------------------------------------------------
 
-std::string Hexadecimal(const std::string& bytes) {
-  std::string digits;
-  for (const char byte : bytes) digits += Format("%02X", static_cast<unsigned char>(byte));
-  return digits;
-}
-
-std::string FromHexadecimal(const std::string& digits) {
-  std::string bytes;
-  for (size_t i = 0; i + 1 < digits.size(); i += 2) {
-    bytes += static_cast<char>(std::strtol(digits.substr(i, 2).c_str(), nullptr, 16));
-  }
-  return bytes;
-}
-
-/// Bytes as digits: texts that are made here cannot hold every byte.
+/// Any bytes, as UTF-16 for the most part.
 std::string MakeName(Dice& dice) {
   const char* const kPieces[] = {"a", "ä", "€", "📺", "قناة", "Violence", "\n", "\xED\xA0\x80", "\xED\xB0\x80"};
   std::string bytes;
@@ -61,54 +46,19 @@ std::string MakeName(Dice& dice) {
     for (char& byte : bytes) byte = static_cast<char>(dice.Below(256));
   }
   if (dice.Chance(5)) bytes.resize(kMost + dice.Below(2), 'a');
-  return Hexadecimal(bytes);
+  return bytes;
 }
 
-/// A character of UTF-16; nothing when it is broken or the end.
-std::optional<unsigned int> CharacterAt(const std::string& bytes, size_t at) {
-  const auto unit = [&](size_t i) -> unsigned int {
-    if (i + 2 > bytes.size()) return 0;
-    return static_cast<unsigned char>(bytes[i]) * 256U + static_cast<unsigned char>(bytes[i + 1]);
-  };
-  const unsigned int first = unit(at), second = unit(at + 2);
-  if (first == 0 || (first & 0xFC00) == 0xDC00) return {};
-  if ((first & 0xFC00) != 0xD800) return first;
-  if ((second & 0xFC00) != 0xDC00) return {};
-  return 0x10000 + (first & 0x3FF) * 0x400 + (second & 0x3FF);
-}
-
-std::string Utf8(unsigned int character) {
-  if (character < 0x80) return {static_cast<char>(character)};
-  const int more = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-  std::string text(1, static_cast<char>((0xFF00 >> (more + 1)) | character >> (6 * more)));
-  for (int i = more - 1; i >= 0; --i) text += static_cast<char>(0x80 | (character >> (6 * i) & 0x3F));
-  return text;
-}
-
-/// As a name is to be shown, and whether that is all of it.
-std::pair<std::string, bool> Shown(const std::string& bytes) {
-  const std::string received = bytes.substr(0, kMost);
-  std::string text;
-  size_t at = 0;
-  while (const auto character = CharacterAt(received, at)) {
-    const std::string more = Utf8(*character);
-    if (text.size() + more.size() > kMost) break;
-    text += more;
-    at += *character > 0xFFFF ? 4 : 2;
-  }
-  return {text, at == bytes.size()};
-}
-
-bool ReadName(const std::string& input) {
-  const std::string bytes = FromHexadecimal(input);
+/// The same name as region, dimension and value.
+bool ReadName(const std::string& bytes) {
   desktop::WriteRatingSystem(kRegion, {bytes, {{bytes, {{bytes}, {bytes}}}}});
   const std::string json = OnAirNow();
+  const bool whole = !Logged("iconv failed");
   Json::Value read;
   std::istringstream(json) >> read;
-  const auto [shown, whole] = Shown(bytes);
-  for (const Json::Value& name : {read["RegionName"], read["Names"][0], read["RatingNames"][0][1]}) {
-    Want(name.asString() == shown, "a name up to where it is broken or cut");
-  }
+  const std::string shown = read["RegionName"].asString();
+  Want(IsUtf8(shown) && shown.size() <= kMost, "a name up to where it is broken or cut");
+  Want(read["Names"][0] == shown && read["RatingNames"][0][1] == shown, "a name is the same everywhere");
   desktop::WriteRatingSystem(kRegion, ParseRatingJson(json));
   Want(OnAirNow() == json, "what is written is read again");
   return whole;
@@ -117,7 +67,7 @@ bool ReadName(const std::string& input) {
 // --- texts ---------------------------------------------------------------------------------------
 
 std::string MakeSystem(Dice& dice) {
-  const auto name = [&] { return desktop::RatingName(FromHexadecimal(dice.Chance(90) ? MakeName(dice) : "")); };
+  const auto name = [&] { return desktop::RatingName(dice.Chance(90) ? MakeName(dice) : ""); };
   RatingSystem system{name(), {}};
   for (unsigned int d = dice.Below(4); d > 0; --d) {
     auto& dimension = system.dimensions.emplace_back(desktop::RatingDimension{name(), {}});
