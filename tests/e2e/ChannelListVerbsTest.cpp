@@ -1,5 +1,4 @@
 // quirelle-tv channels export, import and check; and processes that are killed while they do it.
-#include <signal.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -10,14 +9,7 @@
 #include "Process.h"
 #include "tvs/ChannelList.h"
 
-using test::Outcome;
-using test::Process;
-using test::Rows;
-using test::Says;
-using test::Texts;
-using test::TvFile;
-
-namespace fs = std::filesystem;
+namespace test {
 
 namespace {
 
@@ -39,7 +31,7 @@ TEST(ChannelListVerbs, SayInOneLineWhatHasBecomeOfTheList) {
        {"a list of USA, made 20", "by quirelle ", "services.csv          400    380", "satellites.csv"}) {
     EXPECT_TRUE(Says(check.output, part)) << part << "\n" << check.output;
   }
-  EXPECT_EQ(test::Parsed(tv.Do({"channels", "check", zip, "--json"}))["entries"]["services.csv"]["added"].asInt(), 380);
+  EXPECT_EQ(Parsed(tv.Do({"channels", "check", zip, "--json"}))["entries"]["services.csv"]["added"].asInt(), 380);
   EXPECT_EQ(Rows(tv.Path(), "SELECT count(*) FROM service").at(0), "20");
   ExpectLine(tv.Tv({"channels", "import", zip}), 0, "list.zip: 400 channels");
   EXPECT_EQ(Rows(tv.Path(), "SELECT count(*) FROM service").at(0), "400");
@@ -68,43 +60,44 @@ TEST(ChannelListVerbs, SayInOneLineWhatHasBecomeOfTheList) {
 
 // --- killed at any moment ------------------------------------------------------------------------
 
-/// "SEED TIMES" in place of what the suite does.
-std::pair<unsigned, int> Kills() {
-  unsigned seed = 20260219;
-  int times = 36;
-  if (const char* asked = std::getenv("QUIRELLE_KILLS")) sscanf(asked, "%u %d", &seed, &times);
-  std::printf("QUIRELLE_KILLS=\"%u %d\"\n", seed, times);
-  return {seed, times};
-}
-
 Texts ListOf(const std::string& tv) {
   Texts all;
   for (const char* table : {"satellite", "transponder", "service", "fine_tune"}) {
-    for (std::string& row : Rows(tv, std::string("SELECT * FROM ") + table + " ORDER BY 1"))
-      all.push_back(std::move(row));
+    const Texts rows = Rows(tv, std::string("SELECT * FROM ") + table + " ORDER BY 1");
+    all.insert(all.end(), rows.begin(), rows.end());
   }
   return all;
 }
 
-/// Does it over and over, says each time that it has, and is killed within so many steps.
-void Kill(std::mt19937& random, const std::string& report, const std::function<void()>& step) {
-  Process process(
-      [&] {
-        for (;;) {
-          step();
-          if (write(STDOUT_FILENO, ".", 1) != 1) _exit(3);
-        }
-      },
-      report);
-  if (random() % 4 != 0) test::Until([&] { return !test::ReadWhole(report).empty(); });
-  usleep(random() % 120'000);
-  process.Signal(SIGKILL);
-  ASSERT_EQ(process.Wait(), -SIGKILL) << test::ReadWhole(report);
+/// Does a step over and over and kills it, so many times, and looks at what is left; QUIRELLE_KILLS="SEED TIMES" says
+/// how often. `changed` answers whether something had happened.
+void KillManyTimes(const TvFile& tv, const std::function<desktop::ListOutcome()>& step,
+                   const std::function<bool()>& changed) {
+  unsigned seed = 20260219;
+  int times = 36, changes = 0;
+  if (const char* asked = std::getenv("QUIRELLE_KILLS")) sscanf(asked, "%u %d", &seed, &times);
+  std::printf("QUIRELLE_KILLS=\"%u %d\"\n", seed, times);
+  std::mt19937 random(seed);
+  for (int i = 0; i < times && !testing::Test::HasFailure(); ++i) {
+    SCOPED_TRACE("kill " + std::to_string(i));
+    const std::string report = tv / ("report" + std::to_string(i));
+    Process process(
+        [&] {
+          for (desktop::Store::Open(tv.Path());;) {
+            if (const auto outcome = step(); outcome.status != 0) throw std::runtime_error(outcome.what);
+            if (write(STDOUT_FILENO, ".", 1) != 1) _exit(3);
+          }
+        },
+        report);
+    ASSERT_TRUE(process.KillSoon(
+        i, [&] { return !ReadWhole(report).empty(); }, random() % 120'000))
+        << ReadWhole(report);
+    changes += changed();
+  }
+  EXPECT_GT(changes, times / 8) << "they were killed before they did anything";
 }
 
 TEST(ChannelListKilled, AnImportLeavesTheOldListOrTheNewOne) {
-  const auto [seed, times] = Kills();
-  std::mt19937 random(seed);
   const TvFile tv;
   const std::string zips[] = {tv / "one.zip", tv / "two.zip"};
   Texts lists[2];
@@ -113,46 +106,34 @@ TEST(ChannelListKilled, AnImportLeavesTheOldListOrTheNewOne) {
     tv.Do({"channels", "export", zips[i]});
     lists[i] = ListOf(tv.Path());
   }
-  int changes = 0, which = 1;
-  for (int i = 0; i < times && !testing::Test::HasFatalFailure(); ++i) {
-    SCOPED_TRACE("kill " + std::to_string(i));
-    Kill(random, tv / "report", [&, next = 0]() mutable {
-      if (!desktop::Store::IsOpen()) desktop::Store::Open(tv.Path());
-      const auto outcome = desktop::ImportChannelList(zips[next++ % 2]);
-      if (outcome.status != 0) throw std::runtime_error(outcome.what);
-    });
-    ASSERT_EQ(Rows(tv.Path(), "PRAGMA integrity_check").at(0), "ok");
+  bool second = true;
+  int next = 0;
+  const auto step = [&] { return desktop::ImportChannelList(zips[next++ % 2]); };
+  KillManyTimes(tv, step, [&] {
+    EXPECT_EQ(Rows(tv.Path(), "PRAGMA integrity_check").at(0), "ok");
     const Texts list = ListOf(tv.Path());
-    ASSERT_TRUE(list == lists[0] || list == lists[1]) << "neither the one nor the other";
-    const int now = list == lists[1];
-    changes += now != which;
-    which = now;
-  }
-  EXPECT_GT(changes, times / 8) << "they were killed before they did anything";
+    EXPECT_TRUE(list == lists[0] || list == lists[1]) << "neither the one nor the other";
+    const bool before = std::exchange(second, list == lists[1]);
+    return before != second;
+  });
 }
 
 TEST(ChannelListKilled, AnExportLeavesTheOldArchiveOrTheNewOne) {
-  const auto [seed, times] = Kills();
-  std::mt19937 random(seed);
-  const TvFile tv("america");
+  const TvFile tv;
   tv.Do({"new", "america", "--services", "3000", "--force"});
   const std::string zip = tv / "Channel_list.zip", old = "the older one";
-  int made = 0;
-  for (int i = 0; i < times && !testing::Test::HasFatalFailure(); ++i) {
-    SCOPED_TRACE("kill " + std::to_string(i));
+  std::ofstream(zip) << old;
+  const auto step = [&] { return desktop::ExportChannelList(zip); };
+  KillManyTimes(tv, step, [&] {
+    const bool made = ReadWhole(zip) != old;
+    EXPECT_TRUE(!made || Says(tv.Do({"channels", "check", zip}), "services.csv         3000      0        0        0"));
     std::ofstream(zip) << old;
-    Kill(random, tv / "report", [&] {
-      if (!desktop::Store::IsOpen()) desktop::Store::Open(tv.Path());
-      const auto outcome = desktop::ExportChannelList(zip);
-      if (outcome.status != 0) throw std::runtime_error(outcome.what);
-    });
-    if (test::ReadWhole(zip) == old) continue;
-    ++made;
-    ASSERT_TRUE(Says(tv.Do({"channels", "check", zip}), "services.csv         3000      0        0        0"));
-  }
-  EXPECT_GT(made, times / 8) << "they were killed before they did anything";
+    return made;
+  });
   tv.Do({"channels", "export", zip});
-  EXPECT_FALSE(fs::exists(zip + ".part")) << "what a killed one left is taken over";
+  EXPECT_FALSE(std::filesystem::exists(zip + ".part")) << "what a killed one left is taken over";
 }
 
 }  // namespace
+
+}  // namespace test

@@ -6,18 +6,12 @@
 
 #include "Process.h"
 
-using test::kRating;
-using test::Outcome;
-using test::Process;
-using test::ReadWhole;
-using test::Says;
-using test::Texts;
-using test::TvFile;
+namespace test {
 
 namespace {
 
 TEST(CommandLine, ListAndHelpNeedNoTv) {
-  const Outcome list = test::Execute("quirelle", {"--list"}), help = test::Execute("quirelle", {"--help"});
+  const Outcome list = Execute("quirelle", {"--list"}), help = Execute("quirelle", {"--help"});
   EXPECT_EQ(list.status, 0);
   EXPECT_EQ(list.errors, "");
   EXPECT_TRUE(Says(list.output, "\ntv-rating\n"));
@@ -34,13 +28,13 @@ TEST(CommandLine, ScriptsAreWrittenOutAndKept) {
   const Outcome first =
       tv.Program({"tv-rating", "--keys", "shot:" + before + " Return", "--shot", after, "--dump", "-", "--log", "off"});
   EXPECT_EQ(first.errors, "");
-  const Json::Value screen = test::Parsed(first.output);
+  const Json::Value screen = Parsed(first.output);
   EXPECT_EQ(screen["title"].asString(), "TV rating");
   EXPECT_TRUE(screen["checks"][0]["on"].asBool());
   EXPECT_FALSE(screen["exited"].asBool());
   EXPECT_TRUE(screen["progress"].isNull());
   for (const std::string& path : {before, after}) {
-    const test::Picture picture = test::LoadPicture(path);
+    const Picture picture = LoadPicture(path);
     EXPECT_EQ(std::pair(picture.w, picture.h), std::pair(1920u, 1080u)) << path;
   }
   EXPECT_TRUE(ReadWhole(before) != ReadWhole(after));
@@ -48,7 +42,7 @@ TEST(CommandLine, ScriptsAreWrittenOutAndKept) {
 
   const Outcome second = tv.Program({"tv-rating", "--keys", "Back", "--dump", dump});
   EXPECT_EQ(second.output + second.errors, "");
-  const Json::Value end = test::Parsed(ReadWhole(dump));
+  const Json::Value end = Parsed(ReadWhole(dump));
   EXPECT_TRUE(end["exited"].asBool());
   EXPECT_TRUE(end["stack"].isArray() && end["stack"].empty());
   EXPECT_EQ(tv.Get(kRating + "tv_y"), "32");
@@ -60,7 +54,7 @@ TEST(CommandLine, AWindowThatIsLeftAloneStaysAsItIs) {
   const Json::Value screen = tv.Screen(
       {"signal-information-weakhistory", "--keys", "shot:" + opened + " wait:0.5 wait:0.2 wait:0.5 shot:" + left});
   EXPECT_FALSE(screen["exited"].asBool()) << "it waited for too long";
-  EXPECT_GT(test::LoadPicture(opened).w, 0U);
+  EXPECT_GT(LoadPicture(opened).w, 0U);
   EXPECT_TRUE(ReadWhole(opened) == ReadWhole(left)) << "something has moved";
 }
 
@@ -82,19 +76,12 @@ TEST(CommandLine, TheLogGoesBesideTheTvOrWhereItIsAskedFor) {
 TEST(CommandLine, ASignalEndsAScriptAtOnce) {
   const TvFile tv;
   const std::string first = tv / "first.png", left = tv / "left";
-  const Texts words = {test::Built("quirelle"),
-                       "tv-rating",
-                       "--tv",
-                       tv.Path(),
-                       "--keys",
-                       "shot:" + first + " wait:70 Return shot:" + left,
-                       "--shot",
-                       left,
-                       "--dump",
-                       left};
+  const std::string keys = "shot:" + first + " wait:70 Return shot:" + left;
+  const Texts words = {Built("quirelle"), "tv-rating", "--tv",   tv.Path(), "--keys", keys,
+                       "--shot",          left,        "--dump", left};
   for (const int signal : {SIGTERM, SIGINT}) {
     Process program(words);
-    const bool waits = test::Until([&] { return std::filesystem::exists(first) && Says(ReadWhole(first), "IEND"); });
+    const bool waits = Until([&] { return std::filesystem::exists(first) && Says(ReadWhole(first), "IEND"); });
     ASSERT_TRUE(waits);
     program.Signal(signal);
     EXPECT_EQ(program.Wait(5), 0) << signal;
@@ -105,11 +92,11 @@ TEST(CommandLine, ASignalEndsAScriptAtOnce) {
 }
 
 TEST(CommandLine, TheFirstStartMakesTheDefaultTv) {
-  const test::TemporaryDirectory home;
+  const TemporaryDirectory home;
   const Texts environment = {"QUIRELLE_TV=", "XDG_DATA_HOME=" + std::string(home / "data")};
-  EXPECT_EQ(test::Execute("quirelle", {"tv-rating", "--keys", "Return"}, environment).status, 0);
-  EXPECT_EQ(test::Execute("quirelle-tv", {"get", kRating + "tv_y"}, environment).output, "32\n");
-  EXPECT_EQ(test::Rows(home / "data/quirelle/tv.db", "PRAGMA integrity_check").at(0), "ok");
+  EXPECT_EQ(Execute("quirelle", {"tv-rating", "--keys", "Return"}, environment).status, 0);
+  EXPECT_EQ(Execute("quirelle-tv", {"get", kRating + "tv_y"}, environment).output, "32\n");
+  EXPECT_EQ(Rows(home / "data/quirelle/tv.db", "PRAGMA integrity_check").at(0), "ok");
 }
 
 TEST(TvCommand, ChangesAndShowsATv) {
@@ -143,9 +130,9 @@ TEST(TvCommand, SetsInputsAndHistory) {
   EXPECT_EQ(facts[1]["value"].asString(), "3840x2160 Freesync");
 
   EXPECT_EQ(tv.Do({"clock", "24"}), "hours\n   24\n");
-  EXPECT_TRUE(test::Parsed(tv.Do({"history", "clear", "--json"})).empty());
+  EXPECT_TRUE(Parsed(tv.Do({"history", "clear", "--json"})).empty());
   tv.Do({"history", "add", "0:7:1"});
-  const Json::Value notes = test::Parsed(tv.Do({"history", "add", "1700000000:8:65535:2:0:0", "--json"}));
+  const Json::Value notes = Parsed(tv.Do({"history", "add", "1700000000:8:65535:2:0:0", "--json"}));
   ASSERT_EQ(notes.size(), 2u);
   EXPECT_TRUE(notes[0]["time"].isNull());
   EXPECT_EQ(notes[1]["entry"].asString(), "1700000000:8:65535:2:0:0");
@@ -173,7 +160,7 @@ TEST(TvCommand, PutsRatingSystemsOnAir) {
   EXPECT_FALSE(Says(other.Do({"rating"}), " on\n")) << "locks do not come with a system";
   EXPECT_EQ(tv.Do({"rating", "clear"}), "no rating system\n");
   EXPECT_EQ(tv.Do({"rating", "--json"}), "null\n");
-  EXPECT_EQ(test::Rows(tv.Path(), "SELECT count(*) FROM rating_value"), Texts{"0"});
+  EXPECT_EQ(Rows(tv.Path(), "SELECT count(*) FROM rating_value"), Texts{"0"});
 }
 
 TEST(TvCommand, FaultsLastAsLongAsAsked) {
@@ -195,9 +182,9 @@ TEST(TvCommand, FaultsLastAsLongAsAsked) {
   tv.Do({"heal", "vconf_set_int"});
   tv.Screen({"tv-rating", "--keys", "Return"});
   EXPECT_EQ(tv.Get(kRating + "tv_y"), "0");
-  EXPECT_EQ(test::Rows(tv.Path(), "SELECT operation FROM fault"), Texts{"avoc_exit_osd"});
+  EXPECT_EQ(Rows(tv.Path(), "SELECT operation FROM fault"), Texts{"avoc_exit_osd"});
   tv.Do({"heal"});
-  EXPECT_EQ(test::Rows(tv.Path(), "SELECT operation FROM fault"), Texts{});
+  EXPECT_EQ(Rows(tv.Path(), "SELECT operation FROM fault"), Texts{});
 }
 
 TEST(TvCommand, SticksAreTheFoldersInOneOfTheTvsOwn) {
@@ -222,9 +209,9 @@ TEST(TvCommand, SticksAreTheFoldersInOneOfTheTvsOwn) {
 TEST(TvCommand, TakesNumbersOf64Bits) {
   const TvFile tv;
   const std::string id = "4294967297";
-  test::Rows(tv.Path(), "UPDATE service SET id = " + id + " WHERE id = (SELECT max(id) FROM service)");
+  Rows(tv.Path(), "UPDATE service SET id = " + id + " WHERE id = (SELECT max(id) FROM service)");
   EXPECT_TRUE(Says(tv.Do({"tune", id}), " " + id + " "));
-  EXPECT_EQ(test::Rows(tv.Path(), "SELECT service FROM picture WHERE profile = 1"), Texts{id});
+  EXPECT_EQ(Rows(tv.Path(), "SELECT service FROM picture WHERE profile = 1"), Texts{id});
   EXPECT_TRUE(Says(tv.Do({"history", "add", "4102488000:7"}), "2100-01-01"));
 }
 
@@ -246,10 +233,11 @@ TEST(TvCommand, ReachesTheRunningProgram) {
 
 TEST(TvCommand, FollowsTheJournal) {
   const TvFile tv;
-  const Process follower({test::Built("quirelle-tv"), "--tv", tv.Path(), "journal", "--follow"}, {}, tv / "journal");
+  const Process follower({Built("quirelle-tv"), "--tv", tv.Path(), "journal", "--follow"}, {}, tv / "journal");
   EXPECT_EQ(tv.Program({"tv-rating", "--keys", "Return"}).status, 0);
-  EXPECT_TRUE(
-      test::Until([&] { return Says(ReadWhole(tv / "journal"), "vconf_set_int(" + kRating + "tv_y, 32) = 0"); }));
+  EXPECT_TRUE(Until([&] { return Says(ReadWhole(tv / "journal"), "vconf_set_int(" + kRating + "tv_y, 32) = 0"); }));
 }
 
 }  // namespace
+
+}  // namespace test

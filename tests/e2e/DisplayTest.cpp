@@ -3,12 +3,7 @@
 
 #include "Process.h"
 
-using test::kRating;
-using test::Picture;
-using test::Process;
-using test::Texts;
-using test::TvFile;
-using test::Until;
+namespace test {
 
 namespace {
 
@@ -28,11 +23,11 @@ double Difference(const Picture& a, const Picture& b) {
 /// What is seen after these keys, on a new TV.
 Picture Session(const Texts& environment, const std::string& keys, const std::string& value) {
   const TvFile tv;
-  const test::Outcome outcome = tv.Program({"tv-rating", "--keys", keys, "--shot", tv / "shot.png"}, environment);
+  const Outcome outcome = tv.Program({"tv-rating", "--keys", keys, "--shot", tv / "shot.png"}, environment);
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
-  EXPECT_FALSE(test::Says(outcome.errors, "ERR<")) << outcome.errors;
+  EXPECT_FALSE(Says(outcome.errors, "ERR<")) << outcome.errors;
   EXPECT_EQ(tv.Get(kRating + "tv_y7"), value);
-  return test::LoadPicture(tv / "shot.png");
+  return LoadPicture(tv / "shot.png");
 }
 
 /// What is on a display is what is drawn off screen at that size, and that is a window.
@@ -61,10 +56,10 @@ class X11 {
   int Ask(const Texts& words) const {
     return Process(words, Environment(), m_directory / "answer").Wait().value_or(-1);
   }
-  std::string Answer() const { return test::ReadWhole(m_directory / "answer"); }
+  std::string Answer() const { return ReadWhole(m_directory / "answer"); }
 
  private:
-  test::TemporaryDirectory m_directory;
+  TemporaryDirectory m_directory;
   Process m_server;
   std::unique_ptr<Process> m_manager;
   std::string m_number;
@@ -77,20 +72,20 @@ TEST(Displays, X11ShowsTheWindowAndTakesRealKeys) {
   const auto program = tv.Start(display.Environment());
   ASSERT_TRUE(Until([&] {
     return display.Ask({"xdotool", "getwindowfocus", "getwindowname"}) == 0 && display.Answer() == "quirelle\n";
-  })) << test::ReadWhole(tv / "out");
+  })) << ReadWhole(tv / "out");
   // Answered when the program has come to rest with the focus that it was given.
   tv.Do({"resume"});
   const auto press = [&](const char* key, const std::string& remote) {
-    const auto last = [&] { return test::ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]"); };
+    const auto last = [&] { return ReadWhole(tv / "tv.log").rfind("Common Key [" + remote + "]"); };
     const size_t before = last();
     EXPECT_EQ(display.Ask({"xdotool", "key", key}), 0);
-    EXPECT_TRUE(Until([&] { return last() != before; })) << key << "\n" << test::ReadWhole(tv / "tv.log");
+    EXPECT_TRUE(Until([&] { return last() != before; })) << key << "\n" << ReadWhole(tv / "tv.log");
   };
   press("Down", "Down");
   press("Return", "Return");
   EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "48"; })) << tv.Get(kRating + "tv_y7");
   press("space", "Return");
-  EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "0"; })) << test::ReadWhole(tv / "tv.log");
+  EXPECT_TRUE(Until([&] { return tv.Get(kRating + "tv_y7") == "0"; })) << ReadWhole(tv / "tv.log");
   EXPECT_FALSE(program->Wait(0)) << "ended too early";
   press("Escape", "XF86Back");
   EXPECT_EQ(program->Wait(), 0);
@@ -107,7 +102,7 @@ class Wayland {
   Texts Environment() const { return {"XDG_RUNTIME_DIR=" + std::string(m_directory / "."), "WAYLAND_DISPLAY=display"}; }
 
  private:
-  test::TemporaryDirectory m_directory;
+  TemporaryDirectory m_directory;
   Process m_server;
 };
 
@@ -118,8 +113,10 @@ TEST(Displays, WaylandShowsAndScalesTheWindowAndLetsItGo) {
     const TvFile tv;
     const auto program = tv.Start(display.Environment());
     tv.Do({"key", "Escape"});
-    EXPECT_EQ(program->Wait(), 0) << test::ReadWhole(tv / "out");
+    EXPECT_EQ(program->Wait(), 0) << ReadWhole(tv / "out");
   }
 }
 
 }  // namespace
+
+}  // namespace test

@@ -1,5 +1,4 @@
 // Processes that are killed, and processes that write at once.
-#include <signal.h>
 #include <unistd.h>
 
 #include <random>
@@ -8,11 +7,7 @@
 #include "Process.h"
 #include "vconf.h"
 
-using test::kRating;
-using test::Process;
-using test::Rows;
-using test::Texts;
-using test::TvFile;
+namespace test {
 
 namespace {
 
@@ -31,14 +26,6 @@ void ToggleForEver(const std::string& path) {
   }
 }
 
-/// Lets some of it happen, then kills it. Every fourth goes on its way to the first step.
-void KillSoon(Process& process, int turn, const std::function<bool()>& hasBegun, unsigned microseconds) {
-  if (turn % 4 != 0) test::Until(hasBegun);
-  usleep(microseconds);
-  process.Signal(SIGKILL);
-  process.Wait();
-}
-
 TEST(Durability, KilledWritersLoseNothingThatHadReturned) {
   const TvFile tv;
   std::mt19937 random(kSeed);
@@ -48,10 +35,10 @@ TEST(Durability, KilledWritersLoseNothingThatHadReturned) {
     SCOPED_TRACE("kill " + std::to_string(i));
     const std::string report = tv / ("steps" + std::to_string(i));
     Process writer([&] { ToggleForEver(tv.Path()); }, report);
-    const auto hasBegun = [&] { return !test::ReadWhole(report).empty(); };
-    KillSoon(writer, i, hasBegun, random() % 25'000);
+    ASSERT_TRUE(writer.KillSoon(
+        i, [&] { return !ReadWhole(report).empty(); }, random() % 25'000));
     ASSERT_EQ(Rows(tv.Path(), "PRAGMA integrity_check").at(0), "ok");
-    const std::string steps = test::ReadWhole(report);
+    const std::string steps = ReadWhole(report);
     if (steps.empty()) continue;
     reported += steps.size();
     const int last = static_cast<unsigned char>(steps.back()), next = last % 250 + 1;
@@ -79,9 +66,9 @@ TEST(Durability, TheProgramCanBeKilledAtAnyMoment) {
   for (int i = 0; i < kKillsOfPrograms; ++i) {
     SCOPED_TRACE("kill " + std::to_string(i));
     const std::string before = Told(tv);
-    Process program({test::Built("quirelle"), "tv-rating", "--tv", tv.Path(), "--keys", keys, "--log", "off"});
-    const auto hasBegun = [&] { return Told(tv) != before; };
-    KillSoon(program, i, hasBegun, random() % 300'000);
+    Process program({Built("quirelle"), "tv-rating", "--tv", tv.Path(), "--keys", keys, "--log", "off"});
+    program.KillSoon(
+        i, [&] { return Told(tv) != before; }, random() % 300'000);
     ASSERT_EQ(Rows(tv.Path(), "PRAGMA integrity_check").at(0), "ok");
     EXPECT_EQ(std::stoi(tv.Get(kRating + "tv_y")) & ~32, 0);
     EXPECT_EQ(std::stoi(tv.Get(kRating + "tv_y7")) & ~48, 0);
@@ -100,12 +87,12 @@ TEST(Durability, TwoWritersAtOnceLoseNothing) {
     for (int i = 1; i <= kTimes; ++i) {
       if (vconf_set_int(own.c_str(), i) != 0) throw std::runtime_error("set " + std::to_string(i));
     }
-    for (int i = 0; i < kTimes; ++i) test::Change("UPDATE setting SET value = value + 1 WHERE key = ?", shared);
+    for (int i = 0; i < kTimes; ++i) Change("UPDATE setting SET value = value + 1 WHERE key = ?", shared);
     desktop::Store::Close();
   };
   Process one([&] { write(kRating + "tv_pg"); }, tv / "one"), other([&] { write(kRating + "tv_ma"); }, tv / "other");
-  EXPECT_EQ(one.Wait(60), 0) << test::ReadWhole(tv / "one");
-  EXPECT_EQ(other.Wait(60), 0) << test::ReadWhole(tv / "other");
+  EXPECT_EQ(one.Wait(60), 0) << ReadWhole(tv / "one");
+  EXPECT_EQ(other.Wait(60), 0) << ReadWhole(tv / "other");
   EXPECT_EQ(tv.Get(shared), std::to_string(2 * kTimes));
   for (const char* own : {"tv_pg", "tv_ma"}) EXPECT_EQ(tv.Get(kRating + own), std::to_string(kTimes));
   const char* calls = "SELECT count(*) FROM journal WHERE operation = 'vconf_set_int' AND result = '0'";
@@ -113,3 +100,5 @@ TEST(Durability, TwoWritersAtOnceLoseNothing) {
 }
 
 }  // namespace
+
+}  // namespace test

@@ -86,6 +86,13 @@ std::optional<int> Process::Wait(double seconds) {
   return m_status;
 }
 
+bool Process::KillSoon(int turn, const std::function<bool()>& hasBegun, unsigned microseconds) {
+  if (turn % 4 != 0) Until(hasBegun);
+  usleep(microseconds);
+  Signal(SIGKILL);
+  return Wait() == -SIGKILL;
+}
+
 std::string Built(const std::string& program) { return std::string(BUILD_DIRECTORY) + "/" + program; }
 
 TvFile::TvFile(const std::string& profile) { Do({"new", profile}); }

@@ -31,6 +31,9 @@ class Process {
   void Signal(int signal);
   /// Its exit status (negative: the signal that ended it), or nothing when it still runs after so many seconds.
   std::optional<int> Wait(double seconds = 20);
+  /// Kills it so many microseconds after it has begun to do what it does, every fourth at any moment of its start.
+  /// Whether that is what ended it.
+  bool KillSoon(int turn, const std::function<bool()>& hasBegun, unsigned microseconds);
 
  private:
   pid_t m_pid;

@@ -3,9 +3,7 @@
 
 #include "Process.h"
 
-using test::Outcome;
-using test::Says;
-using test::Texts;
+namespace test {
 
 namespace {
 
@@ -25,10 +23,9 @@ class PackageManager {
   /// Its words go to `apt-get.log`.
   Outcome Setup(const std::string& update, const std::string& broken) const {
     const std::string path = "PATH=" + (m_directory / "").string() + ":" + std::getenv("PATH");
-    return test::Execute("/bin/bash", {SOURCE_DIRECTORY "/setup", "build"},
-                         {path, "UPDATE=" + update, "BROKEN=" + broken});
+    return Execute("/bin/bash", {SOURCE_DIRECTORY "/setup", "build"}, {path, "UPDATE=" + update, "BROKEN=" + broken});
   }
-  std::string Log() const { return test::ReadWhole(m_directory / "apt-get.log"); }
+  std::string Log() const { return ReadWhole(m_directory / "apt-get.log"); }
 
  private:
   void Put(const std::string& name, const std::string& text) const {
@@ -37,7 +34,7 @@ class PackageManager {
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
   }
 
-  test::TemporaryDirectory m_directory;
+  TemporaryDirectory m_directory;
 };
 
 TEST(Setup, AsksNobodyWhenNothingIsMissing) {
@@ -66,3 +63,5 @@ TEST(Setup, NamesThePackagesThatCannotBeInstalled) {
 }
 
 }  // namespace
+
+}  // namespace test

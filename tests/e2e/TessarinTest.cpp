@@ -1,19 +1,10 @@
 // Programs that use the exported functions: built as their authors would, at work beside the menu, and killed.
-#include <signal.h>
-#include <unistd.h>
-
 #include <cstdlib>
-#include <filesystem>
+#include <fstream>
 
 #include "Process.h"
 
-using test::Execute;
-using test::Outcome;
-using test::Process;
-using test::Rows;
-using test::Says;
-using test::Texts;
-using test::TvFile;
+namespace test {
 
 namespace {
 
@@ -38,14 +29,12 @@ Texts Environment(const std::string& tv, const std::string& directory, bool fore
   return environment;
 }
 
-/// Runs lines of Python to which the functions are known as `t`.
-Outcome Python(const std::string& tv, const std::string& lines) {
-  const std::string head = "import os, sys\nsys.path.insert(0, '" + kExamples + "')\nimport client as t\n";
-  return Execute("/usr/bin/python3", {"-B", "-c", head + lines}, Environment(tv, BUILD_DIRECTORY, true));
-}
+/// Lines of Python to which the functions are known as `t`.
+const std::string kHead = "import os, sys\nsys.path.insert(0, '" + kExamples + "')\nimport client as t\n";
 
 std::string Said(const std::string& tv, const std::string& lines) {
-  const Outcome outcome = Python(tv, lines);
+  const Outcome outcome =
+      Execute("/usr/bin/python3", {"-B", "-c", kHead + lines}, Environment(tv, BUILD_DIRECTORY, true));
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
   return outcome.output;
 }
@@ -55,17 +44,9 @@ class ClientTv : public TvFile {
  public:
   ClientTv() : TvFile("europe") {
     Rows(Path(), "REPLACE INTO tv_state VALUES ('satcr_duration', 500)");
-    const TvFile america;
     const std::string ratings = *this / "ratings.json";
-    Do({"rating", "load", Save(america.Do({"rating", "--json"}), ratings)});
-  }
-
- private:
-  static std::string Save(const std::string& text, const std::string& path) {
-    FILE* file = fopen(path.c_str(), "w");
-    fputs(text.c_str(), file);
-    fclose(file);
-    return path;
+    std::ofstream(ratings) << TvFile().Do({"rating", "--json"});
+    Do({"rating", "load", ratings});
   }
 };
 
@@ -73,7 +54,7 @@ class ClientTv : public TvFile {
 class Clients : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    s_directory = new test::TemporaryDirectory;
+    s_directory = new TemporaryDirectory;
     const Outcome installed = Execute("/usr/bin/cmake", {"--install", BUILD_DIRECTORY, "--prefix", In("usr")});
     ASSERT_EQ(installed.status, 0) << installed.errors;
     const std::string find = "export PKG_CONFIG_PATH=$(dirname $(find " + In("usr") +
@@ -95,7 +76,7 @@ class Clients : public testing::Test {
     return outcome.output;
   }
 
-  static inline test::TemporaryDirectory* s_directory = nullptr;
+  static inline TemporaryDirectory* s_directory = nullptr;
 };
 
 TEST_F(Clients, DoTheSameInEachLanguage) {
@@ -150,7 +131,7 @@ TEST(Tessarin, ShowsItsFunctionsAndTheEntryAlone) {
   EXPECT_TRUE(Says(exported, "_ZN8quirelle4mainEiPPc")) << exported;
   if (kAsan || sizeof(void*) != 8) GTEST_SKIP() << "described as it is installed, for 64 bits";
   const std::string committed = SOURCE_DIRECTORY "/tessarin/tessarin-64.abi";
-  const test::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   const std::string built = directory / "built.abi", describe = SOURCE_DIRECTORY "/tessarin/abi";
   ASSERT_EQ(Execute("/bin/sh", {"-c", describe + " " + kLibrary + " > " + built}).status, 0);
   const Outcome changed = Execute("/usr/bin/abidiff", {committed, built});
@@ -158,9 +139,9 @@ TEST(Tessarin, ShowsItsFunctionsAndTheEntryAlone) {
 }
 
 TEST(Tessarin, SeesWhatAWindowDoesAndIsSeenByIt) {
-  test::Tv tv("europe");
-  test::Change("REPLACE INTO tv_state VALUES ('satcr_duration', 300)");
-  test::Run({"satcr-detect-slot-frequency-slot1"}, [&](test::Remote& remote) {
+  Tv tv("europe");
+  Change("REPLACE INTO tv_state VALUES ('satcr_duration', 300)");
+  test::Run({"satcr-detect-slot-frequency-slot1"}, [&](Remote& remote) {
     remote.Press("Return");
     EXPECT_EQ(Said(tv.Path(), "print(t.slot_frequency(0))"), "0\n");
     remote.Wait(2.5);
@@ -170,7 +151,7 @@ TEST(Tessarin, SeesWhatAWindowDoesAndIsSeenByIt) {
   const std::pair<const char*, bool> stored[] = {{"1632", true}, {"1284", false}};
   for (const auto& [frequency, verified] : stored) {
     EXPECT_EQ(Said(tv.Path(), std::string("print(t.set_slot_frequency(0, ") + frequency + "))"), "1\n");
-    test::Run({"satcr-verify-slot-frequency-slot1"}, [&](test::Remote& remote) {
+    test::Run({"satcr-verify-slot-frequency-slot1"}, [&](Remote& remote) {
       remote.Press("Return");
       remote.Wait(2.5);
       EXPECT_TRUE(
@@ -197,17 +178,14 @@ while True:
 
 TEST(Tessarin, AKilledClientLeavesTheTvSound) {
   const ClientTv tv;
-  const std::string head = "import os, sys\nsys.path.insert(0, '" + kExamples + "')\nimport client as t\n";
   Said(tv.Path(), "t.export_list(os.environ['QUIRELLE_TV'].encode() + b'.zip')");
   const auto lists = [&] { return Rows(tv.Path(), "SELECT count(*), total(id), count(name) FROM service").at(0); };
   const std::string before = lists();
   for (int i = 0; i < 20; ++i) {
-    Process client({"/usr/bin/python3", "-B", "-c", head + kChanges}, Environment(tv.Path(), BUILD_DIRECTORY, true),
+    Process client({"/usr/bin/python3", "-B", "-c", kHead + kChanges}, Environment(tv.Path(), BUILD_DIRECTORY, true),
                    tv / "out");
-    usleep(static_cast<useconds_t>((kAsan ? 1'500'000 : 150'000) + i * 7'300));
-    EXPECT_EQ(client.Wait(0), std::nullopt) << test::ReadWhole(tv / "out");
-    client.Signal(SIGKILL);
-    ASSERT_EQ(client.Wait(), -SIGKILL);
+    ASSERT_TRUE(client.KillSoon(0, {}, (kAsan ? 1'500'000 : 150'000) + static_cast<unsigned>(i) * 7'300))
+        << ReadWhole(tv / "out");
     EXPECT_EQ(Rows(tv.Path(), "PRAGMA integrity_check").at(0), "ok");
     EXPECT_EQ(lists(), before);
   }
@@ -215,3 +193,5 @@ TEST(Tessarin, AKilledClientLeavesTheTvSound) {
 }
 
 }  // namespace
+
+}  // namespace test
