@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "../e2e/Process.h"
 #include "ArchiveMaker.h"
@@ -15,13 +14,9 @@
 #include "tvs/ChannelList.h"
 
 using namespace desktop;
-using test::Ask;
-using test::Change;
-using test::ListTexts;
-using test::MakeZip;
-using test::ZipEntry;
-
 namespace fs = std::filesystem;
+
+namespace test {
 
 namespace {
 
@@ -96,13 +91,13 @@ class ChannelList : public testing::Test {
     EXPECT_EQ(CheckChannelList(path).outcome.status, status);
   }
 
-  const test::TemporaryDirectory m_directory;
+  const TemporaryDirectory m_directory;
 };
 
 class SmallChannelList : public ChannelList {
  protected:
   SmallChannelList() : m_tv("hdmi", 3) { Decorate(); }
-  test::Tv m_tv;
+  Tv m_tv;
 };
 
 // --- there and back ------------------------------------------------------------------------------
@@ -115,14 +110,14 @@ TEST_F(ChannelList, ComesBackColumnByColumnOnEachProfile) {
       SCOPED_TRACE(std::string(profile) + " " + std::to_string(size));
       std::string list;
       {
-        const test::Tv tv(profile, size);
+        const Tv tv(profile, size);
         Decorate();
         list = ListInUse();
         const Growth growth;
         ASSERT_EQ(ExportChannelList(Path()).what, "");
         EXPECT_LT(growth.Bytes(), kMostGrowth);
       }
-      const test::Tv other(profile, 50);
+      const Tv other(profile, 50);
       Change("UPDATE transponder SET fec = 1");
       ASSERT_TRUE(ListInUse() != list);
       const Growth growth;
@@ -135,10 +130,10 @@ TEST_F(ChannelList, ComesBackColumnByColumnOnEachProfile) {
 }
 
 TEST_F(ChannelList, TheSetGoesOnWithWhatTheNewListHas) {
-  const test::Tv tv("europe", 100);
+  const Tv tv("europe", 100);
   Change("DELETE FROM service WHERE id = 1 OR id > 50");
   ASSERT_EQ(ExportChannelList(Path()).what, "");
-  const test::Tv other("europe", 100);
+  const Tv other("europe", 100);
   Change("UPDATE picture SET service = iif(profile = 1, 1, 51)");
   Change("INSERT INTO recorder VALUES (60, 1, 0), (3, 1, 0)");
   Change("REPLACE INTO shown VALUES (1, 2, 1, 1), (1, 2, 7, 60), (101, 2, 1, 2), (101, 0, -1, 3)");
@@ -173,7 +168,7 @@ TEST_F(SmallChannelList, WhatNoListMayHoldIsPutRightOnTheWayOut) {
   const ListOutcome outcome = ExportChannelList(Path());
   EXPECT_EQ(outcome.status, kListFailed);
   EXPECT_EQ(outcome.what, "service 3: no list can hold its major, 70000");
-  EXPECT_EQ(test::ReadWhole(Path()), "old");
+  EXPECT_EQ(ReadWhole(Path()), "old");
 }
 
 TEST_F(SmallChannelList, AnExportThatFailsLeavesWhatWasThere) {
@@ -191,7 +186,7 @@ TEST_F(SmallChannelList, AnExportThatFailsLeavesWhatWasThere) {
   m_tv.Heal();
   Change("UPDATE tv_state SET value = 0 WHERE name = 'country_letters'");
   EXPECT_EQ(ExportChannelList(Path()).what, "the TV does not know which country it is in");
-  EXPECT_EQ(test::ReadWhole(Path()), old);
+  EXPECT_EQ(ReadWhole(Path()), old);
   EXPECT_FALSE(fs::exists(Path() + ".part"));
   Change("UPDATE tv_state SET value = 4478277 WHERE name = 'country_letters'");
   EXPECT_EQ(api.CreateUtil()->GetServiceDb(Path()), 1);
@@ -226,229 +221,172 @@ struct Hostile {
   std::function<std::string(ListTexts&)> make;
 };
 
-/// The archive with one entry changed.
-std::string With(const ListTexts& list, const std::string& entry, const std::function<void(ZipEntry&)>& change) {
-  std::vector<ZipEntry> entries = list.Entries();
-  for (ZipEntry& one : entries) {
-    if (one.name == entry) change(one);
-  }
-  return MakeZip(entries);
+/// An entry says something else, or is something else.
+Hostile Entry(const char* name, const std::function<void(ZipEntry&)>& change, const char* entry = "services.csv",
+              ListStatus status = kListDamaged) {
+  return {name, status, [=](ListTexts& list) {
+            std::vector<ZipEntry> entries = list.Entries();
+            for (ZipEntry& one : entries) {
+              if (one.name == entry) change(one);
+            }
+            return MakeZip(entries);
+          }};
 }
 
-/// A field of the first channel, in an archive that says the truth of itself.
-std::string WithField(ListTexts& list, ListTableIndex table, size_t field, const std::string& value) {
-  std::string& text = list.Of(table);
-  const size_t line = text.find('\n') + 1, end = text.find('\n', line);
-  std::vector<std::string> fields;
-  std::istringstream stream(text.substr(line, end - line) + ",");
-  for (std::string one; std::getline(stream, one, ',');) fields.push_back(one);
-  fields.at(field) = value;
-  std::string made;
-  for (const std::string& one : fields) made += (made.empty() ? "" : ",") + one;
-  text.replace(line, end - line, made);
-  return list.Seal().Zip();
+/// So many entries more.
+Hostile More(const char* name, int count) {
+  return {name, kListDamaged, [=](ListTexts& list) {
+            std::vector<ZipEntry> entries = list.Entries();
+            for (int i = 0; i < count; ++i) entries.push_back({std::to_string(i), "", false});
+            return MakeZip(entries);
+          }};
 }
 
-std::string Service(ListTexts& list, const char* column, const std::string& value) {
-  size_t field = 0;
-  for (const ListColumn& each : kListFormatTables[kServiceTable].columns) {
-    if (std::string(each.name) == column) return WithField(list, kServiceTable, field, value);
-    ++field;
-  }
-  throw std::runtime_error(column);
+Hostile Zip(const char* name, const std::function<std::string(const std::string&)>& change) {
+  return {name, kListDamaged, [=](ListTexts& list) { return change(list.Zip()); }};
 }
 
-std::string Replaced(std::string text, const std::string& what, const std::string& by) {
-  const size_t at = text.find(what);
-  if (at == text.npos) throw std::runtime_error("no " + what);
-  return text.replace(at, what.size(), by);
+Hostile Says(const char* name, const std::function<void(Manifest&)>& change, ListStatus status = kListUnknown) {
+  return {name, status, [=](ListTexts& list) { return change(list.manifest), list.Zip(); }};
 }
 
-std::string WithManifest(ListTexts& list, const std::string& what, const std::string& by) {
-  list.manifestText = Replaced(WriteManifest(list.manifest), what, by);
-  return list.Zip();
+Hostile SaysText(const char* name, const std::function<std::string(std::string)>& change) {
+  return {name, kListUnknown,
+          [=](ListTexts& list) { return list.manifestText = change(WriteManifest(list.manifest)), list.Zip(); }};
 }
+
+/// A text of another content, in an archive that says the truth of itself.
+Hostile Holds(const char* name, const std::function<void(std::string&)>& change, ListTableIndex table = kServiceTable) {
+  return {name, kListUnknown, [=](ListTexts& list) { return change(list.Of(table)), list.Seal().Zip(); }};
+}
+
+/// A field of the first record.
+Hostile Field(const char* name, const std::string& column, const std::string& value,
+              ListTableIndex table = kServiceTable) {
+  const auto change = [=](std::string& text) {
+    const auto& columns = kListFormatTables[table].columns;
+    const auto is = [&](const ListColumn& each) { return column == each.name; };
+    size_t at = text.find('\n') + 1;
+    for (auto left = std::find_if(columns.begin(), columns.end(), is) - columns.begin(); left > 0; --left) {
+      at = text.find(',', at) + 1;
+    }
+    text.replace(at, text.find_first_of(",\n", at) - at, value);
+  };
+  return Holds(name, change, table);
+}
+
+const size_t kEnd = 22;  // bytes at the end of an archive
 
 const Hostile kHostile[] = {
-    {"nothing", kListDamaged, [](ListTexts&) { return std::string(); }},
-    {"no archive", kListDamaged, [](ListTexts&) { return std::string(100'000, 'P'); }},
-    {"an archive of nothing", kListDamaged, [](ListTexts&) { return MakeZip({}); }},
-    {"somebody's pictures", kListDamaged,
-     [](ListTexts&) {
-       return MakeZip({{"a.jpg", "x"}, {"b.jpg", "y"}});
-     }},
-    {"something behind it", kListDamaged, [](ListTexts& list) { return list.Zip() + "x"; }},
-    {"a second end in its remark", kListDamaged,
-     [](ListTexts& list) {
-       const std::string zip = list.Zip(), end = zip.substr(zip.size() - 22);
-       return zip.substr(0, zip.size() - 2) + std::string("\x16\0", 2) + end;
-     }},
-    {"100,000 entries", kListDamaged,
-     [](ListTexts& list) {
-       std::vector<ZipEntry> entries = list.Entries();
-       for (int i = 0; i < 100'000; ++i) entries.push_back({std::to_string(i), "", false});
-       return MakeZip(entries);
-     }},
-    {"65,541 entries, which counts as five", kListDamaged,
-     [](ListTexts& list) {
-       std::vector<ZipEntry> entries = list.Entries();
-       for (int i = 0; i < 65'536; ++i) entries.push_back({std::to_string(i), "", false});
-       return MakeZip(entries);
-     }},
-    {"an entry twice", kListDamaged,
-     [](ListTexts& list) {
-       std::vector<ZipEntry> entries = list.Entries();
-       entries[0] = entries[2];
-       return MakeZip(entries);
-     }},
-    {"an entry more", kListDamaged,
-     [](ListTexts& list) {
-       std::vector<ZipEntry> entries = list.Entries();
-       entries.push_back({"more.csv", "x"});
-       return MakeZip(entries);
-     }},
-    {"../", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.name = "../services.csv"; }); }},
-    {"an absolute path", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.name = "/services.csv"; }); }},
-    {"capitals", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.name = "SERVICES.CSV"; }); }},
-    {"a link", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.attributes = 0120777u << 16; }); }},
-    {"a folder", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.attributes = 0040777u << 16; }); }},
-    {"encrypted", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.flags = 1; }); }},
-    {"strongly encrypted", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.flags = 1 | 1 << 6; }); }},
-    {"packed with bzip2", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.method = 12; }); }},
-    {"packed as nobody packs", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.method = 77; }); }},
-    {"a wrong checksum", kListDamaged,
-     [](ListTexts& list) { return With(list, "services.csv", [](ZipEntry& e) { e.checksum = 1; }); }},
-    {"shorter than it says", kListDamaged,
-     [](ListTexts& list) {
-       return With(list, "fine-tuning.csv", [](ZipEntry& e) { e.data.resize(10), e.size = 15; });
-     }},
-    {"longer than it says", kListDamaged,
-     [](ListTexts& list) {
-       return With(list, "services.csv", [](ZipEntry& e) {
-         e.size = static_cast<uint32_t>(e.data.size());
-         e.data += std::string(1 << 20, 'x');
-       });
-     }},
-    {"sizes of 64 bits", kListDamaged,
-     [](ListTexts& list) {
-       return With(list, "services.csv", [](ZipEntry& e) {
-         e.size = 0xFFFFFFFF;
-         e.extra = std::string("\1\0\x8\0", 4) + std::string(7, '\xFF') + "\x7F";
-       });
-     }},
-    {"an end of 64 bits", kListDamaged,
-     [](ListTexts& list) {
-       const std::string zip = list.Zip();
-       std::string locator = std::string("PK\6\7", 4) + std::string(16, '\0');
-       return zip.substr(0, zip.size() - 22) + locator + zip.substr(zip.size() - 22);
-     }},
-    {"a bomb of 10 GiB that says 2", kListUnknown,
-     [](ListTexts& list) {
-       return With(list, "services.csv", [](ZipEntry& e) {
-         e = test::Bomb(e.name, 10 * 1024);
-         e.size = 0x80000000;
-       });
-     }},
-    {"a bomb of 10 GiB that says what the manifest says", kListDamaged,
-     [](ListTexts& list) {
-       return With(list, "services.csv", [](ZipEntry& e) {
-         const auto size = static_cast<uint32_t>(e.data.size());
-         e = test::Bomb(e.name, 10 * 1024);
-         e.size = size;
-       });
-     }},
-    {"a bomb as manifest", kListDamaged,
-     [](ListTexts& list) { return With(list, kManifestEntry, [](ZipEntry& e) { e = test::Bomb(e.name, 100); }); }},
+    Zip("nothing", [](const std::string&) { return std::string(); }),
+    Zip("no archive", [](const std::string&) { return std::string(100'000, 'P'); }),
+    Zip("an archive of nothing", [](const std::string&) { return MakeZip({}); }),
+    Zip("somebody's pictures",
+        [](const std::string&) {
+          return MakeZip({{"a.jpg", "x"}, {"b.jpg", "y"}});
+        }),
+    Zip("something behind it", [](const std::string& zip) { return zip + "x"; }),
+    Zip("a second end in its remark",
+        [](const std::string& zip) {
+          return zip.substr(0, zip.size() - 2) + std::string("\x16\0", 2) + zip.substr(zip.size() - kEnd);
+        }),
+    Zip("an end of 64 bits",
+        [](const std::string& zip) {
+          return std::string(zip).insert(zip.size() - kEnd, "PK\6\7" + std::string(16, '\0'));
+        }),
+    More("an entry more", 1),
+    More("100,000 entries", 100'000),
+    More("65,541 entries, which counts as five", 65'536),
+    Entry("an entry twice", [](ZipEntry& e) { e.name = "transponders.csv"; }),
+    Entry("../", [](ZipEntry& e) { e.name = "../services.csv"; }),
+    Entry("an absolute path", [](ZipEntry& e) { e.name = "/services.csv"; }),
+    Entry("capitals", [](ZipEntry& e) { e.name = "SERVICES.CSV"; }),
+    Entry("a link", [](ZipEntry& e) { e.attributes = 0120777u << 16; }),
+    Entry("a folder", [](ZipEntry& e) { e.attributes = 0040777u << 16; }),
+    Entry("encrypted", [](ZipEntry& e) { e.flags = 1; }),
+    Entry("strongly encrypted", [](ZipEntry& e) { e.flags = 1 | 1 << 6; }),
+    Entry("packed with bzip2", [](ZipEntry& e) { e.method = 12; }),
+    Entry("packed as nobody packs", [](ZipEntry& e) { e.method = 77; }),
+    Entry("a wrong checksum", [](ZipEntry& e) { e.checksum = 1; }),
+    Entry(
+        "shorter than it says", [](ZipEntry& e) { e.data.resize(10), e.size = 15; }, "fine-tuning.csv"),
+    Entry("longer than it says",
+          [](ZipEntry& e) {
+            e.size = static_cast<uint32_t>(e.data.size());
+            e.data += std::string(1 << 20, 'x');
+          }),
+    Entry("sizes of 64 bits",
+          [](ZipEntry& e) {
+            e.size = 0xFFFFFFFF;
+            e.extra = std::string("\1\0\x8\0", 4) + std::string(7, '\xFF') + "\x7F";
+          }),
+    Entry(
+        "a bomb of 10 GiB that says 2",
+        [](ZipEntry& e) {
+          e = Bomb(e.name, 10 * 1024);
+          e.size = 0x80000000;
+        },
+        "services.csv", kListUnknown),
+    Entry("a bomb of 10 GiB that says what the manifest says",
+          [](ZipEntry& e) {
+            const auto size = static_cast<uint32_t>(e.data.size());
+            e = Bomb(e.name, 10 * 1024);
+            e.size = size;
+          }),
+    Entry(
+        "a bomb as manifest", [](ZipEntry& e) { e = Bomb(e.name, 100); }, kManifestEntry),
     // The manifest.
-    {"no JSON", kListUnknown, [](ListTexts& list) { return list.manifestText = "list", list.Zip(); }},
-    {"nested JSON", kListUnknown,
-     [](ListTexts& list) { return list.manifestText = std::string(16'000, '['), list.Zip(); }},
-    {"a newer format", kListUnknown,
-     [](ListTexts& list) { return list.manifestText = R"({"format": 2, "what": "new"})", list.Zip(); }},
-    {"a format in words", kListUnknown,
-     [](ListTexts& list) { return WithManifest(list, "\"format\" : 1", "\"format\" : \"1\""); }},
-    {"another country", kListOtherCountry, [](ListTexts& list) { return list.manifest.country = "DEU", list.Zip(); }},
-    {"no country", kListUnknown, [](ListTexts& list) { return list.manifest.country = "s1", list.Zip(); }},
-    {"no time", kListUnknown, [](ListTexts& list) { return list.manifest.madeAt = "yesterday", list.Zip(); }},
-    {"a maker of control characters", kListUnknown,
-     [](ListTexts& list) { return list.manifest.madeBy = "a\nb", list.Zip(); }},
-    {"a member more", kListUnknown, [](ListTexts& list) { return WithManifest(list, "{", "{\"run\": \"rm -rf\","); }},
-    {"a member twice", kListUnknown, [](ListTexts& list) { return WithManifest(list, "{", "{\"format\": 1,"); }},
-    {"more records than there are", kListUnknown,
-     [](ListTexts& list) { return ++list.manifest.entries[kServiceTable].records, list.Zip(); }},
-    {"fewer records than there are", kListUnknown,
-     [](ListTexts& list) { return --list.manifest.entries[kServiceTable].records, list.Zip(); }},
-    {"more records than there can be", kListUnknown,
-     [](ListTexts& list) { return list.manifest.entries[kServiceTable].records = INT64_MAX, list.Zip(); }},
-    {"fewer than no records", kListUnknown,
-     [](ListTexts& list) { return list.manifest.entries[kServiceTable].records = -1, list.Zip(); }},
-    {"more bytes than there are", kListUnknown,
-     [](ListTexts& list) { return ++list.manifest.entries[kTransponderTable].bytes, list.Zip(); }},
-    {"another digest", kListUnknown,
-     [](ListTexts& list) { return list.manifest.entries[kServiceTable].digest[0] ^= 1, list.Zip(); }},
-    {"another digest of what is the same", kListUnknown,
-     [](ListTexts& list) { return list.manifest.entries[kSatelliteTable].digest[0] ^= 1, list.Zip(); }},
-    {"no digest", kListUnknown,
-     [](ListTexts& list) { return list.manifest.entries[kServiceTable].digest = "sha", list.Zip(); }},
+    SaysText("no JSON", [](const std::string&) { return "list"; }),
+    SaysText("nested JSON", [](const std::string&) { return std::string(16'000, '['); }),
+    SaysText("a newer format", [](const std::string&) { return R"({"format": 2, "what": "new"})"; }),
+    SaysText("a format in words",
+             [](const std::string& text) { return "{\"format\": \"1\"" + text.substr(text.find(',')); }),
+    SaysText("a member more", [](std::string text) { return text.insert(1, "\"run\": \"rm -rf\","); }),
+    SaysText("a member twice", [](std::string text) { return text.insert(1, "\"format\": 1,"); }),
+    Says(
+        "another country", [](Manifest& m) { m.country = "DEU"; }, kListOtherCountry),
+    Says("no country", [](Manifest& m) { m.country = "s1"; }),
+    Says("no time", [](Manifest& m) { m.madeAt = "yesterday"; }),
+    Says("a maker of control characters", [](Manifest& m) { m.madeBy = "a\nb"; }),
+    Says("more records than there are", [](Manifest& m) { ++m.entries[kServiceTable].records; }),
+    Says("fewer records than there are", [](Manifest& m) { --m.entries[kServiceTable].records; }),
+    Says("more records than there can be", [](Manifest& m) { m.entries[kServiceTable].records = INT64_MAX; }),
+    Says("fewer than no records", [](Manifest& m) { m.entries[kServiceTable].records = -1; }),
+    Says("more bytes than there are", [](Manifest& m) { ++m.entries[kTransponderTable].bytes; }),
+    Says("another digest", [](Manifest& m) { m.entries[kServiceTable].digest[0] ^= 1; }),
+    Says("another digest of what is the same", [](Manifest& m) { m.entries[kSatelliteTable].digest[0] ^= 1; }),
+    Says("no digest", [](Manifest& m) { m.entries[kServiceTable].digest = "sha"; }),
     // The records.
-    {"no head", kListUnknown,
-     [](ListTexts& list) {
-       return list.Of(kServiceTable).erase(0, list.Of(kServiceTable).find('\n') + 1), list.Seal().Zip();
-     }},
-    {"nothing at all in an entry", kListUnknown,
-     [](ListTexts& list) { return list.Of(kServiceTable).clear(), list.Seal().Zip(); }},
-    {"another column", kListUnknown,
-     [](ListTexts& list) { return list.Of(kServiceTable).replace(0, 2, "ID"), list.Seal().Zip(); }},
-    {"cut within a record", kListUnknown,
-     [](ListTexts& list) {
-       return list.Of(kServiceTable).resize(list.Of(kServiceTable).size() - 3), list.Seal().Zip();
-     }},
-    {"a record twice", kListUnknown,
-     [](ListTexts& list) {
-       std::string& text = list.Of(kServiceTable);
-       return text += text.substr(text.rfind('\n', text.size() - 2) + 1), list.Seal().Zip();
-     }},
-    {"a column more", kListUnknown, [](ListTexts& list) { return Service(list, "fine_tune_offset", "35,1"); }},
-    {"an ID of 0", kListUnknown, [](ListTexts& list) { return Service(list, "id", "0"); }},
-    {"an ID of 64 bits and more", kListUnknown,
-     [](ListTexts& list) { return Service(list, "id", "9223372036854775808"); }},
-    {"a number with a sign", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "+0"); }},
-    {"a padded number", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "00"); }},
-    {"less than nothing", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "-0"); }},
-    {"a number that goes on", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "0x0"); }},
-    {"words for a number", kListUnknown, [](ListTexts& list) { return Service(list, "frequency", "1;DROP"); }},
-    {"an antenna that is none", kListUnknown, [](ListTexts& list) { return Service(list, "antenna", "3"); }},
-    {"a channel number that is none", kListUnknown, [](ListTexts& list) { return Service(list, "major", "65536"); }},
-    {"what must be there is not", kListUnknown, [](ListTexts& list) { return Service(list, "major", ""); }},
-    {"a satellite that is not there", kListUnknown, [](ListTexts& list) { return Service(list, "satellite", "77"); }},
-    {"a transponder that is not there", kListUnknown,
-     [](ListTexts& list) { return Service(list, "transponder", "77"); }},
-    {"a transponder's satellite that is not there", kListUnknown,
-     [](ListTexts& list) { return WithField(list, kTransponderTable, 1, "77"); }},
-    {"fine tuning of a channel that is not there", kListUnknown,
-     [](ListTexts& list) { return list.Of(kFineTuneTable) += "77,1\n", list.Seal().Zip(); }},
-    {"a name with NUL", kListUnknown,
-     [](ListTexts& list) { return Service(list, "name", std::string("\"a\0b\"", 5)); }},
-    {"a name with a line feed", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"a\nb\""); }},
-    {"a name of 1 MiB", kListUnknown,
-     [](ListTexts& list) { return Service(list, "name", "\"" + std::string(1 << 20, 'x') + "\""); }},
-    {"a name of 4097 bytes", kListUnknown,
-     [](ListTexts& list) { return Service(list, "name", "\"" + std::string(4097, 'x') + "\""); }},
-    {"a name that is no UTF-8", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"\xC3(\""); }},
-    {"a name of half a pair", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"\xED\xA0\x80\""); }},
-    {"a name that is longer than it needs to be", kListUnknown,
-     [](ListTexts& list) { return Service(list, "name", "\"\xC0\xAF\""); }},
-    {"a name that does not end", kListUnknown, [](ListTexts& list) { return Service(list, "name", "\"a"); }},
-    {"a name without quotes", kListUnknown, [](ListTexts& list) { return Service(list, "name", "a"); }},
+    Holds("no head", [](std::string& text) { text.erase(0, text.find('\n') + 1); }),
+    Holds("nothing at all in an entry", [](std::string& text) { text.clear(); }),
+    Holds("another column", [](std::string& text) { text.replace(0, 2, "ID"); }),
+    Holds("cut within a record", [](std::string& text) { text.resize(text.size() - 3); }),
+    Holds("a record twice", [](std::string& text) { text += text.substr(text.rfind('\n', text.size() - 2) + 1); }),
+    Holds(
+        "fine tuning of a channel that is not there", [](std::string& text) { text += "77,1\n"; }, kFineTuneTable),
+    Field("a column more", "fine_tune_offset", "35,1"),
+    Field("an ID of 0", "id", "0"),
+    Field("an ID of 64 bits and more", "id", "9223372036854775808"),
+    Field("a number with a sign", "antenna", "+0"),
+    Field("a padded number", "antenna", "00"),
+    Field("less than nothing", "antenna", "-0"),
+    Field("a number that goes on", "antenna", "0x0"),
+    Field("words for a number", "frequency", "1;DROP"),
+    Field("an antenna that is none", "antenna", "3"),
+    Field("a channel number that is none", "major", "65536"),
+    Field("what must be there is not", "major", ""),
+    Field("a satellite that is not there", "satellite", "77"),
+    Field("a transponder that is not there", "transponder", "77"),
+    Field("a transponder's satellite that is not there", "satellite", "77", kTransponderTable),
+    Field("a name with NUL", "name", std::string("\"a\0b\"", 5)),
+    Field("a name with a line feed", "name", "\"a\nb\""),
+    Field("a name of 1 MiB", "name", "\"" + std::string(1 << 20, 'x') + "\""),
+    Field("a name of 4097 bytes", "name", "\"" + std::string(4097, 'x') + "\""),
+    Field("a name that is no UTF-8", "name", "\"\xC3(\""),
+    Field("a name of half a pair", "name", "\"\xED\xA0\x80\""),
+    Field("a name that is longer than it needs to be", "name", "\"\xC0\xAF\""),
+    Field("a name that does not end", "name", "\"a"),
+    Field("a name without quotes", "name", "a"),
 };
 
 TEST_F(SmallChannelList, HostileArchivesAreRefusedAndChangeNothing) {
@@ -517,3 +455,5 @@ TEST_F(SmallChannelList, AFailureWithinAnImportTakesItBack) {
 }
 
 }  // namespace
+
+}  // namespace test
