@@ -32,20 +32,9 @@ struct Out {
   char text[512] = "", date[512], time[512];
 };
 
-template <class Value>
-std::string Text(Value value) {
-  return std::to_string(static_cast<long long>(value));
-}
-
-std::string Text(const std::string& text) { return text; }
+using test::Text;
 
 std::string Text(const TSTvMode& mode) { return Text(mode.antennaMode) + "," + Text(mode.serviceMode); }
-
-std::string Text(char* owned) {
-  std::string copy = owned ? owned : "null";
-  free(owned);
-  return copy;
-}
 
 std::string Text(tvs_ch_info* r) {
   if (!r) return "null";
@@ -111,7 +100,6 @@ std::string Rating() {
 constexpr const char* kSatellite = "SELECT value FROM setting WHERE key LIKE '%lnb-settings/satellite'";
 constexpr const char* kPositioner = "SELECT command FROM dish";
 constexpr const char* kService = "SELECT service FROM picture WHERE profile = 1";
-constexpr const char* kNoStatus = "{\n\t\"Progress\" : 0,\n\t\"SlotFrequency\" : -1,\n\t\"SlotNumber\" : 0\n}";
 constexpr const char* kLaunch = "SELECT application FROM launch";
 
 std::vector<PublicOperation> OperationsHere() {

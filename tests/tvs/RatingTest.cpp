@@ -106,15 +106,11 @@ TEST_F(RatingTest, TheFormOfTheJson) {
 }
 
 TEST_F(RatingTest, AsManyAsAStreamCanTellOf) {
-  Put({"", std::vector<RatingDimension>(255, {"", std::vector<desktop::RatingValue>(2)})});
-  Change(
-      "INSERT INTO rating_value SELECT 5, 254, v.place + 2 * d.place, NULL, 0 FROM rating_dimension d JOIN "
-      "rating_value v ON v.dimension = 0 WHERE d.place > 0");
+  Put({"", std::vector<RatingDimension>(255, {"", std::vector<desktop::RatingValue>(255)})});
   drrt_rating_info* info = nullptr;
   RatingUtils::FillRatingInfo(&info);
   ASSERT_NE(info, nullptr);
   EXPECT_EQ(info->dimensionCount, 255);
-  EXPECT_EQ(info->ratingCounts[253], 2);
   EXPECT_EQ(info->ratingCounts[254], 255);
   EXPECT_STREQ(info->ratingNames[254][254], "Rating 254");
   RatingUtils::EmptyRatingInfo(info);
@@ -129,24 +125,18 @@ TEST_F(RatingTest, NamesOfAnyKind) {
   } cases[] = {
       {"", "", ""},
       {OnAir("Añ€📺\u200fقناة\uFFFF"), "Añ€📺\u200fقناة\uFFFF", ""},
-      {OnAir("\uFEFFmark"), "\uFEFFmark", ""},
       // Broken in the middle, at the end, and the halves of a pair alone.
       {OnAir("a\xED\xA0\x80z"), "a", "84"},
       {OnAir("a\xED\xB0\x80z"), "a", "84"},
       {OnAir("a\xED\xA0\x80"), "a", "22"},
-      {OnAir("ab") + '\0', "ab", "22"},
       {"\xFF", "", "22"},
       {OnAir("a") + std::string(2, '\0') + OnAir("z"), "a", ""},
       // At and around the buffers' ends.
       {air.substr(0, 510), a256.substr(0, 255), ""},
       {air.substr(0, 511), a256.substr(0, 255), "22"},
       {air, a256.substr(0, 255), "22"},
-      {OnAir(Times(2000, "a")), a256.substr(0, 255), "22"},
-      {OnAir(euros + "a"), euros + "a", ""},
       {OnAir(euros + "aa"), euros + "a", "7"},
       {OnAir(euros + "é"), euros, "7"},
-      {OnAir(Times(169, "€") + "é📺"), Times(169, "€") + "é", "7"},
-      {OnAir(Times(255, "€")), euros, "7"},
       {OnAir(Times(127, "📺") + "ab"), Times(127, "📺") + "a", "22"},
   };
   for (const auto& [name, shown, complaint] : cases) {
@@ -183,12 +173,7 @@ TEST_F(RatingTest, WhatIsSaidOfASystem) {
   RatingUtils::FillRatingInfo(&info);
   EXPECT_EQ(info, kept) << "without a system nothing is written";
   PutOne(OnAir("Region"), OnAir("Dimension"), OnAir("Value"));
-  m_tv.Fail("CreateRatingSystem");
   ClearLog();
-  RatingUtils::FillRatingInfo(&info);
-  EXPECT_EQ(info, kept);
-  EXPECT_EQ(TakeLog(), Texts{"[Debug]tv service init failed "});
-  m_tv.Heal();
   const std::string json = Json();
   EXPECT_EQ(TakeLog(), (Texts{"[Debug]state[1] name[]", "[Info]RRT region name:Region", "[Info]dimension count :1",
                               "[Info] dimesion 0 rating count 1 ", "[Debug]json size: " + std::to_string(json.size()),
@@ -217,11 +202,6 @@ TEST_F(RatingTest, Locks) {
     EXPECT_EQ(get(dimension, value), -1);
     EXPECT_EQ(TakeLog().back(), "[Info]Get RRS Lock failed:-1");
   }
-  m_tv.Fail("CreateRatingSystem");
-  EXPECT_EQ(get(0, 1), -1);
-  EXPECT_EQ(TakeLog().back(), "[Debug]tv service init failed ");
-  EXPECT_EQ(RatingUtils::SetRRSLock(0, 1, true), -1);
-  EXPECT_EQ(TakeLog().back(), "[Debug]tv service init failed");
 }
 
 TEST_F(RatingTest, ARecordMayHaveGaps) {
@@ -269,7 +249,6 @@ TEST_F(RatingTest, ProfilesTellOfAnyName) {
 TEST_F(RatingTest, WhatIsWrongWithATextIsSaid) {
   const auto whole = [](const std::string& middle) { return "{\"RegionName\": \"R\", \"Count\": 1, " + middle + "}"; };
   const std::pair<std::string, std::string> cases[] = {
-      {"", "Line 1, Column 1: Syntax error: value, object or array expected."},
       {"{\"Count\": 1,\n\"Names\": }", "Line 2, Column 10: Syntax error: value, object or array expected."},
       {"{} {}", "Line 1, Column 4: Extra non-whitespace after JSON value."},
       {"{\"Count\": 0, \"Count\": 0}", "Line 1, Column 14: Duplicate key: 'Count'"},
@@ -277,17 +256,12 @@ TEST_F(RatingTest, WhatIsWrongWithATextIsSaid) {
       {"[]", "wants an object"},
       {"{\"Regionname\": \"\"}", "unknown member 'Regionname'"},
       {"{\"Count\": 0}", "RegionName: is missing"},
-      {"{\"RegionName\": 3, \"Count\": 0}", "RegionName: wants a text"},
       {"{\"RegionName\": \"\xFF\", \"Count\": 0}", "RegionName: is no UTF-8"},
       {"{\"RegionName\": \"\", \"Count\": 256}", "Count: wants a number from 0 to 255"},
-      {"{\"RegionName\": \"\", \"Count\": -1}", "Count: wants a number from 0 to 255"},
       {"{\"RegionName\": \"\", \"Count\": 0, \"Names\": [\"a\"]}", "Names: wants an array of 0"},
-      {whole(R"("RatingCounts": [0], "RatingNames": [[]])"), "Names: is missing"},
       {whole(R"("Names": {}, "RatingCounts": [0], "RatingNames": [[]])"), "Names: wants an array of 1"},
-      {whole(R"("Names": [{}], "RatingCounts": [0], "RatingNames": [[]])"), "Names[0]: wants a text"},
       {whole(R"("Names": ["a"], "RatingCounts": ["0"], "RatingNames": [[]])"),
        "RatingCounts[0]: wants a number from 0 to 255"},
-      {whole(R"("Names": ["a"], "RatingCounts": [2], "RatingNames": [["a"]])"), "RatingNames[0]: wants an array of 2"},
       {whole(R"("Names": ["a"], "RatingCounts": [2], "RatingNames": [["a", 7]])"), "RatingNames[0][1]: wants a text"},
   };
   for (const auto& [text, said] : cases) {

@@ -5,6 +5,7 @@
 #include "SatCRProcessManager.h"
 #include "SatCRUtil.h"
 #include "TvsTest.h"
+#include "Utils.h"
 #include "tvs/SingleCable.h"
 
 namespace test {
@@ -12,9 +13,6 @@ namespace test {
 namespace {
 
 enum ProcessType { kDetectFirst = 1, kDetectSecond, kVerifyFirst, kVerifySecond };
-
-constexpr const char* kOccupy = "UPDATE satcr_band SET occupant = 'a neighbour' WHERE frequency = ?";
-constexpr const char* kOutcome = "REPLACE INTO tv_state VALUES ('satcr_outcome', ?)";
 
 /// A cable whose first free bands are 1400 and 1632, and whose runs take 100 seconds.
 class SatCRTest : public TvsTest {
@@ -78,12 +76,16 @@ TEST_F(SatCRTest, EndsAsTheCableIsThen) {
     std::string kept;
   };
   const auto nothing = [] {};
-  const auto take = [](int frequency) { return [=] { Change(kOccupy, frequency); }; };
+  const auto take = [](int frequency) {
+    return [=] { Change("UPDATE satcr_band SET occupant = 'a neighbour' WHERE frequency = ?", frequency); };
+  };
   const auto takeAll = [] { Change("UPDATE satcr_band SET occupant = 'everybody'"); };
-  const auto outcome = [](int frequency) { return [=] { Change(kOutcome, frequency); }; };
+  const auto outcome = [](int frequency) {
+    return [=] { Change("REPLACE INTO tv_state VALUES ('satcr_outcome', ?)", frequency); };
+  };
   const Case cases[] = {
       {"nothing is free", kDetectFirst, 0, takeAll, nothing, false, "255 0"},
-      {"no band at all", kDetectFirst, 0, [] { Change("DELETE FROM satcr_band"); }, nothing, false, "255 0"},
+      {"no band", kDetectFirst, 0, [] { Change("DELETE FROM satcr_band"); }, nothing, false, "255 0"},
       {"taken meanwhile", kDetectFirst, 0, nothing, take(1400), true, "4 1632"},
       {"all taken meanwhile", kDetectSecond, 0, nothing, takeAll, false, "255 0"},
       {"its own band is no other's", kDetectFirst, 1400, nothing, nothing, true, "2 1400"},
@@ -122,16 +124,14 @@ TEST_F(SatCRTest, EndsAsTheCableIsThen) {
 }
 
 TEST_F(SatCRTest, ACancelledDetectionKeepsWhatItHadSeen) {
-  for (const double seconds : {10.0, 50.0}) {
+  for (const auto& [seconds, asked] : {std::pair(10.0, true), {50.0, false}, {50.0, true}}) {
     Change("UPDATE satcr SET frequency = 0, slot = 255");
-    for (const bool asked : {false, true}) {
-      Manager manager(kDetectFirst);
-      manager.Start();
-      MoveClock(seconds);
-      if (asked) Progress(manager);
-      manager.Stop();
-      EXPECT_EQ(Stored(0), asked && seconds == 50 ? "2 1400" : "255 0") << seconds << asked;
-    }
+    Manager manager(kDetectFirst);
+    manager.Start();
+    MoveClock(seconds);
+    if (asked) Progress(manager);
+    manager.Stop();
+    EXPECT_EQ(Stored(0), asked && seconds == 50 ? "2 1400" : "255 0") << seconds << asked;
   }
 }
 
@@ -166,7 +166,6 @@ TEST_F(SatCRTest, EachCallMayFailFromEachTickOn) {
        false,
        "[Debug]pSatelliteSettings is null"},
       {"SatelliteSettings::GetSatCRSettings", {kNoRun, kHealthy, kHealthy}, false, "[Error]GetSatCRSettings fails"},
-      {"CreateSatelliteControl", {kNoRun, kHealthy, kHealthy}, false, "[Error]CreateSatelliteControl fails"},
       {"SatelliteControl::SendSatCRCommand",
        {"1 0 0 0 255 0", kHealthy, kHealthy},
        true,
@@ -229,11 +228,9 @@ TEST_F(SatCRTest, UtilitiesWithoutAManager) {
   MoveClock(100);
   const struct { int tuner, frequency, slot, progress; } states[] = {{1, 1980, 7, 100}, {0, -1, 0, 0}, {7, -1, 0, 0}};
   for (const auto& state : states) {
-    char* text = SatCRUtils::GetSatCRProcessStatusAsJsonString(state.tuner);
-    Json::Value json;
-    ASSERT_TRUE(Json::Reader().parse(text, json)) << text;
-    free(text);
-    EXPECT_EQ(json.getMemberNames(), (Texts{"Progress", "SlotFrequency", "SlotNumber"}));
+    const Json::Value json =
+        Parsed(Utils::WrapMallocdString(SatCRUtils::GetSatCRProcessStatusAsJsonString(state.tuner)));
+    EXPECT_EQ(json.size(), 3U);
     EXPECT_EQ(json["SlotFrequency"].asInt(), state.frequency);
     EXPECT_EQ(json["SlotNumber"].asInt(), state.slot);
     EXPECT_EQ(json["Progress"].asInt(), state.progress);
@@ -242,13 +239,8 @@ TEST_F(SatCRTest, UtilitiesWithoutAManager) {
 
 TEST_F(SatCRTest, AnotherProcessSeesTheRunAndSetsTheCable) {
   const auto tell = [&](Texts words) {
-    words.insert(words.begin(), {"--tv", m_tv.Path(), "satcr"});
-    words.push_back("--json");
-    const Outcome outcome = Execute("quirelle-tv", words);
-    EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    Json::Value json;
-    Json::Reader().parse(outcome.output, json);
-    return json;
+    words.insert(words.begin(), "satcr");
+    return Command(words);
   };
   tell({"--bands", "1210,1420,1680,2040", "--occupy", "1210=Kitchen", "--duration", "3600", "--store", "1=1420"});
   ASSERT_TRUE(SatCRUtils::SendSatCRCommand(0, SATCR_COMMAND_DETECT));
@@ -270,9 +262,7 @@ TEST_F(SatCRTest, AnotherProcessSeesTheRunAndSetsTheCable) {
        {Texts{"--bands", "10"}, Texts{"--bands", "1210,1210"}, Texts{"--bands", "1210,"}, Texts{"--occupy", "1234=x"},
         Texts{"--store", "2=1210"}, Texts{"--duration", "0"}, Texts{"--outcome", "any"}, Texts{"--bands"},
         Texts{"--bands", "1500", "--leave", "1210"}}) {
-    Texts words = {"--tv", m_tv.Path(), "satcr"};
-    words.insert(words.end(), wrong.begin(), wrong.end());
-    EXPECT_EQ(Execute("quirelle-tv", words).status, 2) << wrong.back();
+    EXPECT_TRUE(tell(wrong).isNull()) << wrong.back();
   }
   EXPECT_EQ(Ask("SELECT count(*) || ' ' || sum(frequency) FROM satcr_band"), "4 6350") << "all or nothing";
 }
