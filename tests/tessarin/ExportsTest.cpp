@@ -30,7 +30,7 @@ struct Export {
   const char* name;
   Action call, operation;
   const char* failure;  ///< when all that it calls fails
-  enum { kNamed, kUnnamed } log;
+  enum { kNamed, kUnnamed } log = kNamed;
   enum { kTakenBack, kOnItsOwn } store = kTakenBack;
 };
 
@@ -43,7 +43,7 @@ struct Export {
 #define EXPORT(function, arguments, operation, ...) \
   { #function, RUN(function arguments), RUN(operation), __VA_ARGS__ }
 #define EXPORT_VOID(function, arguments, operation, ...) \
-  { #function, DO(function arguments), DO(operation), "", __VA_ARGS__ }
+  { #function, DO(function arguments), DO(operation), "" __VA_OPT__(, ) __VA_ARGS__ }
 
 bool Lock() {
   bool lock = false;
@@ -58,24 +58,20 @@ std::string Filled() {
 std::string Archive() { return std::string(std::getenv("QUIRELLE_TV")) + ".zip"; }
 
 const Export kExports[] = {
-    EXPORT(Tessarin_CombinateStrings, (kGuide, "3", "b", "c", "d"), Filled(), "3 items. Use the arrow keys to move.",
-           Export::kNamed),
+    EXPORT(Tessarin_CombinateStrings, (kGuide, "3", "b", "c", "d"), Filled(), "3 items. Use the arrow keys to move."),
     EXPORT(Tessarin_GetCurrentCountryCode, (), Utils::GetCountryCode(), "", Export::kUnnamed),
     EXPORT(Tessarin_GetCurrentDateString, (), CommonUtil::GetCurrentDateStr(), "--/--/----", Export::kUnnamed),
-    EXPORT(Tessarin_FlagVisibleSatCRTwoTuner, (), CUtil::FlagVisibleSatCRTwoTuner(), "0", Export::kNamed),
-    EXPORT(Tessarin_SendSatCRCommand, (1, 0), SatCRUtils::SendSatCRCommand(1, SATCR_COMMAND_DETECT), "0",
-           Export::kNamed),
-    EXPORT(Tessarin_GetSatCRProgress, (1), SatCRUtils::GetSatCRProcessStatusAsJsonString(1), kNoStatus, Export::kNamed),
-    EXPORT(Tessarin_IsSatCRCommandSuccess, (1, 1632, 3), SatCRUtils::IsSatCRCommandSuccess(1, 1632, 3), "0",
-           Export::kNamed),
-    EXPORT(Tessarin_GetSlotFrequency, (1), SatCRUtils::GetSlotFrequency(1), "-1", Export::kNamed),
-    EXPORT(Tessarin_SetSatCRSlotFrequency, (1, 1400), SatCRUtils::SetSlotFrequency(1, 1400), "-1", Export::kNamed),
-    EXPORT_VOID(Tessarin_UserStorePosition, (), Utils::UserStorePosition(), Export::kNamed),
-    EXPORT_VOID(Tessarin_InstallerStorePosition, (), Utils::InstallerStorePosition(), Export::kNamed),
-    EXPORT_VOID(Tessarin_InstallerGoToZero, (), Utils::InstallerGoToZero(), Export::kNamed),
-    EXPORT_VOID(Tessarin_InstallerResetLimit, (), Utils::InstallerResetLimit(), Export::kNamed),
-    EXPORT(Tessarin_TuneAloneSelectedTransponder, (true), ChannelUtil::TuneAloneSelectedTransponder(true), "0",
-           Export::kNamed),
+    EXPORT(Tessarin_FlagVisibleSatCRTwoTuner, (), CUtil::FlagVisibleSatCRTwoTuner(), "0"),
+    EXPORT(Tessarin_SendSatCRCommand, (1, 0), SatCRUtils::SendSatCRCommand(1, SATCR_COMMAND_DETECT), "0"),
+    EXPORT(Tessarin_GetSatCRProgress, (1), SatCRUtils::GetSatCRProcessStatusAsJsonString(1), kNoStatus),
+    EXPORT(Tessarin_IsSatCRCommandSuccess, (1, 1632, 3), SatCRUtils::IsSatCRCommandSuccess(1, 1632, 3), "0"),
+    EXPORT(Tessarin_GetSlotFrequency, (1), SatCRUtils::GetSlotFrequency(1), "-1"),
+    EXPORT(Tessarin_SetSatCRSlotFrequency, (1, 1400), SatCRUtils::SetSlotFrequency(1, 1400), "-1"),
+    EXPORT_VOID(Tessarin_UserStorePosition, (), Utils::UserStorePosition()),
+    EXPORT_VOID(Tessarin_InstallerStorePosition, (), Utils::InstallerStorePosition()),
+    EXPORT_VOID(Tessarin_InstallerGoToZero, (), Utils::InstallerGoToZero()),
+    EXPORT_VOID(Tessarin_InstallerResetLimit, (), Utils::InstallerResetLimit()),
+    EXPORT(Tessarin_TuneAloneSelectedTransponder, (true), ChannelUtil::TuneAloneSelectedTransponder(true), "0"),
     EXPORT(Tessarin_ResetSatelliteSettings, (), Utils::ResetSatelliteSettings(), "0", Export::kUnnamed),
     EXPORT(Tessarin_GetTunerMft, (), FineTuneUtil::GetTunerMft(), "-1", Export::kUnnamed),
     EXPORT_VOID(Tessarin_PresetTunerMft, (-7), FineTuneUtil::PresetTunerMft(-7), Export::kUnnamed),
@@ -84,9 +80,9 @@ const Export kExports[] = {
     EXPORT_VOID(Tessarin_SetFineTuneType, (), FineTuneUtil::SetFineTuneType(), Export::kUnnamed),
     EXPORT_VOID(Tessarin_ResetFinetuneType, (), FineTuneUtil::ResetFinetuneType(), Export::kUnnamed),
     EXPORT_VOID(Tessarin_SetFinetuneFreq, (9), FineTuneUtil::SetFinetuneFreq(9), Export::kUnnamed),
-    EXPORT(Tessarin_GetRatingInfo, (), RatingUtils::GetRatingInfoAsJsonString(), "null", Export::kNamed),
+    EXPORT(Tessarin_GetRatingInfo, (), RatingUtils::GetRatingInfoAsJsonString(), "null"),
     EXPORT(Tessarin_GetRRSLock, (1, 2), Lock(), "0", Export::kUnnamed),
-    EXPORT(Tessarin_SetRRSLock, (1, 0, true), RatingUtils::SetRRSLock(1, 0, true), "-1", Export::kNamed),
+    EXPORT(Tessarin_SetRRSLock, (1, 0, true), RatingUtils::SetRRSLock(1, 0, true), "-1"),
     EXPORT_VOID(Tessarin_InitiateExportToTemp, (Archive().c_str()), Utils::ExportChannelList(Archive()),
                 Export::kUnnamed, Export::kOnItsOwn),
     EXPORT(Tessarin_LoadCopiedChannelList, (Archive().data()), Utils::LoadImportedChannelList(Archive().c_str()), "3",
