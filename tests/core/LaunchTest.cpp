@@ -1,5 +1,4 @@
 // From the launch request to the end of the program.
-#include "AppMain.h"
 #include "Harness.h"
 #include "MenuControl.h"
 #include "ReturnToMenu.h"

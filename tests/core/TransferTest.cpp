@@ -1,5 +1,4 @@
 // One transfer of the channel list, without its window: the checks, the copy, the stick that goes.
-#include <Ecore.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,14 +25,7 @@ constexpr const char* kName = "Channel_list_EU_2024.zip";
 
 class Transfer : public test::TvsTest {
  protected:
-  Transfer() : TvsTest("hdmi") {
-    static const bool up = [] {
-      ecore_app_no_system_modules();
-      std::atexit([] { ecore_shutdown(); });
-      return ecore_init() > 0;
-    }();
-    EXPECT_TRUE(up);
-  }
+  Transfer() : TvsTest("hdmi") { test::KeepMainLoop(); }
   ~Transfer() override { test::OnSleep(nullptr); }
 
   static fs::path Stick(const std::string& name) { return desktop::UsbDirectory() / name; }

@@ -1,5 +1,4 @@
 // One file onto a stick, on its thread: all of it or none, whatever happens on the way.
-#include <Ecore.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -43,18 +42,8 @@ void Put(const fs::path& path, const std::string& contents) { std::ofstream(path
 
 class UsbCopy : public testing::Test {
  protected:
-  /// It cannot be brought up twice.
-  static void KeepToolkit() {
-    static const bool up = [] {
-      ecore_app_no_system_modules();
-      std::atexit([] { ecore_shutdown(); });
-      return ecore_init() > 0;
-    }();
-    ASSERT_TRUE(up);
-  }
-
   UsbCopy() : m_main(std::this_thread::get_id()) {
-    KeepToolkit();
+    test::KeepMainLoop();
     desktop::LogToStandardError(desktop::LogLevel::kOff);
     desktop::WatchLog(KeepLine);
     g_log.clear();

@@ -8,7 +8,9 @@
 
 #include <atomic>
 #include <cstdint>
+#include <cstdlib>
 #include <mutex>
+#include <stdexcept>
 #include <utility>
 
 #define EXPORTED __attribute__((visibility("default")))
@@ -61,6 +63,15 @@ void HoldClock(bool hold) {
 void Pause() {
   const timespec pause{0, 1'000'000};
   syscall(SYS_nanosleep, &pause, nullptr);
+}
+
+void KeepMainLoop() {
+  static const bool kept = [] {
+    ecore_app_no_system_modules();
+    std::atexit([] { ecore_shutdown(); });
+    return ecore_init() > 0;
+  }();
+  if (!kept) throw std::runtime_error("no main loop");
 }
 
 bool TurnUntil(const std::function<bool()>& holds) {

@@ -13,7 +13,9 @@ void OnSleep(std::function<void()> watch);
 
 /// A millisecond passes, whatever the clock says.
 void Pause();
-/// The main loop turns until this holds; false when it does not for long.
+/// The toolkit's main loop stays up to the end of the tests: it cannot be brought up twice.
+void KeepMainLoop();
+/// It turns until this holds; false when it does not for long.
 bool TurnUntil(const std::function<bool()>& holds);
 
 /// From now on no time passes but by `MoveClock`, or it passes by itself again.

@@ -3,12 +3,8 @@
 
 #include "EventManager.h"
 #include "Harness.h"
-#include "Screen.h"
-#include "Store.h"
 #include "Text.h"
-#include "ThemeNames.h"
 #include "Utils.h"
-#include "ViewSublist.h"
 #include "settings_api.h"
 
 using test::Remote;
