@@ -473,14 +473,14 @@ TEST(DynamicRating, IsReadOutAndStaysUntilItIsClosed) {
   Put({Dimension("Age", {"0", "6", "12"}), Dimension("Kind", {"0"})});
   test::Run({kMenuID}, [&](Remote& remote) {
     remote.Wait(1);
-    EXPECT_EQ(remote.Spoken().back(), "   Age, 3 items. Use the arrow keys to move.");
+    EXPECT_EQ(remote.Spoken(), (Texts{"   Age, 3 items. Use the arrow keys to move.", "A & <b>Region</b>, Age"}));
     EXPECT_TRUE(test::Logged("[Debug]  A & <b>Region</b>. Age "));
     remote.Press("Return Up");
     remote.Wait(1);
     EXPECT_EQ(remote.Spoken().back(), " Kind, 1 items. Use the arrow keys to move.");
     remote.Press("Return Down Up");
     remote.Wait(1);
-    EXPECT_EQ(remote.Spoken().back(), "Kind");
+    EXPECT_EQ(remote.Spoken().back(), "Kind, Selected");
     EXPECT_TRUE(test::Logged("[Debug]  Kind."));
     remote.Pause();
     remote.Resume();

@@ -270,19 +270,19 @@ TEST_F(SatCRWindows, ARunCanBeFollowedByEar) {
     /// At each second.
     std::vector<int> percents;
     Texts progress;
-    const char* end;
+    Texts end;
   };
   const Case cases[] = {
       // What was said before is heard out.
       {kDetect2,
        {10, 30, 35, 55, 60, 62, 74, 74, 74, 76, 100},
        {"35%", "62%", "76%"},
-       "Detection is complete.\nTuner 2 : Success"},
-      {kDetect1, {50, 100}, {}, "Detection is complete.\nTuner 1 : Success"},
-      {kVerify1, {1, 2, 3, 99, 100}, {"99%"}, "Verification is complete.\nTuner 1 : Failed, OK, Button"},
+       {" , Detection is complete.\nTuner 2 : Success", "OK, Button"}},
+      {kDetect1, {50, 100}, {}, {" , Detection is complete.\nTuner 1 : Success", "OK, Button"}},
+      {kVerify1, {1, 2, 3, 99, 100}, {"99%"}, {" , Verification is complete.\nTuner 1 : Failed, OK, Button"}},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.end);
+    SCOPED_TRACE(c.end[0]);
     Connect(2);
     Run(c.type, [&](Remote& remote) {
       for (const int percent : c.percents) Tick(remote, percent);
@@ -292,9 +292,10 @@ TEST_F(SatCRWindows, ARunCanBeFollowedByEar) {
         if (text != " ") heard.push_back(text);
       }
       Texts expected = {c.type == kVerify1 ? " , Verifying the slot frequency. Please wait."
-                                           : " , Detecting the slot frequency. Please wait."};
+                                           : " , Detecting the slot frequency. Please wait.",
+                        "Cancel, Button"};
       expected.insert(expected.end(), c.progress.begin(), c.progress.end());
-      expected.push_back(std::string(" , ") + c.end);
+      expected.insert(expected.end(), c.end.begin(), c.end.end());
       EXPECT_EQ(heard, expected);
     });
   }
