@@ -373,9 +373,10 @@ TEST(DynamicRating, SaysWhereItStepsAndStaysUntilItIsClosed) {
   tv.TurnVoiceOn();
   Put({Dimension("Age", {"0", "6", "12"}), Dimension("Kind", {"0"})});
   test::Run({kMenuID}, [&](Remote& remote) {
-    remote.ExpectSaid("", "   Age, 3 items. Use the arrow keys to move.");
+    remote.Wait(1);
+    EXPECT_EQ(remote.Spoken(), (Texts{"   Age, 3 items. Use the arrow keys to move.", "A & <b>Region</b>, Age"}));
     remote.ExpectSaid("Return Up", " Kind, 1 items. Use the arrow keys to move.");
-    remote.ExpectSaid("Return Down Up", "Kind");
+    remote.ExpectSaid("Return Down Up", "Kind, Selected");
     remote.Wait(3600);
     EXPECT_FALSE(remote.HasExited());
   });

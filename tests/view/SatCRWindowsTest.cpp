@@ -276,9 +276,11 @@ TEST_F(SatCRWindows, ARunCanBeFollowedByEar) {
       // What was said before is heard out.
       {kDetect2,
        {10, 30, 35, 55, 60, 62, 74, 74, 74, 76, 100},
-       {kDetecting, "35%", "62%", "76%", "Detection is complete.\nTuner 2 : Success"}},
-      {kDetect1, {50, 100}, {kDetecting, "Detection is complete.\nTuner 1 : Success"}},
-      {kVerify1, {1, 2, 3, 99, 100}, {kVerifying, "99%", "Verification is complete.\nTuner 1 : Failed, OK, Button"}},
+       {kDetecting, "Cancel, Button", "35%", "62%", "76%", "Detection is complete.\nTuner 2 : Success", "OK, Button"}},
+      {kDetect1, {50, 100}, {kDetecting, "Cancel, Button", "Detection is complete.\nTuner 1 : Success", "OK, Button"}},
+      {kVerify1,
+       {1, 2, 3, 99, 100},
+       {kVerifying, "Cancel, Button", "99%", "Verification is complete.\nTuner 1 : Failed, OK, Button"}},
   };
   for (const auto& c : cases) {
     Connect(2);

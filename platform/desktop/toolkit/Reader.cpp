@@ -6,8 +6,11 @@
 #include <Elementary.h>
 #include <libintl.h>
 
+#include <algorithm>
+#include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Screen.h"
 #include "Speech.h"
@@ -39,6 +42,8 @@ Reader g_reader;
 
 bool IsA(const Eo* object, const char* type) { return std::string(type) == evas_object_type_get(object); }
 
+const Eo* ObjectOf(const Place& place) { return place.row ? static_cast<const Eo*>(place.row) : place.object; }
+
 std::string Translated(const char* id) { return dgettext("quirelle", id); }
 
 Place PlaceNow() {
@@ -48,11 +53,20 @@ Place PlaceNow() {
   return {object, IsA(object, "elm_genlist") ? elm_object_focused_item_get(object) : nullptr};
 }
 
+/// The toolkit takes the name of an object for markup, and the one of a row for a text.
+std::string NameOf(const Place& place) {
+  const char* name = efl_access_object_i18n_name_get(ObjectOf(place));
+  if (!name || place.row) return name ? name : "";
+  char* text = elm_entry_markup_to_utf8(name);
+  const std::string plain = text ? text : "";
+  free(text);
+  return plain;
+}
+
 /// Name and state for the ear, joined by ", ".
-std::string Described(const Eo* object) {
-  const char* name = efl_access_object_i18n_name_get(object);
-  const char* state = efl_access_object_description_get(object);
-  std::string text = name ? name : "";
+std::string Described(const Place& place) {
+  const char* state = efl_access_object_description_get(ObjectOf(place));
+  std::string text = NameOf(place);
   if (state && *state) text += (text.empty() ? "" : ", ") + std::string(state);
   return text;
 }
@@ -65,11 +79,33 @@ std::string Position(const Place& place) {
   return text;
 }
 
+/// The pieces between the commas of a text, without the blanks around them.
+std::vector<std::string> Pieces(const std::string& text) {
+  std::vector<std::string> pieces;
+  std::istringstream stream(text);
+  for (std::string piece; std::getline(stream, piece, ',');) {
+    const size_t first = piece.find_first_not_of(' ');
+    if (first != std::string::npos) pieces.push_back(piece.substr(first, piece.find_last_not_of(' ') + 1 - first));
+  }
+  return pieces;
+}
+
+/// Whether what the program has said since then names what has the focus; the state goes with the name.
+bool IsNamed(const Place& place, size_t since) {
+  const std::vector<std::string> name = Pieces(NameOf(place));
+  if (name.empty()) return Spoken().size() > since;
+  for (size_t i = since; i < Spoken().size(); ++i) {
+    const std::vector<std::string> said = Pieces(Spoken()[i]);
+    if (Spoken()[i].ends_with(name[0]) || std::find(said.begin(), said.end(), name[0]) != said.end()) return true;
+  }
+  return false;
+}
+
 std::string SentenceOf(const Place& place) {
   if (!place.object) return {};
-  if (place.row) return Described(place.row) + ", " + Position(place);
+  if (place.row) return Described(place) + ", " + Position(place);
   if (IsA(place.object, "elm_genlist")) return {};
-  std::string text = Described(place.object);
+  std::string text = Described(place);
   if (IsA(place.object, "elm_button")) text += ", " + Translated("TV_SID_BUTTON");
   return text;
 }
@@ -77,7 +113,7 @@ std::string SentenceOf(const Place& place) {
 Eina_Bool ReadCB(void*) {
   g_reader.timer = nullptr;
   // The row, or the object, may have gone meanwhile.
-  if (PlaceNow() == g_reader.place && Spoken().size() == g_reader.said) Read(SentenceOf(g_reader.place));
+  if (PlaceNow() == g_reader.place && !IsNamed(g_reader.place, g_reader.said)) ReadNext(SentenceOf(g_reader.place));
   return ECORE_CALLBACK_CANCEL;
 }
 

@@ -1,4 +1,5 @@
-// The TV's screen reader: says what has the focus, from the texts that its object has for the ear.
+// The TV's screen reader: says what has the focus, from the texts that its object has for the ear, unless the program
+// has named it.
 #pragma once
 
 namespace desktop {

@@ -14,6 +14,8 @@ bool IsVoiceOn();
 
 /// Reads a text out, in place of what is being read. Blank ones are none.
 void Read(const std::string& text);
+/// Reads a text out once what is being read has ended.
+void ReadNext(const std::string& text);
 void Silence();
 
 /// Texts read out since the start, in order.

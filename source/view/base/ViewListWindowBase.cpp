@@ -6,7 +6,9 @@
 #include "Content.h"
 #include "Log.h"
 #include "ThemeNames.h"
+#include "Translation.h"
 #include "Utils.h"
+#include "VoiceGuide.h"
 #include "settings_api.h"
 
 namespace {
@@ -68,6 +70,7 @@ std::vector<CViewWindowBase::Button> CViewListWindowBase::t_Buttons() {
   if (!m_IsTransponderWindow()) return {{"SID_CLOSE"}};
   const auto save = [] {
     ChannelUtil::TuneAloneSelectedTransponder(false);
+    SayNow(T("COM_SID_SAVED"));
     CloseView();
   };
   return {{"SID_SAVE", save}, {"SID_CANCEL"}};

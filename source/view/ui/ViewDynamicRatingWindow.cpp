@@ -240,6 +240,10 @@ void CViewDynamicRatingWindow::m_UpdateDimeSpinState(bool editing) {
   m_bEditing = editing;
   m_spinner.ShowArrows(editing);
   m_spinner.Emit(theme::kMouseDown, theme::kEvents);
+  if (!m_spinner.HasFocus()) return;
+  const std::string place =
+      Filled("COM_SID_MIX_A_OF_B", std::to_string(m_nSpinner + 1), std::to_string(m_pRatingInfo->dimensionCount));
+  Speak(spoken::Joined({m_spinner.GetText(), editing ? place : T("COM_SID_SELECTED")}));
 }
 
 void CViewDynamicRatingWindow::m_FocusFirstRating() {

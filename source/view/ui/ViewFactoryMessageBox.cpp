@@ -1,6 +1,7 @@
 #include "ViewFactoryMessageBox.h"
 
 #include "Log.h"
+#include "Spoken.h"
 #include "TextUtil.h"
 #include "TransferFlow.h"
 #include "Translation.h"
@@ -47,6 +48,8 @@ void CViewFactoryMessageBox::t_Show() {
   // The factory does not ask before an import.
   if (t_Case() == kImportConfirm) return t_TransferChannelBtnClickCB();
   CMessageBox::t_Show();
+  // The seconds are for the eye.
+  spoken::SetName(t_pDefaultButtons[0], T(t_ButtonIDs[0]));
   m_timer.Start(1.0, [this] { return sm_TimerUpdateBtnCb(); });
 }
 

@@ -1,5 +1,6 @@
 #include "ViewFactoryTransferCLEnd.h"
 
+#include "Spoken.h"
 #include "TransferFlow.h"
 #include "Translation.h"
 
@@ -24,6 +25,8 @@ void CViewFactoryTransferCLEnd::t_SetButtonSettingInfo() {
 
 void CViewFactoryTransferCLEnd::t_Show() {
   CViewTransferChannelListEnd::t_Show();
+  // The seconds are for the eye.
+  spoken::SetName(t_pDefaultButtons[0], T("SID_OK"));
   if (t_Case() != kImported) m_timer.Start(1.0, [this] { return sm_TimerUpdateBtnCb(); });
 }
 

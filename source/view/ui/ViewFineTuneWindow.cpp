@@ -50,10 +50,12 @@ std::string StatusNumber(int offset) {
   return offset < 0 ? " " + std::to_string(-offset) + "-" : " " + number;
 }
 
-std::string LeftToRightMark() {
-  char* mark = evas_textblock_text_markup_to_utf8(nullptr, "&#x200e;");
-  return Utils::WrapMallocdString(mark);
+std::string Unmarked(const std::string& markup) {
+  char* text = evas_textblock_text_markup_to_utf8(nullptr, markup.c_str());
+  return Utils::WrapMallocdString(text);
 }
+
+std::string LeftToRightMark() { return Unmarked("&#x200e;"); }
 
 }  // namespace
 
@@ -291,7 +293,7 @@ void CViewFineTuneWindow::t_DrawResetPopup() {
     m_ClosePopup();
     return false;
   });
-  Speak(words.title + " , " + words.text + " ," + T("SID_OK") + " ," + T("TV_SID_BUTTON"));
+  Speak(words.title + " , " + Unmarked(words.text) + " ," + T("SID_OK") + " ," + T("TV_SID_BUTTON"));
 }
 
 std::string CViewFineTuneWindow::m_PopupMessage() const {

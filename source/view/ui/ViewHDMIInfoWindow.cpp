@@ -67,7 +67,6 @@ void CViewHDMIInfoWindow::t_SetContent() {
   m_pItemClass = NewRowClass(NeedsAdjustFontSize() ? theme::kFactAbbreviated : theme::kFact,
                              Utils::FlagReverseMode() ? m_ItemGetTextReverse : m_ItemGetText, nullptr);
   if (!m_pItemClass || !m_pList) return;
-  elm_genlist_select_mode_set(m_pList, ELM_OBJECT_SELECT_MODE_NONE);
   elm_genlist_homogeneous_set(m_pList, EINA_TRUE);
   elm_genlist_mode_set(m_pList, ELM_LIST_COMPRESS);
   elm_scroller_content_min_limit(m_pList, EINA_FALSE, EINA_TRUE);

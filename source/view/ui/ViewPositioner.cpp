@@ -35,6 +35,8 @@ constexpr int kMostDigits = 3;
 constexpr const char* kLetters[] = {"E", "W"};
 constexpr const char* kDirections[] = {"SID_EAST", "SID_WEST"};
 
+std::string Span() { return Filled("TV_SID_MIX_A_TO_B", "0", std::to_string(kLast[0])); }
+
 /// Reads a number and goes on behind it; what is too large is the largest.
 bool TakeNumber(const char*& at, int& number) {
   char* end = nullptr;
@@ -120,7 +122,7 @@ bool CViewPositioner::t_DrawSpinner(Evas_Object* box, int index) {
   const auto left = [this, index] { m_spinners[index].LightArrows(false); };
   if (!spinner.Create(box, {pressed, clicked, focused, left})) return false;
   spinner.LightArrows(false);
-  spinner.SetName(DisplayName(t_MenuID));
+  if (index != kDirection) spinner.SetName(Span());
   spinner.Show();
   Evas_Object* table = Utils::WidgetMinSet(spinner.GetObject(), box, kSpinnerWidth, kHeight, 1);
   elm_box_pack_end(box, table);
@@ -320,7 +322,7 @@ void CViewPositioner::t_FirstEnter(std::string& text) {
 std::string CViewPositioner::m_SpokenText(int index, Speech kind) const {
   if (index == kDirection) return T(kDirections[m_values[kDirection]]);
   const std::string value = std::to_string(m_values[index]);
-  return kind == kMove ? Filled("TV_SID_MIX_A_TO_B", "0", std::to_string(kLast[kDegrees])) + ", " + value : value;
+  return kind == kMove ? Span() + ", " + value : value;
 }
 
 void CViewPositioner::m_PlayTTS(Speech kind) { Speak(m_SpokenText(m_nSubFocus, kind)); }

@@ -176,10 +176,12 @@ void CViewSatelliteSelectionWindow::m_Save() {
   const std::vector<int> ids = m_SelectedIDs();
   if (ids.empty()) {
     LOG_DEBUG("You need to select atleast one satellite");
+    Speak(T(kHint));
     return;
   }
   const bool stored = settings->SetSelectedSatellites(ids) == 1;
   LOG_DEBUG("%s", stored ? "Selected satellites are set successfully" : "Selected satellites set failed!");
+  if (stored) SayNow(T("COM_SID_SAVED"));
   CloseView();
 }
 

@@ -10,6 +10,7 @@
 #include "KeyManager.h"
 #include "Log.h"
 #include "RootWindow.h"
+#include "Spoken.h"
 #include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Translation.h"
@@ -33,6 +34,8 @@ constexpr std::string_view kBandwidth = "signal-information-bandwidth";
 constexpr std::string_view kAntenna = "antenna";
 constexpr std::string_view kMeasures[] = {"signal-information-strength", "signal-information-quality",
                                           "signal-information-biterrlevel"};
+/// One at least lets what was said with the key be heard.
+constexpr int kRoundsToTell = 2;
 constexpr const char* kUnknown = "----";
 /// Parts of a channel list that the channel keys leave for the whole of it.
 constexpr int kWholeListModes[] = {1, 2, 4, 6, 7, 8, 10, 16};
@@ -129,7 +132,9 @@ void CViewSignalInfoWindow::t_Resume() {
   if (std::exchange(m_bRowHadFocus, false)) elm_object_focus_set(m_pActionList, EINA_TRUE);
   // What was set beside the row is seen at once, not with the next round of the timer.
   t_ChannelChangeRefresh();
-  m_SpeakRows(vSIActionData);
+  m_roundsToTell = kRoundsToTell;
+  m_said.clear();
+  m_SpeakNews(vSIActionData);
 }
 
 void CViewSignalInfoWindow::t_Hide() {
@@ -227,6 +232,16 @@ void CViewSignalInfoWindow::m_UpdateChannelInformation() {
   } else {
     m_RefreshMeasures(strength, quality, ber);
   }
+  m_TellTuned();
+}
+
+void CViewSignalInfoWindow::m_TellTuned() {
+  if (m_roundsToTell > 1) {
+    --m_roundsToTell;
+  } else if (m_roundsToTell == 1 && !m_isFullReloadNeeded) {
+    m_roundsToTell = 0;
+    m_SpeakNews(vSIContentData);
+  }
 }
 
 void CViewSignalInfoWindow::m_RefreshMeasures(int strength, int quality, int ber) {
@@ -263,17 +278,22 @@ bool CViewSignalInfoWindow::t_HandleMenuSpecialKeyCB(void*, int, void* event) {
   if (ChannelUtil::TuneChannel(false, direction, ModeOfChannelKeys(), true)) {
     LOG_DEBUG(" TunePrevChannel Successful ");
     t_ChannelChangeRefresh();
-    m_SpeakRows(vSIContentData);
+    m_roundsToTell = kRoundsToTell;
+    m_said.clear();
+    m_SpeakNews(vSIContentData);
   }
   return true;
 }
 
 // --- voice guide ---------------------------------------------------------------------------------
 
-void CViewSignalInfoWindow::m_SpeakRows(const std::vector<SignalInfoData>& rows) {
+void CViewSignalInfoWindow::m_SpeakNews(const std::vector<SignalInfoData>& rows) {
   std::string text;
-  for (const SignalInfoData& row : rows) text += row.strTitle + " " + row.strValue + ", ";
-  Speak(text);
+  for (const SignalInfoData& row : rows) {
+    const std::string words = row.strTitle + " " + row.strValue;
+    if (row.strValue != kUnknown && m_said.insert(words).second) text = spoken::Joined({text, words});
+  }
+  if (!text.empty()) Speak(text);
 }
 
 void CViewSignalInfoWindow::t_FirstEnter(std::string& text) {

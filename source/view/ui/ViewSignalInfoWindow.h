@@ -1,6 +1,7 @@
 // Facts of the signal on screen: live measures, what is tuned, and on some sets the tuner's own frequency.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -56,7 +57,9 @@ class CViewSignalInfoWindow : public CViewInformationWindow {
   void m_RefreshMeasures(int strength, int quality, int ber);
   bool m_HasSignalImage() const;
   void m_UpdateChannelInformation();
-  static void m_SpeakRows(const std::vector<SignalInfoData>& rows);
+  void m_TellTuned();
+  /// The rows that are known now and were not said since the tuning began.
+  void m_SpeakNews(const std::vector<SignalInfoData>& rows);
   std::string m_GetReadContent() const;
   std::string m_SetTuneGetReadContent() const;
 
@@ -75,6 +78,9 @@ class CViewSignalInfoWindow : public CViewInformationWindow {
   Timer m_refreshTimer;
   /// To be given back when what lies over the list has gone.
   bool m_bRowHadFocus = false;
+  /// Rounds of the timer until the result of a tuning may be said; 0 when there is none to say.
+  int m_roundsToTell = 0;
+  std::set<std::string> m_said;
   int m_nSignalInfoType = CTvsUtil::SIGNAL_INFO_DVB_BASIC;
   /// Rows of the lists point into these.
   std::vector<SignalInfoData> vSIActionData;
