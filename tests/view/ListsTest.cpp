@@ -44,7 +44,8 @@ TEST(BottomPopup, IsSteeredWithTheVoiceGuideOn) {
   Tv tv;
   tv.TurnVoiceOn();
   test::Run({kDelay}, [&](Remote& remote) {
-    remote.ExpectSaid("", "HDMI delay level, 4 items. Use the arrow keys to move.");
+    remote.ExpectSaid("", "Off, Selected, 1 of 4");
+    EXPECT_TRUE(remote.Heard("HDMI delay level, 4 items. Use the arrow keys to move."));
     remote.ExpectSaid("Down", "1, 2 of 4");
     remote.ExpectSaid("5 Down Left Down", "3, 4 of 4");
     remote.ExpectSaid("Up Up Up", "Off, Selected, 1 of 4");

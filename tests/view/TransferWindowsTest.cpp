@@ -51,10 +51,13 @@ struct Plugged {
 
 class TransferWindows : public testing::Test {
  protected:
-  /// The thread that copies waits after so many chunks, of which there are 300.
+  /// The thread that copies waits after so many chunks, of which there are 300, until it is waited for.
   TransferWindows() {
     test::OnSleep([this, loop = std::this_thread::get_id()] {
-      if (std::this_thread::get_id() == loop) return;
+      if (std::this_thread::get_id() == loop) {
+        m_allowed = kWhole;
+        return;
+      }
       for (++m_passed; m_passed > m_allowed;) test::Pause();
     });
   }
@@ -352,7 +355,6 @@ TEST_F(TransferWindows, AStickPulledAtEachTenthOfTheCopyCostsNothing) {
         desktop::UnplugStick("A");
         desktop::PlugStick("A");
         desktop::UnplugStick("A");
-        m_allowed = kWhole;
         remote.Settle();
         EXPECT_EQ(Said(remote), kNoStick);
         EXPECT_EQ(remote.Stack(), Texts{menuID});
