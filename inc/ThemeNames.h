@@ -59,6 +59,9 @@ inline constexpr const char* kItemContentUndimmed = "theme,state,undimmed";
 inline constexpr const char* kItemIconTwoTexts = "theme,singleline,icon,2text";
 inline constexpr const char* kItemIconText = "theme,singleline,icon,text";
 inline constexpr const char* kRowBox = "elm.swallow.icon";
+/// The line below a row, which no plate has beside it.
+inline constexpr const char* kShowLine = "theme,line,show";
+inline constexpr const char* kHideLine = "theme,line,hide";
 inline constexpr const char* kRowChosen = "theme,state,chosen";
 inline constexpr const char* kShowTopShadow = "theme,show,dropdown,top,shadow";
 inline constexpr const char* kHideTopShadow = "theme,hide,dropdown,top,shadow";
