@@ -24,8 +24,18 @@ inline constexpr const char* kUndim = "theme,undim";
 inline constexpr const char* kFramedContent = "theme,content,framed";
 /// The content has a heading of its own, and a control below it.
 inline constexpr const char* kHeadedContent = "theme,content,headed";
+/// The content is a list of so many rows, which its source says.
+inline constexpr const char* kContentRows = "theme,content,rows";
 inline constexpr const char* kHideBackground = "elm,popup,content,bg,hide";
 inline constexpr const char* kSource = "elm";
+
+// Sizes of letters.
+/// Classes of texts: hints, what rows say, what buttons say; and the data of the theme that names their faces.
+inline constexpr const char* kHintLetters = "hint";
+inline constexpr const char* kLetters = "words";
+inline constexpr const char* kStrongLetters = "strong";
+inline constexpr const char* kFace = "face.text";
+inline constexpr const char* kStrongFace = "face.strong";
 
 // Widgets.
 inline constexpr const char* kButton = "C_ButtonBasic_WhiteText";
@@ -36,6 +46,9 @@ inline constexpr const char* kProgressPart = "elm.swallow.progressbar";
 inline constexpr const char* kNoticeLabel = "popup/P_PopupSmallBottom_01";
 inline constexpr const char* kLabelText = "elm.text";
 inline constexpr const char* kDim = "dimRect";
+/// How many lines a message has, and how wide they are; their source is the number.
+inline constexpr const char* kLines = "theme,lines";
+inline constexpr const char* kLineWidth = "theme,lines,width";
 
 // Lists.
 inline constexpr const char* kRow = "C_TextItem_WhiteSingleline01";
@@ -59,6 +72,9 @@ inline constexpr const char* kItemContentUndimmed = "theme,state,undimmed";
 inline constexpr const char* kItemIconTwoTexts = "theme,singleline,icon,2text";
 inline constexpr const char* kItemIconText = "theme,singleline,icon,text";
 inline constexpr const char* kRowBox = "elm.swallow.icon";
+/// Marks beside the value: it can be changed.
+inline constexpr const char* kRowEditable = "theme,state,editable";
+inline constexpr const char* kRowEditableReversed = "theme,state,editable,reversed";
 /// The line below a row, which no plate has beside it.
 inline constexpr const char* kShowLine = "theme,line,show";
 inline constexpr const char* kHideLine = "theme,line,hide";
@@ -123,6 +139,10 @@ inline constexpr const char* kMeasureAbbreviated = "styleSignalInfo.2TextAbbr.1p
 inline constexpr const char* kMeasureBar = "elm.swallow.progressbar";
 inline constexpr const char* kMeasureBarStyle = kProgressWhite;
 inline constexpr const char* kMeasureBarEmpty = "theme,bar,empty";
+/// A word beside the bar, on its other side in a right-to-left layout.
+inline constexpr const char* kMeasureBarWord = "elm.text.word";
+inline constexpr const char* kMeasureBarWorded = "theme,bar,worded";
+inline constexpr const char* kMeasureBarWordedReversed = "theme,bar,worded,reversed";
 inline constexpr const char* kMeasureBarPlain = "theme,bar,plain";
 inline constexpr const char* kHistory = "weakhistory_content";
 inline constexpr const char* kHistoryEmpty = "elm.text.empty";
@@ -170,6 +190,7 @@ inline constexpr const char* kDimensionList = "scroller-part";
 inline constexpr const char* kRatingGrid = "tv_rating_style";
 inline constexpr const char* kRatingCheck = "menu_tvrating_checkbox";
 /// Followed by 1 to 12: column heads, then row heads.
+inline constexpr const char* kRatingColumnName = "column.name";
 inline constexpr const char* kRatingText = "text";
 /// Followed by 0 to 17.
 inline constexpr const char* kRatingBox = "check";

@@ -37,6 +37,10 @@ void MarkChosen(Elm_Object_Item* row) {
   spoken::SetRowState(row, T("COM_SID_SELECTED"));
 }
 
+void MarkEditable(Elm_Object_Item* row) {
+  elm_object_item_signal_emit(row, elm_config_mirrored_get() ? theme::kRowEditableReversed : theme::kRowEditable, "");
+}
+
 Elm_Genlist_Item_Class* NewRowClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,
                                     Elm_Gen_Item_Content_Get_Cb content) {
   Elm_Genlist_Item_Class* rowClass = elm_genlist_item_class_new();

@@ -14,6 +14,9 @@ Evas_Object* AddList(Evas_Object* parent);
 /// Marks a row that is on screen as the choice that is stored, for the eye and the ear.
 void MarkChosen(Elm_Object_Item* row);
 
+/// Marks a row that is on screen as one whose value can be changed.
+void MarkEditable(Elm_Object_Item* row);
+
 /// A class of rows, to be freed with `elm_genlist_item_class_free`; null when it cannot be made. `style` and the
 /// functions are those of the toolkit's item class.
 Elm_Genlist_Item_Class* NewRowClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,
