@@ -20,6 +20,8 @@ inline constexpr const char* kSpinnersPopup = "controlpopup";
 inline constexpr const char* kSpinnersPopupContrast = "controlpopup_hc";
 inline constexpr const char* kDim50 = "theme,dimmed,percent,50";
 inline constexpr const char* kUndim = "theme,undim";
+/// It lies above a window.
+inline constexpr const char* kAbove = "theme,above";
 /// The content is a list in a frame: its margins count for nothing.
 inline constexpr const char* kFramedContent = "theme,content,framed";
 /// The content has a heading of its own, and a control below it.
@@ -79,6 +81,7 @@ inline constexpr const char* kRowEditableReversed = "theme,state,editable,revers
 inline constexpr const char* kShowLine = "theme,line,show";
 inline constexpr const char* kHideLine = "theme,line,hide";
 inline constexpr const char* kRowChosen = "theme,state,chosen";
+inline constexpr const char* kRowNotChosen = "theme,state,not,chosen";
 inline constexpr const char* kShowTopShadow = "theme,show,dropdown,top,shadow";
 inline constexpr const char* kHideTopShadow = "theme,hide,dropdown,top,shadow";
 inline constexpr const char* kShowBottomShadow = "theme,show,dropdown,bottom,shadow";
@@ -107,6 +110,10 @@ inline constexpr const char* kResting = "unselected";
 inline constexpr const char* kRating = "rating";
 inline constexpr const char* kMouseDown = "mouse,down,1";
 inline constexpr const char* kEvents = "events";
+
+/// Of a value that would be cut in letters of the usual size, and of another.
+inline constexpr const char* kLongValue = "theme,value,long";
+inline constexpr const char* kShortValue = "theme,value,short";
 
 // Bottom context popup.
 inline constexpr const char* kBottomList = "picturemodepopup_2017";

@@ -72,7 +72,9 @@ void RowMade(void*, Evas_Object* genlist, void* row) {
   Elm_Object_Item* focused = elm_object_focused_item_get(genlist);
   if (!focused && RowToFocus(genlist) == row) FocusRowLater(genlist);
   const bool above = focused && elm_genlist_item_prev_get(focused) == row;
-  if (focused && (focused == row || above)) LookFocused(focused, elm_object_focus_get(genlist));
+  if (focused && (focused == row || above)) return LookFocused(focused, elm_object_focus_get(genlist));
+  // What it looks like may be that of a row that went.
+  elm_object_item_signal_emit(static_cast<Elm_Object_Item*>(row), theme::kShowLine, "");
 }
 
 void RowFocused(void*, Evas_Object* genlist, void* row) {

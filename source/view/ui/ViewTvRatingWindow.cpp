@@ -230,7 +230,7 @@ bool CViewTvRatingWindow::m_CreateRatingCheck() {
     t_Connections.Smart(check, "changed", [this, index](Evas_Object*, void*) { m_CheckboxStateChanged(index); });
     t_Connections.Smart(check, "focused", [this, index](Evas_Object*, void*) { m_ShowColumnName(index); });
     t_Connections.Smart(check, "unfocused", [this](Evas_Object*, void*) { m_ShowColumnName(0); });
-    spoken::SetName(check, spoken::Joined({BoxName(index), ColumnName(index)}));
+    spoken::SetName(check, BoxName(index));
   }
   return true;
 }
