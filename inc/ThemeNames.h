@@ -20,12 +20,24 @@ inline constexpr const char* kSpinnersPopup = "controlpopup";
 inline constexpr const char* kSpinnersPopupContrast = "controlpopup_hc";
 inline constexpr const char* kDim50 = "theme,dimmed,percent,50";
 inline constexpr const char* kUndim = "theme,undim";
+/// It lies above a window.
+inline constexpr const char* kAbove = "theme,above";
 /// The content is a list in a frame: its margins count for nothing.
 inline constexpr const char* kFramedContent = "theme,content,framed";
 /// The content has a heading of its own, and a control below it.
 inline constexpr const char* kHeadedContent = "theme,content,headed";
+/// The content is a list of so many rows, which its source says.
+inline constexpr const char* kContentRows = "theme,content,rows";
 inline constexpr const char* kHideBackground = "elm,popup,content,bg,hide";
 inline constexpr const char* kSource = "elm";
+
+// Sizes of letters.
+/// Classes of texts: hints, what rows say, what buttons say; and the data of the theme that names their faces.
+inline constexpr const char* kHintLetters = "hint";
+inline constexpr const char* kLetters = "words";
+inline constexpr const char* kStrongLetters = "strong";
+inline constexpr const char* kFace = "face.text";
+inline constexpr const char* kStrongFace = "face.strong";
 
 // Widgets.
 inline constexpr const char* kButton = "C_ButtonBasic_WhiteText";
@@ -36,6 +48,9 @@ inline constexpr const char* kProgressPart = "elm.swallow.progressbar";
 inline constexpr const char* kNoticeLabel = "popup/P_PopupSmallBottom_01";
 inline constexpr const char* kLabelText = "elm.text";
 inline constexpr const char* kDim = "dimRect";
+/// How many lines a message has, and how wide they are; their source is the number.
+inline constexpr const char* kLines = "theme,lines";
+inline constexpr const char* kLineWidth = "theme,lines,width";
 
 // Lists.
 inline constexpr const char* kRow = "C_TextItem_WhiteSingleline01";
@@ -59,7 +74,14 @@ inline constexpr const char* kItemContentUndimmed = "theme,state,undimmed";
 inline constexpr const char* kItemIconTwoTexts = "theme,singleline,icon,2text";
 inline constexpr const char* kItemIconText = "theme,singleline,icon,text";
 inline constexpr const char* kRowBox = "elm.swallow.icon";
+/// Marks beside the value: it can be changed.
+inline constexpr const char* kRowEditable = "theme,state,editable";
+inline constexpr const char* kRowEditableReversed = "theme,state,editable,reversed";
+/// The line below a row, which no plate has beside it.
+inline constexpr const char* kShowLine = "theme,line,show";
+inline constexpr const char* kHideLine = "theme,line,hide";
 inline constexpr const char* kRowChosen = "theme,state,chosen";
+inline constexpr const char* kRowNotChosen = "theme,state,not,chosen";
 inline constexpr const char* kShowTopShadow = "theme,show,dropdown,top,shadow";
 inline constexpr const char* kHideTopShadow = "theme,hide,dropdown,top,shadow";
 inline constexpr const char* kShowBottomShadow = "theme,show,dropdown,bottom,shadow";
@@ -88,6 +110,10 @@ inline constexpr const char* kResting = "unselected";
 inline constexpr const char* kRating = "rating";
 inline constexpr const char* kMouseDown = "mouse,down,1";
 inline constexpr const char* kEvents = "events";
+
+/// Of a value that would be cut in letters of the usual size, and of another.
+inline constexpr const char* kLongValue = "theme,value,long";
+inline constexpr const char* kShortValue = "theme,value,short";
 
 // Bottom context popup.
 inline constexpr const char* kBottomList = "picturemodepopup_2017";
@@ -120,6 +146,10 @@ inline constexpr const char* kMeasureAbbreviated = "styleSignalInfo.2TextAbbr.1p
 inline constexpr const char* kMeasureBar = "elm.swallow.progressbar";
 inline constexpr const char* kMeasureBarStyle = kProgressWhite;
 inline constexpr const char* kMeasureBarEmpty = "theme,bar,empty";
+/// A word beside the bar, on its other side in a right-to-left layout.
+inline constexpr const char* kMeasureBarWord = "elm.text.word";
+inline constexpr const char* kMeasureBarWorded = "theme,bar,worded";
+inline constexpr const char* kMeasureBarWordedReversed = "theme,bar,worded,reversed";
 inline constexpr const char* kMeasureBarPlain = "theme,bar,plain";
 inline constexpr const char* kHistory = "weakhistory_content";
 inline constexpr const char* kHistoryEmpty = "elm.text.empty";
@@ -167,6 +197,7 @@ inline constexpr const char* kDimensionList = "scroller-part";
 inline constexpr const char* kRatingGrid = "tv_rating_style";
 inline constexpr const char* kRatingCheck = "menu_tvrating_checkbox";
 /// Followed by 1 to 12: column heads, then row heads.
+inline constexpr const char* kRatingColumnName = "column.name";
 inline constexpr const char* kRatingText = "text";
 /// Followed by 0 to 17.
 inline constexpr const char* kRatingBox = "check";

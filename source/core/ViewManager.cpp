@@ -2,6 +2,7 @@
 
 #include <Edje.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
 
@@ -12,6 +13,7 @@
 #include "MenuControl.h"
 #include "ReturnToMenu.h"
 #include "RootWindow.h"
+#include "ThemeNames.h"
 #include "Utils.h"
 #include "ViewTable.h"
 #include "Window.h"
@@ -48,6 +50,16 @@ constexpr std::pair<const char*, const char*> kColorChips[] = {
     {"CC_BG200", "CC_BG200"},
     {"CC_Basic170", "CC_Basic170"},
 };
+
+/// Letters are no smaller on screen, whatever the size of the interface; those of the theme are at least as high as these.
+constexpr double kLeastLetters = 22.0;
+struct Letters {
+  const char *textClass, *face;
+  int size;
+};
+constexpr Letters kLetters[] = {{theme::kHintLetters, theme::kFace, 28},
+                                {theme::kLetters, theme::kFace, 34},
+                                {theme::kStrongLetters, theme::kStrongFace, 32}};
 
 /// What the user's size of the interface means on a screen.
 float ScaleOfSize(const char* size, bool hd) {
@@ -161,7 +173,18 @@ void CViewManager::m_PrepareColorClass() {
   for (const auto& [colorClass, chip] : kColorChips) Utils::setColorChips(colorClass, chip);
 }
 
-void CViewManager::m_SetSize() { elm_object_scale_set(CRootWindow::GetWindow(), m_GetUIScale()); }
+void CViewManager::m_SetSize() {
+  const float scale = m_GetUIScale();
+  elm_object_scale_set(CRootWindow::GetWindow(), scale);
+  for (const auto& [textClass, faceName, size] : kLetters) {
+    edje_text_class_del(textClass);
+    const int percent = static_cast<int>(std::ceil(kLeastLetters * 100 / (size * scale)));
+    if (percent <= 100) continue;
+    char* face = edje_file_data_get(Utils::GetEDJFile().c_str(), faceName);
+    if (face) edje_text_class_set(textClass, face, -percent);
+    free(face);
+  }
+}
 
 float CViewManager::m_GetUIScale() {
   int zoom = 0;

@@ -32,9 +32,13 @@ Evas_Object* AddList(Evas_Object* parent) {
   return list;
 }
 
-void MarkChosen(Elm_Object_Item* row) {
-  elm_object_item_signal_emit(row, theme::kRowChosen, "");
-  spoken::SetRowState(row, T("COM_SID_SELECTED"));
+void MarkChosen(Elm_Object_Item* row, bool chosen) {
+  elm_object_item_signal_emit(row, chosen ? theme::kRowChosen : theme::kRowNotChosen, "");
+  spoken::SetRowState(row, chosen ? T("COM_SID_SELECTED") : "");
+}
+
+void MarkEditable(Elm_Object_Item* row) {
+  elm_object_item_signal_emit(row, elm_config_mirrored_get() ? theme::kRowEditableReversed : theme::kRowEditable, "");
 }
 
 Elm_Genlist_Item_Class* NewRowClass(const char* style, Elm_Gen_Item_Text_Get_Cb text,

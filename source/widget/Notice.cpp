@@ -17,6 +17,7 @@ bool Notice::Show(const char* style, const NoticeWords& words, Closed closed) {
     return false;
   }
   Utils::DisableBgRect(m_popup);
+  elm_object_signal_emit(m_popup, theme::kAbove, "");
   if (!words.text.empty()) m_text = AddNoticeText(m_popup, words.text);
   if (!words.title.empty()) elm_object_part_text_set(m_popup, theme::kTitle, words.title.c_str());
   if (!m_AddButton(words.button)) {

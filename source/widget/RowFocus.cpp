@@ -43,10 +43,14 @@ void FocusRowLater(Evas_Object* genlist) {
 
 void CanvasFocused(void* data, Evas*, void*) { FocusRowLater(static_cast<Evas_Object*>(data)); }
 
-/// A box in a row stands on the row's ground.
-void LookFocused(const Elm_Object_Item* row, bool focused) {
+/// A box in a row stands on the row's ground, and no line lies above or below that.
+void LookFocused(Elm_Object_Item* row, bool focused) {
+  if (!row) return;
   const char* signal = focused ? theme::kActionFocus : theme::kActionUnfocus;
   if (Evas_Object* box = BoxOf(row)) elm_object_signal_emit(box, signal, theme::kSource);
+  for (Elm_Object_Item* lined : {row, elm_genlist_item_prev_get(row)}) {
+    if (lined) elm_object_item_signal_emit(lined, focused ? theme::kHideLine : theme::kShowLine, "");
+  }
 }
 
 void ListFocused(void*, Evas_Object* genlist, void*) {
@@ -65,9 +69,12 @@ void ListUnfocused(void*, Evas_Object* genlist, void*) {
 
 /// A list without rows on screen can hand the focus to none: it does when they are made.
 void RowMade(void*, Evas_Object* genlist, void* row) {
-  const Elm_Object_Item* focused = elm_object_focused_item_get(genlist);
+  Elm_Object_Item* focused = elm_object_focused_item_get(genlist);
   if (!focused && RowToFocus(genlist) == row) FocusRowLater(genlist);
-  if (focused == row) LookFocused(focused, elm_object_focus_get(genlist));
+  const bool above = focused && elm_genlist_item_prev_get(focused) == row;
+  if (focused && (focused == row || above)) return LookFocused(focused, elm_object_focus_get(genlist));
+  // What it looks like may be that of a row that went.
+  elm_object_item_signal_emit(static_cast<Elm_Object_Item*>(row), theme::kShowLine, "");
 }
 
 void RowFocused(void*, Evas_Object* genlist, void* row) {

@@ -231,7 +231,7 @@ void WidgetGenList::t_SetItemStatus(Elm_Object_Item* item, bool focused, bool) {
   Utils::ApplyRealizedListItemHighlight(item, node->GetStatus());
   if (focused) Utils::ApplyItemHighlight(item, ITEM_STATUS_FOCUSED);
   if (!node->GetContent(ElementaryNode::kContent).empty()) ShowRowBox(item);
-  if (m_IsStoredChoice(item)) MarkChosen(item);
+  if (m_pData->GetType() == DataList::LIST_CHOICES) MarkChosen(item, m_IsStoredChoice(item));
 }
 
 bool WidgetGenList::m_IsStoredChoice(const Elm_Object_Item* item) const {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "Lines.h"
 #include "Log.h"
 #include "ThemeNames.h"
 #include "Utils.h"
@@ -33,7 +34,7 @@ void WidgetTextBlock::Create(Evas_Object* parent, const char* text, int lineWrap
   elm_object_style_set(m_label, theme::kNoticeLabel);
   elm_label_line_wrap_set(m_label, static_cast<Elm_Wrap_Type>(lineWrap));
   elm_label_wrap_width_set(m_label, Utils::Scaled(parent, width));
-  elm_layout_text_set(m_label, theme::kLabelText, Sized(WithBreaks(text), line).c_str());
+  SetLines(m_label, theme::kLabelText, Sized(WithBreaks(text), line), width);
 }
 
 void WidgetTextBlock::SetContent(Evas_Object* parent, const char* part) {

@@ -204,8 +204,58 @@ void LookAtTexts(const Canvas& canvas, bool highContrast) {
   }
 }
 
-TEST(Looks, NothingIsCutCoveredOrHardToRead) {
-  int pictures = 0;
+// --- what looks focused ---------------------------------------------------------------------------
+
+/// Pixels that hang together.
+struct Area {
+  int left, top, right, bottom, pixels;
+
+  int Width() const { return right - left + 1; }
+  int Height() const { return bottom - top + 1; }
+};
+
+Area Gather(const Canvas& canvas, std::vector<bool>& seen, int start, unsigned int colour) {
+  Area area{canvas.w, canvas.h, 0, 0, 0};
+  std::vector<int> open = {start};
+  seen[start] = true;
+  while (!open.empty()) {
+    const int at = open.back(), x = at % canvas.w, y = at / canvas.w;
+    open.pop_back();
+    area = {std::min(area.left, x), std::min(area.top, y), std::max(area.right, x), std::max(area.bottom, y),
+            area.pixels + 1};
+    for (const auto& [nextX, nextY] : {std::pair{x - 1, y}, {x + 1, y}, {x, y - 1}, {x, y + 1}}) {
+      if (nextX < 0 || nextY < 0 || nextX >= canvas.w || nextY >= canvas.h) continue;
+      const int next = nextY * canvas.w + nextX;
+      if (seen[next] || canvas.At(nextX, nextY) != colour) continue;
+      seen[next] = true;
+      open.push_back(next);
+    }
+  }
+  return area;
+}
+
+/// Plates in the colour of the focus: areas too high and too full for letters, bars and knobs.
+int Plates(const Canvas& canvas, bool highContrast, double scale) {
+  const unsigned int colour = highContrast ? 0xFFE100 : 0xF3F6FB;
+  const int least = static_cast<int>(50 * scale);
+  std::vector<bool> seen(static_cast<size_t>(canvas.w) * canvas.h);
+  int plates = 0;
+  for (int at = 0; at < canvas.w * canvas.h; ++at) {
+    if (seen[at] || canvas.At(at % canvas.w, at / canvas.w) != colour) continue;
+    const Area area = Gather(canvas, seen, at, colour);
+    plates += area.Width() >= least && area.Height() >= least && area.pixels * 5 >= area.Width() * area.Height() * 2;
+  }
+  return plates;
+}
+
+/// A bar that fills by itself has the focus, so that keys come to it, and is nothing to press.
+bool HasPlate() {
+  const Evas_Object* focus = elm_object_focused_object_get(desktop::Window());
+  return test::HasFocus() && std::strcmp(elm_object_widget_type_get(focus), "Efl.Ui.Progressbar_Legacy") != 0;
+}
+
+TEST(Looks, NothingIsCutCoveredOrHardToReadAndOneThingLooksFocused) {
+  int pictures = 0, focused = 0;
   for (const Room& room : kRooms) {
     Tv tv(room.profile);
     tv.SetLanguage(room.language);
@@ -221,20 +271,26 @@ TEST(Looks, NothingIsCutCoveredOrHardToRead) {
           if (remote.HasExited() || remote.Stack().empty()) return;
           SCOPED_TRACE(std::string(entry.menuID) + " " + room.profile + " " + room.language + " " + room.size + " " +
                        room.contrast + room.zoom + ": " + keys);
-          LookAtTexts(Draw(), *room.contrast == '1');
+          const Canvas canvas = Draw();
+          LookAtTexts(canvas, *room.contrast == '1');
+          const double scale = elm_object_scale_get(desktop::Window());
+          EXPECT_EQ(Plates(canvas, *room.contrast == '1', scale), HasPlate()) << "look focused";
+          focused += HasPlate();
           ++pictures;
         };
         look();
         for (const char* key : kKeys) {
           if (remote.HasExited()) return;
           remote.Press(key);
+          // A button that was pressed looks so for a moment.
+          remote.Wait(0.2);
           keys += std::string(" ") + key;
           look();
         }
       });
     }
   }
-  std::cout << "looks: " << pictures << " pictures" << std::endl;
+  std::cout << "looks: " << pictures << " pictures, something has the focus in " << focused << std::endl;
 }
 
 }  // namespace

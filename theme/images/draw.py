@@ -76,7 +76,7 @@ def draw_tick():
 
 
 def draw_arrow():
-    """An arrow head that points up."""
+    """An arrow head that points up, and turned."""
     points = [(12, 30), (24, 18), (36, 30)]
     width = 5.5
 
@@ -86,6 +86,8 @@ def draw_arrow():
 
     write_png("arrow-up.png", 48, coverage)
     write_png("arrow-down.png", 48, lambda x, y: coverage(x, 48 - y))
+    write_png("arrow-left.png", 48, lambda x, y: coverage(y, x))
+    write_png("arrow-right.png", 48, lambda x, y: coverage(y, 48 - x))
 
 
 def draw_slash():

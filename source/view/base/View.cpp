@@ -4,6 +4,7 @@
 #include "Log.h"
 #include "PageKeys.h"
 #include "RootWindow.h"
+#include "ThemeNames.h"
 #include "Utils.h"
 #include "VoiceGuide.h"
 
@@ -41,10 +42,14 @@ void CView::OnPause() {
   const Evas_Object* window = t_pMainBase ? elm_object_top_widget_get(t_pMainBase) : nullptr;
   Evas_Object* focus = window ? elm_object_focused_object_get(window) : nullptr;
   if (focus && focus != window && focus != CRootWindow::GetGround()) m_RememberFocus(focus);
+  if (t_pMainBase) elm_object_signal_emit(t_pMainBase, theme::kDim50, "");
   t_Pause();
 }
 
-void CView::OnResume() { t_Resume(); }
+void CView::OnResume() {
+  if (t_pMainBase) elm_object_signal_emit(t_pMainBase, theme::kUndim, "");
+  t_Resume();
+}
 
 void CView::m_RememberFocus(Evas_Object* focus) {
   const auto forget = [](void* view, Evas*, Evas_Object*, void*) { static_cast<CView*>(view)->m_focus = nullptr; };

@@ -88,6 +88,7 @@ void CViewListActionWindow::m_FillList() {
     LOG_DEBUG("Add [%s]", node.strName.c_str());
     elm_genlist_item_append(t_pGenlist, t_pItemClass, &node, nullptr, ELM_GENLIST_ITEM_NONE, m_ItemSelectedCB, this);
   }
+  elm_object_signal_emit(t_pMainBase, theme::kContentRows, std::to_string(m_nodes.size()).c_str());
 }
 
 char* CViewListActionWindow::m_ItemGetText(void* data, Evas_Object*, const char* part) {
@@ -97,6 +98,11 @@ char* CViewListActionWindow::m_ItemGetText(void* data, Evas_Object*, const char*
   if (name == theme::kRowValueText) return elm_entry_utf8_to_markup(Showable(node->strValue.c_str()));
   LOG_ERROR("Null Part[%s]", part);
   return nullptr;
+}
+
+void CViewListActionWindow::t_ProcessItemRealized(Elm_Object_Item* item) {
+  CViewListWindowBase::t_ProcessItemRealized(item);
+  MarkEditable(item);
 }
 
 void CViewListActionWindow::t_ProcessItemSelected(void*, Evas_Object*, void* item) {

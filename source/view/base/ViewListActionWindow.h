@@ -20,6 +20,7 @@ class CViewListActionWindow : public CViewListWindowBase {
   std::string t_GetBaseStyle() override;
   std::string t_GetWindowTitleText() override;
   bool t_AddGenListItems() override;
+  void t_ProcessItemRealized(Elm_Object_Item* item) override;
   void t_ProcessItemSelected(void* data, Evas_Object* list, void* item) override;
 
  private:

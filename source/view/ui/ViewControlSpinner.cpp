@@ -20,6 +20,8 @@ namespace {
 constexpr int kWidth = 220, kWideWidth = 380, kHeight = 124;
 constexpr int kAbove = 24;
 constexpr size_t kMostDigits = 8;
+/// In characters.
+constexpr size_t kShortValue = 10;
 constexpr int kFeedbackKey = 65;
 
 constexpr std::string_view kFrequency = "signal-information-frequence";
@@ -94,7 +96,7 @@ void CViewControlSpinner::m_ReadValue() {
   std::string name;
   SettingsAPI::Get()->GetItemValue(t_MenuID, name, m_original);
   LOG_DEBUG("chName = %s", name.c_str());
-  m_spinner.ShowText(m_original);
+  m_ShowText(m_original);
   // Steps count from what the tuner receives now.
   if (t_MenuID == kFrequency) ChannelUtil::CacheFrequency = ChannelUtil::GetFrequency(PROFILE_MAIN);
   if (t_MenuID == kBandwidth) ChannelUtil::CacheBandWidth = ChannelUtil::GetBandWidth(PROFILE_MAIN);
@@ -132,6 +134,11 @@ void CViewControlSpinner::t_Destroy() {
 
 // --- the text ------------------------------------------------------------------------------------
 
+void CViewControlSpinner::m_ShowText(const std::string& text) {
+  m_spinner.ShowText(text);
+  m_spinner.Emit(text.size() > kShortValue ? theme::kLongValue : theme::kShortValue, "");
+}
+
 void CViewControlSpinner::m_UpdateDispText() {
   std::string text = m_spinner.GetText();
   if (t_MenuID == kFrequency) {
@@ -143,7 +150,7 @@ void CViewControlSpinner::m_UpdateDispText() {
     std::string name;
     SettingsAPI::Get()->GetItemValue(t_MenuID, name, text);
   }
-  m_spinner.ShowText(text);
+  m_ShowText(text);
 }
 
 // --- keys and arrows -----------------------------------------------------------------------------
@@ -218,7 +225,7 @@ void CViewControlSpinner::m_TypeDigit(int digit) {
     if (number.size() >= kMostDigits) return;
   }
   for (const Unit& entry : kUnits) {
-    if (entry.menuID == t_MenuID) m_spinner.ShowText(number + std::to_string(digit) + " " + entry.unit);
+    if (entry.menuID == t_MenuID) m_ShowText(number + std::to_string(digit) + " " + entry.unit);
   }
   LOG_DEBUG("buff : %s", m_spinner.GetText().c_str());
   m_firstInput = false;
@@ -233,7 +240,7 @@ bool CViewControlSpinner::m_CheckItemMinMax() const {
 
 void CViewControlSpinner::m_StoreSetting() {
   if (!m_CheckItemMinMax()) {
-    m_spinner.ShowText(m_original);
+    m_ShowText(m_original);
     LOG_DEBUG("Set Original Value");
   }
   SettingsAPI::Get()->SetItemValue(t_MenuID, m_spinner.GetText(), false);

@@ -28,6 +28,7 @@ class CViewControlSpinner : public CView, public BesideRow {
   void m_PrepareSpinnerWidth();
   void m_ReadValue();
   bool m_CreateSpinner();
+  void m_ShowText(const std::string& text);
   void m_UpdateDispText();
   void m_HandleKey(const std::string& key);
   void m_Step(bool up);

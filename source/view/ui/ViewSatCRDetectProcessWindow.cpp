@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Lines.h"
 #include "Log.h"
 #include "ThemeNames.h"
 #include "Translation.h"
@@ -59,7 +60,7 @@ bool CViewSatCRDetectProcessWindow::t_CreateOtherPartIntoContentLayout(Evas_Obje
   }
   std::string part, text;
   t_SetTextBlockText(part, text);
-  elm_object_part_text_set(layout, part.c_str(), text.c_str());
+  SetLines(layout, part.c_str(), text, kWidth);
   return true;
 }
 

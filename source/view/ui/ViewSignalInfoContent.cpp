@@ -11,6 +11,7 @@
 #include "InformationContent.h"
 #include "Log.h"
 #include "RowFocus.h"
+#include "Spoken.h"
 #include "TextUtil.h"
 #include "ThemeNames.h"
 #include "Translation.h"
@@ -65,6 +66,12 @@ char* StrengthText(const std::string& value) {
   }
   CopyText(text, kTextSize, value + T(LevelWord(NumberAtStart(value.c_str()))));
   return text;
+}
+
+/// A short bar alone does not say that it is too short.
+std::string WordOf(const std::string& menuID, const std::string& value) {
+  const bool strong = menuID != kStrength && menuID != kQuality;
+  return strong || NumberAtStart(value.c_str()) > kLevels[0].most ? "" : T("TV_SID_WEAK_SIGNAL");
 }
 
 std::string StyleOf(const std::string& menuID) {
@@ -174,6 +181,8 @@ void CViewSignalInfoWindow::t_AddDVBSetTuneAction() {
                             &row);
   }
   KeepRowFocus(m_pActionList);
+  t_Connections.Smart(m_pActionList, "realized",
+                      [](Evas_Object*, void* row) { MarkEditable(static_cast<Elm_Object_Item*>(row)); });
   Evas_Object* table = Utils::WidgetMinSet(m_pActionList, m_pContentLayout, kInformationWidth, kActionHeight, 1);
   // The rows stand in the middle of their ground.
   const int gap = (kActionHeight - kActionRowHeight * static_cast<int>(vSIActionData.size())) / 2;
@@ -193,6 +202,7 @@ void CViewSignalInfoWindow::t_AddContentItems() {
     elm_genlist_item_append(m_pContentList, bar ? m_pBarClass : m_pTextClass, &row, nullptr, ELM_GENLIST_ITEM_NONE,
                             nullptr, nullptr);
   }
+  m_TellWords();
   const int height = kRowHeight * static_cast<int>(vSIContentData.size());
   Evas_Object* table = Utils::WidgetMinSet(m_pContentList, m_pContentLayout, kInformationWidth, height, 1);
   evas_object_show(m_pContentList);
@@ -200,9 +210,19 @@ void CViewSignalInfoWindow::t_AddContentItems() {
   elm_object_part_content_set(m_pContentLayout, theme::kInformationItems, table);
 }
 
+void CViewSignalInfoWindow::m_TellWords() {
+  auto* row = m_pContentList ? elm_genlist_first_item_get(m_pContentList) : nullptr;
+  for (; row; row = elm_genlist_item_next_get(row)) {
+    const auto* data = static_cast<const SignalInfoData*>(elm_object_item_data_get(row));
+    const bool bar = elm_genlist_item_item_class_get(row) == m_pBarClass;
+    if (bar) spoken::SetRowState(row, WordOf(data->strMenuID, data->strValue));
+  }
+}
+
 void CViewSignalInfoWindow::t_HandleAdditionalSignalInfoCases() {
   const char* text = ua_UI_orientation_get() != 0 ? theme::kRowValueTextReversed : theme::kRowValueText;
   UpdateRows(m_pContentList, text);
+  m_TellWords();
   if (m_nSignalInfoType == CTvsUtil::SIGNAL_INFO_DVB_SET_TUNE) {
     for (SignalInfoData& row : vSIActionData) m_ReadValue(row);
     // Action rows have one part for both directions of writing.
@@ -242,6 +262,11 @@ Evas_Object* CViewSignalInfoWindow::m_ItemGetContent(void* data, Evas_Object* li
   const double value = NumberAtStart(row->strValue.c_str()) / (errors ? kFullErrorBar : kFullBar);
   elm_progressbar_value_set(bar, value);
   if (value <= 0) elm_object_signal_emit(bar, theme::kMeasureBarEmpty, "");
+  if (const std::string word = WordOf(row->strMenuID, row->strValue); !word.empty()) {
+    elm_object_part_text_set(bar, theme::kMeasureBarWord, word.c_str());
+    const bool reversed = CommonUtil::IsRTL();
+    elm_object_signal_emit(bar, reversed ? theme::kMeasureBarWordedReversed : theme::kMeasureBarWorded, "");
+  }
   // A long one is no good news.
   if (errors) elm_object_signal_emit(bar, theme::kMeasureBarPlain, "");
   return bar;

@@ -63,6 +63,8 @@ class CViewSignalInfoWindow : public CViewInformationWindow {
   std::string m_GetReadContent() const;
   std::string m_SetTuneGetReadContent() const;
 
+  /// Of a weak signal, for the ear.
+  void m_TellWords();
   static char* m_ItemGetText(void* data, Evas_Object* list, const char* part);
   static char* m_ItemGetTextReverse(void* data, Evas_Object* list, const char* part);
   static Evas_Object* m_ItemGetContent(void* data, Evas_Object* list, const char* part);

@@ -70,7 +70,7 @@ bool CViewSublist::m_CreateList() {
   m_connections.Key(m_pGenlist,
                     [this](Evas_Object*, const Evas_Event_Key_Down& event) { m_KeyPressCB(event.keyname); });
   m_connections.Smart(m_pGenlist, "realized", [this](Evas_Object*, void* row) {
-    if (row == m_pStored) MarkChosen(m_pStored);
+    MarkChosen(static_cast<Elm_Object_Item*>(row), row == m_pStored);
   });
   Evas_Object* table =
       Utils::WidgetMinSet(m_pGenlist, t_pMainBase, kMinWidth, m_nControlPopupHeight - kMarginHeight, 1);
@@ -103,7 +103,7 @@ void CViewSublist::m_SelectCurrent() {
   for (Elm_Object_Item* item = elm_genlist_first_item_get(m_pGenlist); item; item = elm_genlist_item_next_get(item)) {
     if (static_cast<const Choice*>(elm_object_item_data_get(item))->value != value) continue;
     m_pStored = item;
-    MarkChosen(item);
+    MarkChosen(item, true);
     SetFocusRow(item);
     Utils::SetObjectItemFocus(item);
     m_bIgnoreSelect = true;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Lines.h"
 #include "Log.h"
 #include "ThemeNames.h"
 #include "TransferFlow.h"
@@ -68,7 +69,7 @@ void CViewTransferChannelListCopyWindow::t_FocusFirst() {
 bool CViewTransferChannelListCopyWindow::t_CreateOtherPartIntoContentLayout(Evas_Object* layout) {
   std::string part, text;
   m_utils.SetTextBlockText(part, text);
-  if (!part.empty()) elm_object_part_text_set(layout, part.c_str(), text.c_str());
+  if (!part.empty()) SetLines(layout, part.c_str(), text, kWidth);
   return true;
 }
 
@@ -131,7 +132,7 @@ void CViewTransferChannelListCopyWindow::m_ShowFailure(CopyEnd end) {
   const std::string failed = T("SID_COPYING_FAILED") + "<br>" + T("SID_PLEASE_CHECK_USB_RETRY");
   const bool full = end == CopyEnd::kNoSpace && t_MenuID == t_ExportID();
   const std::string text = full ? T("SID_UNABLE_EXPORT_CHANNEL_LIST_INSUFFICIENT_SPACE_MSG") : failed;
-  elm_object_part_text_set(t_pContentLayout, theme::kCopyText, text.c_str());
+  SetLines(t_pContentLayout, theme::kCopyText, text, kWidth);
   Speak(t_TextOf(t_pContentLayout, theme::kCopyText));
 }
 

@@ -6,6 +6,7 @@
 #include "Content.h"
 #include "DeviceManager.h"
 #include "KeyManager.h"
+#include "Lines.h"
 #include "Log.h"
 #include "Spoken.h"
 #include "ThemeNames.h"
@@ -60,7 +61,7 @@ void CViewTransferChannelListEnd::t_Create() {
   m_layout = t_AddContent(theme::kTransferEnd, kWidth, kHeight);
   if (m_layout) {
     if (Utils::IsHighContrastOn()) elm_layout_signal_emit(m_layout, theme::kTransferContrast, theme::kSource);
-    m_SetText(kMessage, t_GetText());
+    SetLines(m_layout, theme::Numbered(theme::kTransferEndText, kMessage).c_str(), t_GetText(), kWidth);
   }
   if (t_Case() == kExported) return m_AddFacts();
   if (t_Case() == kImported) return m_AnnounceReboot();

@@ -42,6 +42,13 @@ constexpr RatingRow kRows[] = {
 constexpr int kRowCount = 6;
 
 constexpr const char* kColumns[] = {"SID_ALL", "FV", "V", "S", "L", "D"};
+/// What they stand for.
+constexpr const char* kColumnNames[] = {"",
+                                        "SID_RATING_FANTASY_VIOLENCE",
+                                        "SID_RATING_VIOLENCE",
+                                        "SID_RATING_SEXUAL_SITUATIONS",
+                                        "SID_RATING_COARSE_LANGUAGE",
+                                        "SID_RATING_SUGGESTIVE_DIALOGUE"};
 
 struct RatingBox {
   Row row;
@@ -161,6 +168,12 @@ std::string BoxName(int index) {
   return T(kColumns[ColumnOf(box.bit)]) + ", " + T(kRows[box.row].label);
 }
 
+/// Of the box's column, in full; empty where the column says it itself.
+std::string ColumnName(int index) {
+  const std::string_view id = kColumnNames[ColumnOf(kBoxTable[index].bit)];
+  return id.empty() ? "" : T(id.data());
+}
+
 /// Sets or clears bits of a row's key; false when the key cannot be read or written.
 bool UpdateKey(int row, int bits, bool set) {
   int value = 0;
@@ -215,9 +228,15 @@ bool CViewTvRatingWindow::m_CreateRatingCheck() {
       if (std::string_view(event.keyname) == "Return") feedback_play(kFeedbackReturn);
     });
     t_Connections.Smart(check, "changed", [this, index](Evas_Object*, void*) { m_CheckboxStateChanged(index); });
+    t_Connections.Smart(check, "focused", [this, index](Evas_Object*, void*) { m_ShowColumnName(index); });
+    t_Connections.Smart(check, "unfocused", [this](Evas_Object*, void*) { m_ShowColumnName(0); });
     spoken::SetName(check, BoxName(index));
   }
   return true;
+}
+
+void CViewTvRatingWindow::m_ShowColumnName(int index) {
+  elm_object_part_text_set(m_pLayout, theme::kRatingColumnName, ColumnName(index).c_str());
 }
 
 void CViewTvRatingWindow::m_SetInitialState(int index) {

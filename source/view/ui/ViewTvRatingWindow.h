@@ -25,6 +25,8 @@ class CViewTvRatingWindow : public CViewWindowBase {
   void m_CreateContent();
   void m_SetLabels();
   bool m_CreateRatingCheck();
+  /// Of the box that has the focus.
+  void m_ShowColumnName(int index);
   void m_SetInitialState(int index);
   void m_SetFocusDirections();
   void m_SetCheckState(int index, unsigned char state);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 #include "ChannelUtil.h"
 #include "Content.h"
@@ -26,6 +27,7 @@ constexpr size_t kTextSize = 512;
 constexpr size_t kMostTokens = 4;
 constexpr long kHalfDay = 12;
 constexpr const char* kPlaceholder = "----/--/--         --:--";
+constexpr const char* kRightToLeft = "\u200f";
 constexpr const char* kBetweenDateAndTime = "         ";
 
 /// A time stamp in pieces.
@@ -49,6 +51,29 @@ class Stamp {
   std::array<char*, kMostTokens> m_tokens{};
   size_t m_count = 0;
 };
+
+/// Year, month and day as the language has them.
+struct DateOrder {
+  std::string_view language, between;
+};
+constexpr DateOrder kDayFirst[] = {{"de_DE.utf8", "."}, {"ar_AE.utf8", "/"}};
+
+/// Of a row's text, which begins with its date.
+std::string InOrderOfLanguage(const std::string& text) {
+  const std::string language = Utils::WrapMallocdString(vconf_get_str("db/menu_widget/language"));
+  const size_t month = text.find('/') + 1, day = text.find('/', month) + 1, end = text.find(' ');
+  std::string shown = text;
+  for (const auto& [entry, between] : kDayFirst) {
+    if (entry != language || month == 0 || day == 0 || end == std::string::npos) continue;
+    shown = text.substr(day, end - day);
+    for (const std::string& part : {text.substr(month, day - 1 - month), text.substr(0, month - 1)}) {
+      shown.append(between).append(part);
+    }
+    shown += text.substr(end);
+  }
+  // Digits alone do not say which way a line runs.
+  return elm_config_mirrored_get() ? kRightToLeft + shown : shown;
+}
 
 int CompareNumbers(long a, long b) { return a < b ? -1 : a > b ? 1 : 0; }
 
@@ -123,7 +148,13 @@ void CViewWeakSignalHistoryWindow::m_RegisterProvider() {
   const CURRENT_SOURCE_TYPE type = m_eSourceType;
   auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
   m_bProvides =
-      providers.try_emplace(t_MenuID, [this, type](std::vector<DataInfo>& rows) { GetData(rows, type); }).second;
+      providers
+          .try_emplace(t_MenuID,
+                       [this, type](std::vector<DataInfo>& rows) {
+                         GetData(rows, type);
+                         for (DataInfo& row : rows) row.displayName = InOrderOfLanguage(row.displayName);
+                       })
+          .second;
 }
 
 void CViewWeakSignalHistoryWindow::t_AddListToUserDefineContent() {
