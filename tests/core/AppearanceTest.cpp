@@ -60,7 +60,7 @@ void ExpectColour(unsigned int colour, unsigned int expected, const char* what) 
 }
 
 unsigned int Ground(Remote& remote) {
-  const Place box = remote.PlaceOf("D, TV-PG");
+  const Place box = remote.PlaceOf("D, Suggestive dialogue, TV-PG");
   return remote.ColourAt(box.x + 2, box.y + 2);
 }
 

@@ -28,11 +28,24 @@ struct Box {
 
 /// The boxes by their number.
 constexpr Box kBoxes[kBoxCount] = {
-    {"All, TV-Y", 0, 0, kAll},  {"All, TV-Y7", 1, 0, kAll}, {"All, TV-G", 2, 0, kAll}, {"All, TV-PG", 3, 0, kAll},
-    {"All, TV-14", 4, 0, kAll}, {"All, TV-MA", 5, 0, kAll}, {"FV, TV-Y7", 1, 1, 0x10}, {"V, TV-PG", 3, 1, 0x08},
-    {"V, TV-14", 4, 1, 0x08},   {"V, TV-MA", 5, 1, 0x08},   {"S, TV-PG", 3, 2, 0x04},  {"S, TV-14", 4, 2, 0x04},
-    {"S, TV-MA", 5, 2, 0x04},   {"L, TV-PG", 3, 3, 0x02},   {"L, TV-14", 4, 3, 0x02},  {"L, TV-MA", 5, 3, 0x02},
-    {"D, TV-PG", 3, 4, 0x01},   {"D, TV-14", 4, 4, 0x01},
+    {"All, TV-Y", 0, 0, kAll},
+    {"All, TV-Y7", 1, 0, kAll},
+    {"All, TV-G", 2, 0, kAll},
+    {"All, TV-PG", 3, 0, kAll},
+    {"All, TV-14", 4, 0, kAll},
+    {"All, TV-MA", 5, 0, kAll},
+    {"FV, Fantasy violence, TV-Y7", 1, 1, 0x10},
+    {"V, Violence, TV-PG", 3, 1, 0x08},
+    {"V, Violence, TV-14", 4, 1, 0x08},
+    {"V, Violence, TV-MA", 5, 1, 0x08},
+    {"S, Sexual situations, TV-PG", 3, 2, 0x04},
+    {"S, Sexual situations, TV-14", 4, 2, 0x04},
+    {"S, Sexual situations, TV-MA", 5, 2, 0x04},
+    {"L, Coarse language, TV-PG", 3, 3, 0x02},
+    {"L, Coarse language, TV-14", 4, 3, 0x02},
+    {"L, Coarse language, TV-MA", 5, 3, 0x02},
+    {"D, Suggestive dialogue, TV-PG", 3, 4, 0x01},
+    {"D, Suggestive dialogue, TV-14", 4, 4, 0x01},
 };
 
 int BoxNamed(const std::string& name) {
@@ -140,7 +153,7 @@ TEST(TvRating, TheFocusGoesRoundARowAndDownToTheButton) {
   }
   for (const int box : kLowest) {
     ways.push_back({box, "Down", "Close"});
-    ways.push_back({box, "Down Left Right Up", "V, TV-MA"});
+    ways.push_back({box, "Down Left Right Up", "V, Violence, TV-MA"});
   }
   Tv tv;
   for (const Way& way : ways) {

@@ -163,15 +163,16 @@ int ColumnOf(Bit bit) {
 
 bool IsAllBox(int index) { return kBoxTable[index].bit == ALL; }
 
-std::string BoxName(int index) {
-  const RatingBox& box = kBoxTable[index];
-  return T(kColumns[ColumnOf(box.bit)]) + ", " + T(kRows[box.row].label);
-}
-
 /// Of the box's column, in full; empty where the column says it itself.
 std::string ColumnName(int index) {
   const std::string_view id = kColumnNames[ColumnOf(kBoxTable[index].bit)];
   return id.empty() ? "" : T(id.data());
+}
+
+/// "S, Sexual situations, TV-14", or "All, TV-14".
+std::string BoxName(int index) {
+  const RatingBox& box = kBoxTable[index];
+  return spoken::Joined({T(kColumns[ColumnOf(box.bit)]), ColumnName(index), T(kRows[box.row].label)});
 }
 
 /// Sets or clears bits of a row's key; false when the key cannot be read or written.
