@@ -146,7 +146,7 @@ inline constexpr const char* kMeasureAbbreviated = "styleSignalInfo.2TextAbbr.1p
 inline constexpr const char* kMeasureBar = "elm.swallow.progressbar";
 inline constexpr const char* kMeasureBarStyle = kProgressWhite;
 inline constexpr const char* kMeasureBarEmpty = "theme,bar,empty";
-/// A word beside the bar, on its other side in a right-to-left layout.
+/// A word in the bar, on its other side in a right-to-left layout.
 inline constexpr const char* kMeasureBarWord = "elm.text.word";
 inline constexpr const char* kMeasureBarWorded = "theme,bar,worded";
 inline constexpr const char* kMeasureBarWordedReversed = "theme,bar,worded,reversed";

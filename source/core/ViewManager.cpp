@@ -51,7 +51,8 @@ constexpr std::pair<const char*, const char*> kColorChips[] = {
     {"CC_Basic170", "CC_Basic170"},
 };
 
-/// Letters are no smaller on screen, whatever the size of the interface; those of the theme are at least as high as these.
+/// Letters are no smaller on screen, whatever the size of the interface; those of the theme are at least as high as
+/// these.
 constexpr double kLeastLetters = 22.0;
 struct Letters {
   const char *textClass, *face;

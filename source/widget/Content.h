@@ -11,8 +11,8 @@ Evas_Object* AddLayout(Evas_Object* parent, const char* group);
 /// A list of rows that are all alike, of which one has the focus whenever the list has; null without a parent.
 Evas_Object* AddList(Evas_Object* parent);
 
-/// Marks a row that is on screen as the choice that is stored, for the eye and the ear, or as another: it may look like a
-/// row that went.
+/// Marks a row that is on screen as the choice that is stored, for the eye and the ear, or as another: it may look like
+/// a row that went.
 void MarkChosen(Elm_Object_Item* row, bool chosen);
 
 /// Marks a row that is on screen as one whose value can be changed.

@@ -7,6 +7,8 @@
 
 namespace {
 
+/// What a line may be wider when it is drawn than when it is measured.
+constexpr int kSlack = 12;
 constexpr int kHigh = 10'000, kWide = 100'000;
 constexpr const char* kBreak = "<br>";
 /// The first bytes of Arabic letters; the face has them stand far apart.
@@ -21,7 +23,8 @@ class Block {
         m_block(evas_object_textblock_add(evas_object_evas_get(layout))) {
     evas_object_scale_set(m_block, evas_object_scale_get(m_like));
     // The toolkit changes no style that it hands out.
-    evas_object_textblock_style_set(m_block, const_cast<Evas_Textblock_Style*>(evas_object_textblock_style_get(m_like)));
+    evas_object_textblock_style_set(m_block,
+                                    const_cast<Evas_Textblock_Style*>(evas_object_textblock_style_get(m_like)));
   }
   ~Block() { evas_object_del(m_block); }
   Block(const Block&) = delete;
@@ -106,7 +109,7 @@ void SetLines(Evas_Object* layout, const char* part, const std::string& markup, 
     elm_layout_signal_emit(layout, what, std::to_string(value).c_str());
   };
   tell(theme::kLines, block.Lines(markup, even));
-  if (even < room) tell(theme::kLineWidth, even * width / room + 1);
+  if (even < room) tell(theme::kLineWidth, (even + kSlack) * width / room);
   edje_object_message_signal_process(elm_layout_edje_get(layout));
   elm_layout_sizing_eval(layout);
 }

@@ -214,6 +214,14 @@ struct Area {
   int Height() const { return bottom - top + 1; }
 };
 
+/// Pictures of shapes that the theme colours come out a step or two beside the palette.
+bool IsLike(unsigned int a, unsigned int b) {
+  for (const int bits : {16, 8, 0}) {
+    if (std::abs(static_cast<int>(a >> bits & 0xFF) - static_cast<int>(b >> bits & 0xFF)) > 2) return false;
+  }
+  return true;
+}
+
 Area Gather(const Canvas& canvas, std::vector<bool>& seen, int start, unsigned int colour) {
   Area area{canvas.w, canvas.h, 0, 0, 0};
   std::vector<int> open = {start};
@@ -226,7 +234,7 @@ Area Gather(const Canvas& canvas, std::vector<bool>& seen, int start, unsigned i
     for (const auto& [nextX, nextY] : {std::pair{x - 1, y}, {x + 1, y}, {x, y - 1}, {x, y + 1}}) {
       if (nextX < 0 || nextY < 0 || nextX >= canvas.w || nextY >= canvas.h) continue;
       const int next = nextY * canvas.w + nextX;
-      if (seen[next] || canvas.At(nextX, nextY) != colour) continue;
+      if (seen[next] || !IsLike(canvas.At(nextX, nextY), colour)) continue;
       seen[next] = true;
       open.push_back(next);
     }
@@ -241,7 +249,7 @@ int Plates(const Canvas& canvas, bool highContrast, double scale) {
   std::vector<bool> seen(static_cast<size_t>(canvas.w) * canvas.h);
   int plates = 0;
   for (int at = 0; at < canvas.w * canvas.h; ++at) {
-    if (seen[at] || canvas.At(at % canvas.w, at / canvas.w) != colour) continue;
+    if (seen[at] || !IsLike(canvas.At(at % canvas.w, at / canvas.w), colour)) continue;
     const Area area = Gather(canvas, seen, at, colour);
     plates += area.Width() >= least && area.Height() >= least && area.pixels * 5 >= area.Width() * area.Height() * 2;
   }

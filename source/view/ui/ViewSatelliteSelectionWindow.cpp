@@ -261,5 +261,9 @@ void CViewSatelliteSelectionWindow::m_Toggle(const std::string& name, bool selec
 void CViewSatelliteSelectionWindow::m_CheckSave() {
   const bool none = m_SelectedIDs().empty();
   if (none) LOG_DEBUG("No satellite is selected, disable button");
-  if (t_pDefaultButtons[0]) elm_object_disabled_set(t_pDefaultButtons[0], none);
+  const auto& [save, cancel, unused] = t_pDefaultButtons;
+  if (!save || !cancel) return;
+  elm_object_disabled_set(save, none);
+  // The list is no way up either.
+  elm_object_focus_next_object_set(cancel, none ? cancel : save, ELM_FOCUS_UP);
 }

@@ -147,14 +147,13 @@ void CViewWeakSignalHistoryWindow::t_Create() {
 void CViewWeakSignalHistoryWindow::m_RegisterProvider() {
   const CURRENT_SOURCE_TYPE type = m_eSourceType;
   auto& providers = Singleton<FuncEvents>::GetInstance()->providers;
-  m_bProvides =
-      providers
-          .try_emplace(t_MenuID,
-                       [this, type](std::vector<DataInfo>& rows) {
-                         GetData(rows, type);
-                         for (DataInfo& row : rows) row.displayName = InOrderOfLanguage(row.displayName);
-                       })
-          .second;
+  m_bProvides = providers
+                    .try_emplace(t_MenuID,
+                                 [this, type](std::vector<DataInfo>& rows) {
+                                   GetData(rows, type);
+                                   for (DataInfo& row : rows) row.displayName = InOrderOfLanguage(row.displayName);
+                                 })
+                    .second;
 }
 
 void CViewWeakSignalHistoryWindow::t_AddListToUserDefineContent() {
