@@ -138,6 +138,9 @@ std::vector<Needed> EverythingNeeded() {
        {"elm,state,check,on", "elm,state,check,off"}},
       {{"elm/progressbar/horizontal/*"}, {kProgress}, {"elm.cur.progressbar"}},
       {{"elm/progressbar/horizontal/*"}, {kMeasureBarStyle}, {kMeasureBarEmpty, kMeasureBarPlain}},
+      {{"elm/progressbar/horizontal/*"},
+       {kMeasureBarStyle},
+       {kMeasureBarWord, kMeasureBarWorded, kMeasureBarWordedReversed}},
       {{"elm/label/base/*"}, {kNoticeLabel}, {kLabelText, kLines, kLineWidth}},
       {{"elm/focus_highlight/top/*"}, {kFocusHighlight}, {"elm,action,focus,show"}},
       {{"elm/slider/horizontal/*"}, {kSlider}, {"elm.dragable.slider"}},
@@ -148,10 +151,13 @@ std::vector<Needed> EverythingNeeded() {
       {{"*"}, {kDim, kListGround}, {}},
       {{"*"}, {kRatingGrid}, Numbered(kRatingText, 1, 12)},
       {{"*"}, {kRatingGrid}, Numbered(kRatingBox, 0, 17)},
+      {{"*"}, {kRatingGrid}, {kRatingColumnName}},
       {{"*"}, {kDynamicRating}, {kPopupTitle, kDimension, kDimensionList}},
 
       {{"elm/popup/base/*"}, panels, {kContent, kPopupTitle, "elm,state,title,text,visible", kHideBackground}},
       {{"elm/popup/base/*"}, panels, {"elm.swallow.action_area", "elm,state,action_area,visible"}},
+      {{"elm/popup/base/*"}, {kSmallBottom}, {kAbove}},
+      {{"elm/popup/base/*"}, {kRight}, {kContentRows}},
       {{"elm/popup/base/*"}, {kRightLarge}, {kDim50, kUndim, kFramedContent, kHeadedContent}},
       {{"elm/popup/content/popup/*"}, panels, {kContent}},
       {{"elm/popup/base/*", "elm/popup/content/popup/*"}, {kDropDown, kSpinnerPopup}, {kContent}},
@@ -209,7 +215,7 @@ TEST(ThemeNames, NoneIsForgottenByTheTestAbove) {
   std::string known = "elm title,text button1 button2 button3 string";        // the toolkit's, or a window's
   known += " elm.swallow.content.1 theme,state,dimmed theme,state,undimmed";  // of rows with a content: there are none
   known += " rating events mouse,down,1";                                     // sources, and a press
-  known += " words";                                                          // of letters that are never small
+  known += " words hint strong face.text face.strong";                        // of letters that are never small
   known += " showarrow";                                                      // said to a theme that wants to know
   known += " startanimfinish endanimfinish clicked_outside";                  // said by the theme
   for (const Needed& needed : EverythingNeeded()) {

@@ -146,10 +146,7 @@ void SortForReading(std::vector<SeenText>& texts) {
   }
 }
 
-std::string NameOfCheck(const Evas_Object* check) {
-  const char* name = efl_access_object_i18n_name_get(check);
-  return name ? name : "";
-}
+std::string NameOfCheck(const Evas_Object* check) { return Plain(efl_access_object_i18n_name_get(check)); }
 
 /// Rows and spinners have their texts in parts that know no markup.
 std::string Unmarked(const char* text) { return text ? text : ""; }
