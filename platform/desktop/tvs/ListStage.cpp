@@ -16,7 +16,8 @@ std::string InsertSql(const ListTable& table) {
   return std::string("INSERT INTO stage.") + table.table + " (" + ColumnNames(table) + ") VALUES (" + marks + ")";
 }
 
-/// The satellites in use, the pictures, the recorder and the memory of what was shown last go on with what the new list has.
+/// The satellites in use, the pictures, the recorder and the memory of what was shown last go on with what the new list
+/// has.
 constexpr const char* kFollow[] = {
     // Satellite 0 says that a mode has a choice of its own.
     "DELETE FROM selected WHERE satellite NOT IN (SELECT id FROM satellite UNION SELECT 0)",
