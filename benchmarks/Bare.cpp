@@ -179,22 +179,51 @@ void MakeNotice() {
   Show(popup, label, 0, 0, 1);
 }
 
+/// Rows with a check box before their text.
+Evas_Object* AddChecks(Evas_Object* parent, int rows, Elm_Gen_Item_Content_Get_Cb box) {
+  Evas_Object* list = elm_genlist_add(parent);
+  elm_genlist_homogeneous_set(list, EINA_TRUE);
+  AddRows(list, "C_TextItem_WhiteSingleline05", rows, box);
+  return list;
+}
+
+template <const char* const& kStyle>
+Evas_Object* Box(void*, Evas_Object* rows, const char* part) {
+  if (std::strcmp(part, "elm.swallow.icon") != 0) return nullptr;
+  Evas_Object* box = elm_check_add(rows);
+  elm_object_style_set(box, kStyle);
+  return box;
+}
+
+constexpr const char* kCheckBox = "C_Checkbox_White";
+constexpr const char* kRatingBox = "tvrating_list_checkbox";
+
+void MakeGradedRating() {
+  Evas_Object* popup = AddPopup("C_PopupBasic_WhiteRightLarge", "Movie rating");
+  Evas_Object* list = AddChecks(popup, 7, Box<kRatingBox>);
+  Show(popup, list, 820, 552, 1);
+  elm_object_focus_set(list, EINA_TRUE);
+}
+
+void MakeDynamicRating(const char* theme) {
+  Evas_Object* popup = AddPopup("C_PopupBasic_WhiteRightLarge", nullptr);
+  Evas_Object* layout = elm_layout_add(popup);
+  elm_layout_file_set(layout, theme, "dynamic_rating_style");
+  elm_object_part_text_set(layout, "title,text", "Family guide");
+  Evas_Object* spinner = elm_spinner_add(layout);
+  elm_object_style_set(spinner, "vertical/C_Spincontrol_White");
+  elm_object_part_content_set(layout, "dimenpart", spinner);
+  elm_object_part_content_set(layout, "scroller-part", AddChecks(layout, 7, Box<kRatingBox>));
+  Show(popup, layout, 880, 842, 1);
+}
+
 void MakeSatellites(const char* theme) {
   constexpr int kSatellites = 332;
   Evas_Object* popup = AddPopup("C_PopupBasic_WhiteRightLarge", "Satellite selection");
   Evas_Object* layout = elm_layout_add(popup);
   elm_layout_file_set(layout, theme, "satellites_content");
   elm_object_part_text_set(layout, "elm.text", "Select the satellites that you want to use.");
-  Evas_Object* list = elm_genlist_add(layout);
-  elm_genlist_homogeneous_set(list, EINA_TRUE);
-  AddRows(list, "C_TextItem_WhiteSingleline05", kSatellites,
-          [](void*, Evas_Object* rows, const char* part) -> Evas_Object* {
-            if (std::strcmp(part, "elm.swallow.icon") != 0) return nullptr;
-            Evas_Object* box = elm_check_add(rows);
-            elm_object_style_set(box, "C_Checkbox_White");
-            return box;
-          });
-  elm_object_part_content_set(layout, "elm.swallow.list", list);
+  elm_object_part_content_set(layout, "elm.swallow.list", AddChecks(layout, kSatellites, Box<kCheckBox>));
   Show(popup, layout, 880, 600, 2);
 }
 
@@ -228,6 +257,8 @@ void MakePopup(const char* theme, const char* menuID) {
   }
   if (std::strncmp(menuID, "satcr-", 6) == 0) return MakeNotice();
   if (std::strncmp(menuID, "reset-", 6) == 0) return MakeNotice();
+  if (std::strcmp(menuID, "movie-rating") == 0) return MakeGradedRating();
+  if (std::strcmp(menuID, "dynamic-rating") == 0) return MakeDynamicRating(theme);
   if (std::strcmp(menuID, "satellite-selection") == 0) return MakeSatellites(theme);
   if (std::strcmp(menuID, "user-defined-transponder") == 0) return MakeSettings("C_PopupBasic_WhiteBottom", 3, 2);
   if (std::strncmp(menuID, "postype-", 8) == 0) return MakeSettings("C_PopupBasic_WhiteRight", 4, 1);

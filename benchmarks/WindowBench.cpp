@@ -31,6 +31,8 @@ constexpr Window kWindows[] = {
     {"signal-information", "europe", "Up", "Down"},
     {"signal-information-weakhistory", "europe", "Left", "Right"},
     {"hdmi-information", "hdmi", "Up", "Down"},
+    {"movie-rating", "america", "Down", "Up"},
+    {"dynamic-rating", "america", "Up", "Down", "Return"},
     {"fine-tune", "america", "Left", "Right"},
     {"satcr-detect-slot-frequency-slot1", "europe"},
     {"satellite-selection", "europe", "Left", "Right"},
