@@ -168,7 +168,10 @@ bool Open(Remote& remote, const Subject& subject) {
 
 /// False when the program has to be started again to go on: a view that hides what it covers leaves no ground.
 bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
+  // The delay level hides all that lies below it, and what it did not open from stays hidden.
+  constexpr const char* kHiding = "hdmi-delay-level";
   std::string at = PlaceNow(remote);
+  bool hidden = subject.name == kHiding;
   for (int presses = 0; presses < kMostPresses; ++presses) {
     const std::string key = NextKey(paths, at);
     if (key.empty()) return true;
@@ -183,7 +186,7 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
     if (IsOnGround(remote)) {
       to = kClosed;
       if (remote.Focus().empty()) {
-        EXPECT_EQ(subject.name, "hdmi-delay-level") << "the screen is empty";
+        EXPECT_TRUE(hidden) << "the screen is empty after " << at << " " << key;
         return false;
       }
       if (!Open(remote, subject)) return true;
@@ -193,6 +196,7 @@ bool Walk(Remote& remote, const Subject& subject, Paths& paths) {
       EXPECT_TRUE(test::HasFocus()) << at << " " << key;
     }
     at = to;
+    hidden |= at.find(kHiding) != std::string::npos;
   }
   ADD_FAILURE() << "places without end at " << at;
   return true;
