@@ -58,7 +58,7 @@ std::string NameOf(const Place& place) {
   const char* name = efl_access_object_i18n_name_get(ObjectOf(place));
   if (!name || place.row) return name ? name : "";
   char* text = elm_entry_markup_to_utf8(name);
-  const std::string plain = text ? text : "";
+  std::string plain = text ? text : "";
   free(text);
   return plain;
 }

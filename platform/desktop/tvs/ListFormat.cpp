@@ -129,7 +129,7 @@ const Json::Value& Member(const Json::Value& object, const char* name, Json::Val
 }
 
 std::string TextMember(const Json::Value& object, const char* name, size_t most) {
-  const std::string text = Member(object, name, Json::stringValue).asString();
+  std::string text = Member(object, name, Json::stringValue).asString();
   if (text.size() > most || !IsPlainText(text)) Refuse(std::string("'") + name + "' is no such text");
   return text;
 }

@@ -63,7 +63,7 @@ std::string ColumnNames(const ListTable& table);
 // --- the manifest --------------------------------------------------------------------------------
 
 constexpr const char* kManifestEntry = "manifest.json";
-constexpr uint64_t kMostManifestBytes = 16 * 1024;
+constexpr uint64_t kMostManifestBytes = uint64_t{16} * 1024;
 
 struct EntryFigures {
   int64_t records = 0;

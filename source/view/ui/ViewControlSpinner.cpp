@@ -54,6 +54,11 @@ constexpr Unit kUnits[] = {
     {kFrequency, "kHz"},
 };
 
+void CloseOutside() {
+  LOG_DEBUG("enter _block_clicked");
+  CloseView();
+}
+
 }  // namespace
 
 CViewControlSpinner::CViewControlSpinner(const char* menuID) : CView(menuID) {
@@ -75,10 +80,7 @@ void CViewControlSpinner::t_Create() {
   m_PrepareSpinnerWidth();
   t_SetMainBase(CRootWindow::CreateBase(BASE_TYPE_POPUP, theme::kSpinnerPopup, Utils::GetEDJFile().c_str()));
   if (!t_pMainBase) return;
-  m_connections.Smart(t_pMainBase, "block,clicked", [](Evas_Object*, void*) {
-    LOG_DEBUG("enter _block_clicked");
-    CloseView();
-  });
+  m_connections.Smart(t_pMainBase, "block,clicked", [](Evas_Object*, void*) { CloseOutside(); });
   m_ReadValue();
   if (!m_CreateSpinner()) return;
   m_UpdateDispText();

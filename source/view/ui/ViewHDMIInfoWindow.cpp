@@ -17,10 +17,12 @@ namespace {
 constexpr int kPadHeight = 116;
 constexpr const char* kTroubleShooting = "com.vantrel.tv.wirelore";
 
+void LogClick(const char* button) { LOG_INFO("t_ProcessDefaultButton%sClickCallBack called", button); }
+
 /// What a button does, behind its line in the log.
 std::function<void()> Logged(const char* button, const std::function<void()>& action) {
   return [button, action] {
-    LOG_INFO("t_ProcessDefaultButton%sClickCallBack called", button);
+    LogClick(button);
     action();
   };
 }
@@ -133,8 +135,8 @@ void CViewHDMIInfoWindow::t_Destroy() {
 void CViewHDMIInfoWindow::t_FirstEnter(std::string& text) { text += m_GetReadContent(); }
 
 std::string CViewHDMIInfoWindow::m_GetReadContent() const {
-  const std::string read = t_WindowTitle + t_TextOf(m_pContentLayout, theme::kInformationText) + m_source.title +
-                           m_source.value + " " + m_resolution.title + m_resolution.shown + " " + T("SID_CLOSE");
+  std::string read = t_WindowTitle + t_TextOf(m_pContentLayout, theme::kInformationText) + m_source.title +
+                     m_source.value + " " + m_resolution.title + m_resolution.shown + " " + T("SID_CLOSE");
   LOG_DEBUG("m_sReadBuff = %s", read.c_str());
   return read;
 }
