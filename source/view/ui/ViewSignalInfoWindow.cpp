@@ -99,6 +99,7 @@ void CViewSignalInfoWindow::t_Create() {
 
 void CViewSignalInfoWindow::t_Show() {
   if (vSIContentData.empty()) {
+    // Without facts it does not stay. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     CViewWindowBase::t_Show();
     LOG_DEBUG("vSIData is empty");
     return;
